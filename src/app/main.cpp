@@ -1,0 +1,6 @@
+#include <cstdio>
+
+int main() {
+    std::puts("sorvo " SORVO_VERSION);
+    return 0;
+}
