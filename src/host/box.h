@@ -1,0 +1,21 @@
+// A box in a patcher view: its rectangle, its focus, and the layers it is painted from.
+#pragma once
+
+#include "host/layers.h"
+#include "host/object.h"
+
+namespace tq {
+
+class Box : public Object {
+  public:
+    using Object::Object;
+    /// Width and height in pixels of the view (its position does not matter to what is inside).
+    double width = 400, height = 300;
+    bool focus = false;
+    Layers layers;
+};
+
+/// Asks for a paint soon; asking twice is asking once.
+void jbox_redraw(Box& box);
+
+}  // namespace tq

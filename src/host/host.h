@@ -1,0 +1,58 @@
+// One running host: logical time, the patch that stands around the boxes, and the objects with a name.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "host/object.h"
+#include "host/scheduler.h"
+#include "host/transport.h"
+
+namespace tq {
+
+/// What the surroundings of the boxes do with what the boxes say. Every member may be left as it is.
+struct Patch {
+    std::function<void(const Object&, const std::string&)> post = [](auto&&...) {};
+    std::function<void(const Object&, const std::string&)> error = [](auto&&...) {};
+    /// A message out of an outlet; a plain list has the selector "list".
+    std::function<void(Object&, int outlet, Symbol selector, AtomSpan)> outlet = [](auto&&...) {};
+    std::function<void(Object&, Symbol selector, AtomSpan)> dumpout = [](auto&&...) {};
+    std::function<void(Object&)> redraw = [](auto&&...) {};
+    /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
+    /// named), or none.
+    std::function<std::unique_ptr<Object>(Symbol)> make_receiver = [](auto&&...) { return nullptr; };
+};
+
+struct Host {
+    Scheduler scheduler;
+    Patch patch;
+    std::map<std::string, std::unique_ptr<Itm>> transports;
+    std::unordered_map<Symbol, Object*> things;         ///< the objects bound to a name
+    std::vector<std::unique_ptr<Object>> receivers;     ///< those that make_receiver made
+
+    Host() = default;
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+};
+
+/// The object bound to a name; made when the patch knows how; none for the empty symbol.
+Object* symbol_thing(Host& host, Symbol name);
+
+/// A relay behind a name: what is sent to it goes to whoever listens to that name.
+class Through : public Object {
+  public:
+    using Listener = std::function<void(Symbol selector, AtomSpan)>;
+    /// Binds itself to `name` for as long as it lives.
+    Through(Host& host, Symbol name, Listener listener);
+    ~Through() override;
+    bool anything(Symbol selector, AtomSpan atoms) override;
+
+  private:
+    Symbol name_;
+    Listener listener_;
+};
+
+}  // namespace tq
