@@ -1,6 +1,53 @@
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
-int main() {
-    std::puts("sorvo " SORVO_VERSION);
-    return 0;
+#include "app/commands/commands.h"
+
+int main(int argc, char** argv) {
+    using namespace tq;
+    CLI::App app("sorvo: a piano-roll timeline sequencer");
+    app.set_version_flag("--version", "sorvo " SORVO_VERSION);
+    app.footer("sorvo COMMAND --help tells more of a command.");
+    WindowCommand window;
+    app.add_option("FILE", window.file, "a document (.json) or a Standard MIDI File to open in the window");
+
+    PlayCommand play;
+    CLI::App* play_app = app.add_subcommand("play", "play a file in real time, without a window");
+    play_app->add_option("FILE", play.file, "a document or a Standard MIDI File")->required();
+    play_app->add_flag("--print", play.print, "print what is sent, with its logical time in ms");
+
+    RenderCommand render;
+    CLI::App* render_app = app.add_subcommand("render", "write sound, notes or picture to files, faster than real time");
+    render_app->add_option("FILE", render.file, "a document or a Standard MIDI File")->required();
+    render_app->add_option("--wav", render.wav, "the sound, as a WAV file");
+    render_app->add_option("--midi", render.midi, "the notes, as a Standard MIDI File");
+    render_app->add_option("--png", render.png, "the picture, as a PNG file");
+    render_app->add_option("--size", render.size, "the picture's size, WIDTHxHEIGHT in pixels (1200x700)");
+
+    ImportCommand import;
+    CLI::App* import_app = app.add_subcommand("import", "make a document of a Standard MIDI File");
+    import_app->add_option("IN", import.source, "a Standard MIDI File")->required();
+    import_app->add_option("OUT", import.target, "the document to write (.json)")->required();
+
+    ScriptCommand script;
+    CLI::App* script_app = app.add_subcommand("script", "drive a box in virtual time and print what it says");
+    script_app->add_option("--size", script.size, "the box's size, WIDTHxHEIGHT in pixels (400x300)");
+    script_app->add_option("--document", script.document, "a document or a Standard MIDI File to open first");
+    script_app->add_flag("--times", script.times, "begin every line with the virtual time in ms");
+    script_app->add_option("SCRIPT", script.scripts, "script files; - is standard input")->required();
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : 2;
+    }
+    if (*render_app && render.wav.empty() && render.midi.empty() && render.png.empty()) {
+        std::fprintf(stderr, "sorvo render: say what to write: --wav, --midi or --png\n");
+        return 2;
+    }
+    if (*play_app) return run_play(play);
+    if (*render_app) return run_render(render);
+    if (*import_app) return run_import(import);
+    if (*script_app) return run_script(script);
+    return run_window(window);
 }

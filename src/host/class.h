@@ -71,7 +71,7 @@ std::optional<T> take_argument(AtomSpan& atoms) {
 /// Atoms beyond the signature are ignored.
 template <std::derived_from<Object> T, typename... Arguments>
 void class_addmethod(Class& c, std::string_view name, void (*handler)(T&, Arguments...)) {
-    c.add({gensym(name), [handler](Object& object, Symbol, AtomSpan atoms) {
+    c.add({gensym(name), [handler](Object& object, Symbol, [[maybe_unused]] AtomSpan atoms) {
                std::tuple<std::optional<Arguments>...> taken{take_argument<Arguments>(atoms)...};
                return std::apply(
                    [&](const auto&... argument) {
@@ -92,9 +92,9 @@ void class_addmethod(Class& c, std::string_view name, void (*handler)(T&, Symbol
            }});
 }
 
-/// Adds an attribute that is a field of the object: char (bool or signed char), long, double or Rgba.
-template <std::derived_from<Object> T, typename Field>
-Attribute& class_addattr(Class& c, std::string_view name, Field T::*field) {
+/// Adds an attribute that is a field of T or of a base of it: char (a bool), long, double or Rgba.
+template <std::derived_from<Object> T, typename Owner, typename Field>
+Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
     Attribute attribute;
     attribute.name = gensym(name);
     if constexpr (std::same_as<Field, Rgba>) {

@@ -45,7 +45,7 @@ size_t EventList::index_at(Place place) const {
     return std::accumulate(counts_.begin(), counts_.begin() + static_cast<long>(place.block), place.entry);
 }
 
-size_t EventList::insert(EventRef event, Track& track) {
+void EventList::insert(EventRef event, Track& track) {
     Place place = place_of(*event);
     event->track = &track;
     if (place.block == blocks_.size()) {  // after everything: a full last block is left full
@@ -70,7 +70,6 @@ size_t EventList::insert(EventRef event, Track& track) {
     double& group_end = group_ends_[place.block / group_size];
     group_end = std::max(group_end, end);
     ++size_;
-    return index_at(place);
 }
 
 bool EventList::erase(const Event& event) {

@@ -26,8 +26,8 @@ class EventList {
     size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
 
-    /// The event's position after it was put in. It must be in no list.
-    size_t insert(EventRef event, Track& track);
+    /// Puts an event that is in no list in its place.
+    void insert(EventRef event, Track& track);
     /// Takes the event out; false when it is not in this list.
     bool erase(const Event& event);
     /// Replaces all events at once by events in any order; linear when they come in start order.

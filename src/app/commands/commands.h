@@ -1,0 +1,42 @@
+// The program's subcommands. Each returns the exit status: 0, or 1 when the work failed; why stands on standard
+// error then.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tq {
+
+struct ImportCommand {
+    std::string source, target;
+};
+int run_import(const ImportCommand& command);
+
+struct ScriptCommand {
+    std::string size;  ///< WxH; empty: 400x300
+    std::string document;
+    bool times = false;
+    std::vector<std::string> scripts;  ///< "-" is standard input
+};
+/// 2 when a line of a script is not understood.
+int run_script(const ScriptCommand& command);
+
+struct PlayCommand {
+    std::string file;
+    bool print = false;
+};
+int run_play(const PlayCommand& command);
+
+struct RenderCommand {
+    std::string file;
+    std::string wav, midi, png;  ///< what to write; empty: not
+    std::string size;            ///< of the picture, WxH; empty: 1200x700
+};
+int run_render(const RenderCommand& command);
+
+struct WindowCommand {
+    std::string file;  ///< empty: a new document
+};
+int run_window(const WindowCommand& command);
+
+}  // namespace tq

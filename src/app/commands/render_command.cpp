@@ -1,0 +1,86 @@
+#include <cstdio>
+#include <exception>
+
+#include "app/commands/commands.h"
+#include "app/commands/faults.h"
+#include "app/commands/size.h"
+#include "app/midi/writer.h"
+#include "app/patch/import.h"
+#include "app/patch/note_listener.h"
+#include "app/patch/paint_offscreen.h"
+#include "app/sound/recorder.h"
+#include "app/sound/wav.h"
+#include "host/files.h"
+#include "host/graphics_runtime.h"
+#include "view/zoom_commands.h"
+
+namespace tq {
+
+namespace {
+
+void complain(const std::string& reason) { std::fprintf(stderr, "sorvo: %s\n", reason.c_str()); }
+
+/// Plays the document once through, as fast as the machine can.
+void play_through(Session& session) {
+    session.send("cycle 0");
+    session.send("int 1");
+    Scheduler& scheduler = session.host().scheduler;
+    while (session.box().playing) scheduler.run_until(scheduler.next_due().value_or(scheduler.now()));
+}
+
+bool write_midi(const NoteListener& notes, const Recorder& recorder, const std::string& path) {
+    std::string fault;
+    std::vector<MidiPart> parts = recorder.midi_parts(notes.source_names());
+    std::vector<std::byte> bytes = write_midi_file(parts);
+    if (write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, fault)) return true;
+    complain("could not write \"" + path + "\": " + fault);
+    return false;
+}
+
+bool write_picture(Session& session, const RenderCommand& command) {
+    GraphicsRuntime graphics(GraphicsRuntime::Screen::Never);
+    Prseq& box = session.box();
+    Size size = command.size.empty() ? Size{1200, 700} : *parse_size(command.size);
+    box.width = size.width;
+    box.height = size.height;
+    OffscreenPainter painter;
+    painter.paint(box);
+    if (is_midi_file(command.file)) {  // a document has its own view, a MIDI file is shown whole
+        box.zoom_animation = false;
+        prseq_zoom_out_all(box);
+    }
+    std::optional<std::string> reason = painter.paint_to_png(box, command.png);
+    if (reason) complain(*reason);
+    return !reason;
+}
+
+}  // namespace
+
+int run_render(const RenderCommand& command) {
+    if (!command.size.empty() && !parse_size(command.size)) {
+        complain("--size takes WIDTHxHEIGHT in pixels, not \"" + command.size + "\"");
+        return 2;
+    }
+    Session session;
+    FaultPrinter faults;
+    session.listen(faults);
+    if (!session.open(command.file)) return 1;
+    // The picture first: playing moves the line cursor.
+    if (!command.png.empty() && !write_picture(session, command)) return 1;
+    if (command.wav.empty() && command.midi.empty()) return 0;
+
+    NoteListener notes(session);
+    Recorder recorder;
+    notes.add(recorder);
+    play_through(session);
+    if (!command.midi.empty() && !write_midi(notes, recorder, command.midi)) return 1;
+    try {
+        if (!command.wav.empty()) render_wav(recorder.notes(), command.wav);
+    } catch (const std::exception& error) {
+        complain(error.what());
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace tq

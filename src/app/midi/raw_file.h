@@ -1,0 +1,75 @@
+// A Standard MIDI File taken apart, in ticks: what a track says by itself, before tempo and the other tracks
+// have their say.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tq {
+
+/// A note of which `end` is `RawNote::open` when the track never ended it.
+struct RawNote {
+    static constexpr std::int64_t open = -1;
+    std::int64_t start;
+    std::int64_t end;
+    std::uint32_t position;  ///< of its note-on in the file
+    std::uint8_t key;
+    std::uint8_t velocity;
+};
+
+/// A message that changes how a channel's notes sound.
+struct ChannelChange {
+    enum class Kind : std::uint8_t {
+        Program,  ///< to `value`, 0…127
+        Bend,     ///< wheel to `value`, 0…16383
+        Range,    ///< of the wheel, `value` cents up and down
+    };
+    static constexpr std::size_t kinds = 3;
+    std::int64_t tick;
+    std::uint32_t position;  ///< in the file; orders messages at one tick
+    Kind kind;
+    std::uint8_t channel;
+    std::uint16_t value;
+};
+
+struct RawChannel {
+    int channel;
+    std::vector<RawNote> notes;  ///< by start, never empty
+};
+
+struct RawTrack {
+    std::string name;
+    int port = 0;  ///< of several times 16 channels, which
+    std::vector<RawChannel> channels;
+    std::vector<ChannelChange> changes;
+};
+
+struct RawTempo {
+    std::int64_t tick;
+    std::uint32_t quarter_us;
+};
+
+struct RawSignature {
+    std::int64_t tick;
+    int beats;
+    int unit;
+};
+
+struct RawFile {
+    int format = 0;
+    int division = 0;          ///< ticks a quarter note; 0 when film frames are counted
+    double frame_tick_ms = 0;  ///< then this long is a tick
+    std::vector<RawTrack> tracks;
+    std::vector<RawTempo> tempos;          ///< as they come, track after track
+    std::vector<RawSignature> signatures;  ///< likewise
+    std::int64_t end = 0;                  ///< tick of the latest end of a track
+    std::size_t ignored_messages = 0;
+};
+
+/// Takes a file apart. Throws MidiError.
+RawFile parse_midi_file(std::span<const std::byte> file);
+
+}  // namespace tq

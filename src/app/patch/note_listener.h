@@ -1,0 +1,39 @@
+// Turns what the box sends while it plays into notes for the players.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/patch/session.h"
+#include "app/sound/player.h"
+
+namespace tq {
+
+/// Hands the notes of outlet 0 and of "gm:" receivers to every player, with the logical time at which they left.
+/// A jump of the play position ends what sounds.
+class NoteListener : public SessionListener {
+  public:
+    explicit NoteListener(Session& session) : session_(session) { session.listen(*this); }
+    /// The player must live as long as the session.
+    void add(Player& player) { players_.push_back(&player); }
+
+    void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
+    void receiver(Symbol name, Symbol selector, AtomSpan atoms) override;
+
+    /// What the sources of notes are called: the tracks' names.
+    std::map<std::string, std::string> source_names() const;
+
+  private:
+    double now() const { return session_.host().scheduler.now(); }
+    void play(AtomSpan arguments, const Voice& voice, const std::string& source);
+
+    Session& session_;
+    std::vector<Player*> players_;
+};
+
+/// The sound that a receiver's name stands for: "gm:0" to "gm:127" and "gm:drums"; none for other names.
+std::optional<Voice> voice_of_receiver(const std::string& name);
+
+}  // namespace tq

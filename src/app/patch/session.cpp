@@ -1,0 +1,87 @@
+#include "app/patch/session.h"
+
+#include "app/patch/import.h"
+#include "file/document_messages.h"
+#include "shell/instance.h"
+#include "shell/symbols.h"
+
+namespace tq {
+
+namespace {
+
+constexpr std::string_view receiver_schemes[] = {"gm:", "midi:", "osc:"};
+
+bool exists_when_named(Symbol name) {
+    for (std::string_view scheme : receiver_schemes)
+        if (name.text().starts_with(scheme)) return true;
+    return false;
+}
+
+}  // namespace
+
+Session::Session() {
+    box_ = prseq_new(host_, BoxDictionary{});
+    wire();
+}
+
+Session::~Session() {
+    host_.patch = Patch();  // nobody listens to a box that goes away
+}
+
+void Session::wire() {
+    auto tell = [this](auto what) {
+        for (SessionListener* listener : listeners_) what(*listener);
+    };
+    host_.patch.post = [tell](const Object&, const std::string& text) { tell([&](auto& l) { l.post(text); }); };
+    host_.patch.error = [tell](const Object& object, const std::string& text) {
+        tell([&](auto& l) { l.error(object, text); });
+    };
+    host_.patch.dumpout = [tell](Object&, Symbol selector, AtomSpan atoms) {
+        tell([&](auto& l) { l.dumpout(selector, atoms); });
+    };
+    host_.patch.redraw = [tell](Object&) { tell([](auto& l) { l.redraw(); }); };
+    host_.patch.outlet = [this, tell](Object&, int outlet, Symbol selector, AtomSpan atoms) {
+        tell([&](auto& l) { l.outlet(outlet, selector, atoms); });
+        if (feedback && outlet == OutletSystemInfo && selector == tq_sym_ticks && !atoms.empty())
+            itm_setticks(*box_->transport, atoms[0].as_double());
+    };
+    host_.patch.make_receiver = [this](Symbol name) -> std::unique_ptr<Object> {
+        return exists_when_named(name) ? relay(name) : nullptr;
+    };
+}
+
+std::unique_ptr<Object> Session::relay(Symbol name) {
+    return std::make_unique<Through>(host_, name, [this, name](Symbol selector, AtomSpan atoms) {
+        for (SessionListener* listener : listeners_) listener->receiver(name, selector, atoms);
+    });
+}
+
+void Session::make_receiver(Symbol name) {
+    if (!name.empty() && !symbol_thing(host_, name)) host_.receivers.push_back(relay(name));
+}
+
+void Session::send(std::string_view text) {
+    ParsedMessage message = parse_message(text);
+    send(message.selector, message.arguments);
+}
+
+void Session::send(Symbol message, AtomSpan atoms) {
+    object_method_typed(*box_, message, atoms);
+    host_.scheduler.run_due();
+}
+
+bool Session::open(const std::string& path) {
+    bool opened = is_midi_file(path) ? import_midi_file(*box_, path).has_value() : read_document(*box_, path);
+    host_.scheduler.run_due();
+    return opened;
+}
+
+ParsedMessage parse_message(std::string_view text) {
+    Atoms atoms = atom_setparse(text);
+    if (atoms.empty()) return {};
+    if (atoms.front().is_symbol()) return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end())};
+    if (atoms.size() > 1) return {gensym("list"), std::move(atoms)};
+    return {gensym(atoms.front().is_int() ? "int" : "float"), std::move(atoms)};
+}
+
+}  // namespace tq

@@ -1,0 +1,13 @@
+// The driver's own lines: those that begin with a dot.
+#pragma once
+
+#include <string>
+
+namespace tq {
+
+class Script;
+
+/// Runs one. Throws a ScriptFault when it is not understood.
+void run_command(Script& script, const std::string& line);
+
+}  // namespace tq

@@ -1,0 +1,68 @@
+#include "app/script/show.h"
+
+#include <algorithm>
+#include <map>
+
+#include "file/document_writer.h"
+#include "model/tracks.h"
+#include "shell/prseq.h"
+
+namespace tq {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines show_parts(Prseq& box) {
+    Lines lines;
+    for (size_t i = 0; i < part_count; ++i) {
+        const Rect& rect = box.layout.parts[i];
+        lines.push_back("part " + atom_gettext(Atoms{static_cast<long>(i), rect.x, rect.y, rect.width, rect.height}));
+    }
+    return lines;
+}
+
+Lines show_view(Prseq& box) {
+    return {"view " + atom_gettext(Atoms{box.horizontalzoom, box.verticalzoom, box.horizontalscroll, box.verticalscroll})};
+}
+
+Lines show_events(Prseq& box) {
+    static const Symbol id = gensym("event"), track_ = gensym("track"), start = gensym("start"),
+                        duration = gensym("duration"), pitch = gensym("pitch"), velocity = gensym("velocity"),
+                        selected = gensym("selected");
+    Lines lines;
+    for (const TrackRef& track : box.tracks)
+        track->events.for_each([&](const Event& e) {
+            lines.push_back(atom_gettext(Atoms{id, e.id, track_, track->index, start, e.start, duration, e.duration, pitch,
+                                               e.pitch, velocity, e.velocity, selected, long{e.selected}}));
+        });
+    return lines;
+}
+
+Lines show_layers(Prseq& box) {
+    std::string line = "layers";
+    std::vector<Symbol> said;
+    for (Symbol name : box.layers.drawn) {
+        if (std::find(said.begin(), said.end(), name) != said.end()) continue;
+        said.push_back(name);
+        line += " " + name.text();
+    }
+    box.layers.drawn.clear();
+    return {line};
+}
+
+Lines show_document(Prseq& box) { return {"document " + TQ_Prseq_Json_MakeDictionary(box, false)}; }
+
+}  // namespace
+
+std::optional<Lines> show_lines(Prseq& box, const std::string& what) {
+    static const std::map<std::string, Lines (*)(Prseq&)> rows{{"parts", show_parts},
+                                                               {"view", show_view},
+                                                               {"events", show_events},
+                                                               {"layers", show_layers},
+                                                               {"document", show_document}};
+    auto row = rows.find(what);
+    return row == rows.end() ? std::nullopt : std::optional(row->second(box));
+}
+
+}  // namespace tq

@@ -1,0 +1,74 @@
+#include "app/sound/recorder.h"
+
+#include <algorithm>
+
+#include "app/midi/programs.h"
+
+namespace tq {
+
+namespace {
+
+double end_of(const PlayedNote& note) { return note.ms + note.duration_ms; }
+
+// Keeps the curve up to a time, with a point there.
+void cut_curve(std::vector<PitchPoint>& curve, double ms) {
+    const auto after = std::ranges::upper_bound(curve, ms, {}, &PitchPoint::ms);
+    if (after == curve.begin() || after == curve.end()) return;
+    const PitchPoint& before = after[-1];
+    const double part = (ms - before.ms) / (after->ms - before.ms);
+    const PitchPoint last{ms, before.pitch + part * (after->pitch - before.pitch)};
+    curve.erase(after, curve.end());
+    curve.push_back(last);
+}
+
+std::string name_of(const PlayedNote& note, const std::map<std::string, std::string>& names) {
+    if (const auto given = names.find(note.source); given != names.end() && !given->second.empty())
+        return given->second;
+    if (note.voice.drums) return "Drums";
+    return std::string(midi_program_name(std::clamp(note.voice.program, 0, 127)));
+}
+
+}  // namespace
+
+void Recorder::note(const PlayedNote& note) {
+    unstopped_[note.source].push_back(notes_.size());
+    notes_.push_back(note);
+}
+
+void Recorder::stop(const std::string& source, double ms) {
+    if (const auto found = unstopped_.find(source); found != unstopped_.end()) cut(found->second, ms);
+}
+
+void Recorder::stop_all(double ms) {
+    for (auto& [source, notes] : unstopped_) cut(notes, ms);
+}
+
+void Recorder::cut(std::vector<std::size_t>& notes, double ms) {
+    for (const std::size_t index : notes) {
+        PlayedNote& note = notes_[index];
+        if (end_of(note) <= ms) continue;
+        note.duration_ms = std::max(ms - note.ms, 0.0);
+        cut_curve(note.curve, note.duration_ms);
+    }
+    notes.clear();
+}
+
+double Recorder::end_ms() const {
+    double end = 0;
+    for (const PlayedNote& note : notes_) end = std::max(end, end_of(note));
+    return end;
+}
+
+std::vector<MidiPart> Recorder::midi_parts(const std::map<std::string, std::string>& names) const {
+    std::vector<MidiPart> parts;
+    std::map<std::pair<std::string, Voice>, std::size_t> places;
+    for (const PlayedNote& note : notes_) {
+        const auto [place, added] = places.try_emplace({note.source, note.voice}, parts.size());
+        if (added) parts.push_back({name_of(note, names), note.voice.program, note.voice.drums, {}});
+        parts[place->second].notes.push_back(
+            {note.ms, note.duration_ms, note.pitch, note.velocity, note.curve});
+    }
+    return parts;
+}
+
+}  // namespace tq

@@ -1,0 +1,32 @@
+// Keeps what was played.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "app/sound/player.h"
+
+namespace tq {
+
+/// A player that only listens. What is stopped is kept as long as it sounded.
+class Recorder : public Player {
+ public:
+    void note(const PlayedNote& note) override;
+    void stop(const std::string& source, double ms) override;
+    void stop_all(double ms) override;
+
+    const std::vector<PlayedNote>& notes() const { return notes_; }
+    /// When the last note ends, in ms.
+    double end_ms() const;
+    /// The notes by source and sound, in the order in which these were first heard, for write_midi_file(). A
+    /// part has the name that `names` gives its source, else that of its sound.
+    std::vector<MidiPart> midi_parts(const std::map<std::string, std::string>& names = {}) const;
+
+ private:
+    void cut(std::vector<std::size_t>& notes, double ms);
+
+    std::vector<PlayedNote> notes_;
+    std::map<std::string, std::vector<std::size_t>> unstopped_;  // by source
+};
+
+}  // namespace tq

@@ -1,0 +1,168 @@
+#include "app/sound/synth.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tq {
+
+namespace {
+
+constexpr float full_volume = 0.4f;  // a dense piece stays below ±1 nearly always
+constexpr float round_from = 0.8f;   // from this level on, loudness is rounded off towards 1
+
+// Room for more than music has at a time, so that the audio thread need not ask for memory.
+constexpr std::size_t expected_events = 1 << 16;
+constexpr std::size_t expected_notes = 1 << 13;
+
+float rounded_off(float sample) {
+    const float level = std::abs(sample);
+    if (level <= round_from) return sample;
+    const float rest = 1 - round_from;
+    return std::copysign(round_from + rest * std::tanh((level - round_from) / rest), sample);
+}
+
+VoicePool::Handle handle(const SynthNote& note) {
+    return {note.playing.engine, note.playing.channel, note.playing.id};
+}
+
+}  // namespace
+
+// std's heaps have the greatest first; the greatest is the one that comes next. Starts and stops keep the
+// order in which they were handed in.
+bool Synth::Event::operator<(const Event& other) const {
+    const auto rank = [](Kind k) { return k == Kind::End ? 0 : k == Kind::Move ? 2 : 1; };
+    if (sample != other.sample) return sample > other.sample;
+    if (rank(kind) != rank(other.kind)) return rank(kind) > rank(other.kind);
+    return number > other.number;
+}
+
+Synth::Synth(const std::string& sound_font, double rate) : pool_(sound_font, rate) {
+    events_.reserve(expected_events);
+    sounding_.reserve(expected_notes);
+}
+
+Synth::~Synth() {
+    // A note belongs to its events; one that sounds has an end to come.
+    while (!events_.empty()) {
+        SynthNote* note = events_.back().note;
+        events_.pop_back();
+        if (note && --note->playing.events == 0) over_.put(std::unique_ptr<SynthNote>(note));
+    }
+}
+
+void Synth::push(const Event& event) {
+    if (event.note) ++event.note->playing.events;
+    events_.push_back(event);
+    std::push_heap(events_.begin(), events_.end());
+}
+
+void Synth::note(std::unique_ptr<SynthNote> note) {
+    SynthNote* taken = note.release();
+    push({taken->start, handed_in_++, Kind::Start, taken->source, taken});
+}
+
+void Synth::stop(int source, std::int64_t sample) {
+    push({sample, handed_in_++, Kind::Stop, source, nullptr});
+}
+
+void Synth::run(const Event& event) {
+    switch (event.kind) {
+        case Kind::Start:
+            start(*event.note);
+            break;
+        case Kind::Move:
+            move(*event.note);
+            break;
+        case Kind::End:
+            end(*event.note);
+            break;
+        case Kind::Stop:
+            stop_now(event.source);
+            break;
+    }
+    if (event.note) forget(*event.note);
+}
+
+void Synth::start(SynthNote& note) {
+    const VoicePool::Handle started = pool_.start(note);
+    auto& playing = note.playing;
+    playing.engine = started.engine;
+    playing.channel = started.channel;
+    playing.id = started.id;
+    playing.sounds = true;
+    playing.place = sounding_.size();
+    playing.move = 1;
+    sounding_.push_back(&note);
+    push({std::max(note.start + note.duration, position_), handed_in_++, Kind::End, note.source, &note});
+    if (note.moves.size() > 1)
+        push({note.start + note.moves[1].sample, handed_in_++, Kind::Move, note.source, &note});
+}
+
+void Synth::move(SynthNote& note) {
+    auto& playing = note.playing;
+    if (!playing.sounds) return;
+    pool_.bend(handle(note), note.moves[playing.move].wheel);
+    if (++playing.move == note.moves.size()) return;
+    push({note.start + note.moves[playing.move].sample, handed_in_++, Kind::Move, note.source, &note});
+}
+
+void Synth::end(SynthNote& note) {
+    auto& playing = note.playing;
+    if (!playing.sounds) return;
+    playing.sounds = false;
+    pool_.release(handle(note));
+    sounding_[playing.place] = sounding_.back();
+    sounding_[playing.place]->playing.place = playing.place;
+    sounding_.pop_back();
+}
+
+void Synth::stop_now(int source) {
+    for (std::size_t i = sounding_.size(); i-- > 0;) {
+        if (source == all_sources || sounding_[i]->source == source) end(*sounding_[i]);
+    }
+}
+
+void Synth::forget(SynthNote& note) {
+    if (--note.playing.events == 0) over_.put(std::unique_ptr<SynthNote>(&note));
+}
+
+void Synth::render(float* left, float* right, int frames) {
+    std::fill_n(left, frames, 0.f);
+    std::fill_n(right, frames, 0.f);
+    int done = 0;
+    while (done < frames) {
+        while (!events_.empty() && events_.front().sample <= position_) {
+            std::pop_heap(events_.begin(), events_.end());
+            const Event event = events_.back();
+            events_.pop_back();
+            run(event);
+        }
+        std::int64_t part = frames - done;
+        if (!events_.empty()) part = std::min(part, events_.front().sample - position_);
+        pool_.mix(left + done, right + done, static_cast<int>(part));
+        position_ += part;
+        done += static_cast<int>(part);
+    }
+    finish(left, right, frames);
+}
+
+void Synth::finish(float* left, float* right, int frames) {
+    const float step = (volume_ - volume_before_) / static_cast<float>(std::max(frames, 1));
+    for (int i = 0; i < frames; ++i) {
+        volume_before_ += step;
+        left[i] = rounded_off(left[i] * volume_before_ * full_volume);
+        right[i] = rounded_off(right[i] * volume_before_ * full_volume);
+    }
+    volume_before_ = volume_;
+}
+
+void Synth::set_volume(double volume) {
+    volume_ = static_cast<float>(volume);
+    if (position_ == 0) volume_before_ = volume_;
+}
+
+void Synth::collect() {
+    over_.take([](std::unique_ptr<SynthNote>) {});
+}
+
+}  // namespace tq

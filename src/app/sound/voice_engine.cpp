@@ -1,0 +1,95 @@
+#include "app/sound/voice_engine.h"
+
+#include <algorithm>
+
+#include "app/sound/error.h"
+
+namespace tq {
+
+namespace {
+
+constexpr int voices_of_a_note = 8;   // more than a preset of a usual font starts
+constexpr float fast_release = -200;  // timecents, as the library itself cuts sounds off
+
+}  // namespace
+
+VoiceEngine::VoiceEngine(fluid_settings_t* settings) {
+    fluid_settings_setint(settings, "synth.midi-channels", channels);
+    fluid_settings_setint(settings, "synth.polyphony", polyphony);
+    synth_.reset(new_fluid_synth(settings));
+    if (!synth_) throw SoundError("the synthesiser cannot be made");
+}
+
+void VoiceEngine::wake() {
+    awake_ = true;
+    used_ = block_samples;
+}
+
+bool VoiceEngine::has_room(bool bent) const {
+    return voices() + voices_of_a_note <= polyphony && (!bent || own_channel() >= 0);
+}
+
+bool VoiceEngine::sounds(unsigned id) const {
+    fluid_voice_t* voice = nullptr;
+    fluid_synth_get_voicelist(synth_.get(), &voice, 1, static_cast<int>(id));
+    return voice != nullptr;
+}
+
+int VoiceEngine::own_channel() const {
+    for (int channel = first_own_channel; channel < channels; ++channel) {
+        const unsigned owner = owners_[static_cast<std::size_t>(channel)];
+        if (owner == nothing || !sounds(owner)) return channel;
+    }
+    return -1;
+}
+
+int VoiceEngine::start(const SynthNote& note, fluid_preset_t* preset, unsigned id) {
+    int channel = note.source % first_own_channel;
+    if (note.bend.bent) {
+        channel = std::max(own_channel(), first_own_channel);
+        owners_[static_cast<std::size_t>(channel)] = id;
+        fluid_synth_pitch_wheel_sens(synth_.get(), channel, note.bend.range);
+        bend(channel, note.moves.front().wheel);
+    }
+    fluid_synth_start(synth_.get(), id, preset, 0, channel, note.bend.key, note.velocity);
+    return channel;
+}
+
+int VoiceEngine::exclusive_class(unsigned id) const {
+    fluid_voice_t* voice = nullptr;
+    fluid_synth_get_voicelist(synth_.get(), &voice, 1, static_cast<int>(id));
+    return voice ? static_cast<int>(fluid_voice_gen_get(voice, GEN_EXCLUSIVECLASS)) : 0;
+}
+
+void VoiceEngine::cut(unsigned id) {
+    std::array<fluid_voice_t*, polyphony> voices{};
+    fluid_synth_get_voicelist(synth_.get(), voices.data(), polyphony, static_cast<int>(id));
+    for (fluid_voice_t* voice : voices) {
+        if (!voice) break;
+        fluid_voice_gen_set(voice, GEN_VOLENVRELEASE, fast_release);
+        fluid_voice_update_param(voice, GEN_VOLENVRELEASE);
+    }
+    release(id);
+}
+
+void VoiceEngine::mix(float* left, float* right, int count) {
+    while (awake_ && count > 0) {
+        if (used_ == block_samples) {
+            if (voices() == 0) {
+                awake_ = false;
+                return;
+            }
+            fluid_synth_write_float(synth_.get(), block_samples, left_.data(), 0, 1, right_.data(), 0, 1);
+            used_ = 0;
+        }
+        const int part = std::min(count, block_samples - used_);
+        for (int i = 0; i < part; ++i) {
+            *left++ += left_[static_cast<std::size_t>(used_ + i)];
+            *right++ += right_[static_cast<std::size_t>(used_ + i)];
+        }
+        used_ += part;
+        count -= part;
+    }
+}
+
+}  // namespace tq

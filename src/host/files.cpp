@@ -1,0 +1,118 @@
+#include "host/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+namespace tq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An open file that is closed when it goes away.
+class File {
+  public:
+    File(const std::string& path, int flags, mode_t mode = 0) : descriptor_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    ~File() { close(); }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    explicit operator bool() const { return descriptor_ >= 0; }
+    int descriptor() const { return descriptor_; }
+    /// False when the system reports an error only now.
+    bool close() {
+        int closing = std::exchange(descriptor_, -1);
+        return closing < 0 || ::close(closing) == 0;
+    }
+
+  private:
+    int descriptor_;
+};
+
+bool write_all(const File& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        ssize_t written = ::write(file.descriptor(), bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<size_t>(written));
+    }
+    return true;
+}
+
+/// The bytes on disk under a name of their own; false with errno set.
+bool write_beside(const std::string& beside, std::string_view bytes, mode_t mode) {
+    File file(beside, O_WRONLY | O_CREAT | O_TRUNC, mode);
+    return file && write_all(file, bytes) && ::fsync(file.descriptor()) == 0 && file.close();
+}
+
+void sync_folder_of(const fs::path& path) {
+    fs::path folder = path.parent_path();
+    if (File file(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY); file) ::fsync(file.descriptor());
+}
+
+}  // namespace
+
+std::optional<std::string> read_file(const std::string& path, std::string& fault) {
+    File file(path, O_RDONLY);
+    struct stat status {};
+    if (!file || ::fstat(file.descriptor(), &status) != 0) {
+        fault = std::strerror(errno);
+        return {};
+    }
+    if (S_ISDIR(status.st_mode)) {
+        fault = std::strerror(EISDIR);
+        return {};
+    }
+    std::string bytes(static_cast<size_t>(status.st_size) + 1, '\0');  // one more, to see the end
+    size_t filled = 0;
+    while (true) {
+        if (filled == bytes.size()) bytes.resize(bytes.size() + 65536);  // a pipe, or a file that grows
+        ssize_t got = ::read(file.descriptor(), bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) {
+            fault = std::strerror(errno);
+            return {};
+        }
+        if (got == 0) break;
+        filled += static_cast<size_t>(got);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+bool write_file(const std::string& path, std::string_view bytes, std::string& fault) {
+    std::error_code ignored;
+    fs::path target = fs::is_symlink(path, ignored) ? fs::canonical(path, ignored) : fs::path(path);
+    if (target.empty()) target = path;
+    struct stat status {};
+    mode_t mode = ::stat(target.c_str(), &status) == 0 ? status.st_mode & 07777 : 0666;
+    std::string beside = target.string() + "." + std::to_string(::getpid()) + ".new";
+    if (!S_ISDIR(status.st_mode) && write_beside(beside, bytes, mode) && ::rename(beside.c_str(), target.c_str()) == 0) {
+        sync_folder_of(target);
+        return true;
+    }
+    fault = std::strerror(S_ISDIR(status.st_mode) ? EISDIR : errno);
+    ::unlink(beside.c_str());
+    return false;
+}
+
+std::string path_in_folder(const std::string& folder, const std::string& name) {
+    return folder.empty() ? name : (fs::path(folder) / name).string();
+}
+
+std::optional<LocatedFile> locatefile_extended(const std::string& name, const std::string& folder) {
+    std::error_code ignored;
+    for (const std::string& candidate : {name, path_in_folder(folder, name)}) {
+        if (candidate.empty() || !fs::exists(candidate, ignored)) continue;
+        fs::path path(candidate);
+        return LocatedFile{path.filename().string(), path.parent_path().string()};
+    }
+    return {};
+}
+
+}  // namespace tq

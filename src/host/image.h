@@ -1,0 +1,51 @@
+// Images that are drawn into and drawn from.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/geometry.h"
+
+namespace tq {
+
+class Graphics;
+
+/// An image with transparency. Its size is in pixels of the view; `ratio` pixels of the screen make one of
+/// them.
+class Surface {
+ public:
+    struct Image;  ///< the toolkit's
+    Surface(Size size, double ratio);
+    explicit Surface(std::unique_ptr<Image> image);
+    ~Surface();
+    Image& image() { return *image_; }
+    const Image& image() const { return *image_; }
+    Size size() const;
+    double ratio() const;
+
+ private:
+    std::unique_ptr<Image> image_;
+};
+using SurfaceRef = std::shared_ptr<Surface>;
+
+/// A transparent surface. Sizes are rounded up to whole pixels of the screen, and are at least one of them.
+SurfaceRef jgraphics_image_surface_create(double width, double height, double ratio = 1);
+/// None when the file cannot be read as a picture.
+SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path);
+/// Makes every pixel transparent.
+void surface_clear(Surface& surface);
+/// Draws a part of a surface into a rectangle, stretched to it.
+void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rect& source,
+                                  const Rect& destination);
+
+/// Writes a PNG beside `path` and renames it over it; the reason when that failed.
+std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path);
+/// Paints a picture without a window and writes it; the reason when that failed.
+std::optional<std::string> paint_to_png(Size size, double ratio, const std::function<void(Graphics&)>& paint,
+                                        const std::string& path);
+/// The colour of a pixel of the screen, as four bytes 0xAARRGGBB, not premultiplied; 0 outside the surface.
+unsigned surface_pixel(const Surface& surface, int x, int y);
+
+}  // namespace tq

@@ -1,0 +1,105 @@
+#include "host/image.h"
+
+#include <QImageReader>
+#include <QSaveFile>
+#include <algorithm>
+#include <cmath>
+
+#include "host/qt/painter.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double largest_side = 16384;  // pixels of the screen
+
+int side(double length, double ratio) {
+    return static_cast<int>(std::clamp(std::ceil(length * ratio - 1e-6), 1., largest_side));
+}
+
+bool whole(double value) { return std::abs(value - std::round(value)) < 1e-6; }
+
+/// A picture one pixel wide is a vertical gradient: rows of one colour are much faster than stretching.
+void draw_rows(Graphics::Painter& p, const QImage& column, const Rect& source, const Rect& destination) {
+    QRectF area = p.device(destination);
+    QRect snapped = p.snapped(destination);
+    for (int y = snapped.top(); y <= snapped.bottom(); ++y) {
+        double at = source.y + (y + 0.5 - area.y()) / area.height() * source.height;
+        int row = std::clamp(static_cast<int>(at), 0, column.height() - 1);
+        p.fill(QRect(snapped.left(), y, snapped.width(), 1),
+               reinterpret_cast<const QRgb*>(column.constScanLine(row))[0]);
+    }
+}
+
+}  // namespace
+
+Surface::Surface(Size size, double ratio)
+    : image_(new Image{
+          QImage(side(size.width, ratio), side(size.height, ratio), QImage::Format_ARGB32_Premultiplied),
+          size, ratio}) {
+    image_->pixels.fill(Qt::transparent);
+}
+
+Surface::Surface(std::unique_ptr<Image> image) : image_(std::move(image)) {}
+Surface::~Surface() = default;
+Size Surface::size() const { return image_->size; }
+double Surface::ratio() const { return image_->ratio; }
+
+SurfaceRef jgraphics_image_surface_create(double width, double height, double ratio) {
+    return std::make_shared<Surface>(Size{width, height}, ratio);
+}
+
+SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path) {
+    QImage pixels = QImageReader(QString::fromStdString(path)).read();
+    if (pixels.isNull()) return nullptr;
+    pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
+    Size size{static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
+    return std::make_shared<Surface>(
+        std::make_unique<Surface::Image>(Surface::Image{std::move(pixels), size, 1}));
+}
+
+void surface_clear(Surface& surface) { surface.image().pixels.fill(Qt::transparent); }
+
+void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rect& source,
+                                  const Rect& destination) {
+    Graphics::Painter& p = g.painter();
+    const QImage& pixels = surface.image().pixels;
+    double ratio = surface.ratio();
+    if (pixels.width() == 1) return draw_rows(p, pixels, source, destination);
+    QRectF from(source.x * ratio, source.y * ratio, source.width * ratio, source.height * ratio);
+    QRectF to = p.device(destination);
+    bool same_scale =
+        ratio == p.ratio && source.width == destination.width && source.height == destination.height;
+    if (same_scale && whole(from.x()) && whole(from.y())) {
+        QSize size(static_cast<int>(std::ceil(from.width() - 1e-6)),
+                   static_cast<int>(std::ceil(from.height() - 1e-6)));
+        QPoint at(static_cast<int>(std::floor(to.x() + 0.5)), static_cast<int>(std::floor(to.y() + 0.5)));
+        p.qt.drawImage(at, pixels, QRect(from.topLeft().toPoint(), size));
+        return;
+    }
+    p.qt.setRenderHint(QPainter::SmoothPixmapTransform,
+                       pixels.height() > 1);  // a line stays as sharp as it is
+    p.qt.drawImage(to, pixels, from);
+}
+
+std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path) {
+    QSaveFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::WriteOnly)) return path + ": " + file.errorString().toStdString();
+    if (!surface.image().pixels.save(&file, "PNG")) return path + ": the picture cannot be written";
+    if (!file.commit()) return path + ": " + file.errorString().toStdString();
+    return {};
+}
+
+std::optional<std::string> paint_to_png(Size size, double ratio, const std::function<void(Graphics&)>& paint,
+                                        const std::string& path) {
+    SurfaceRef surface = jgraphics_image_surface_create(size.width, size.height, ratio);
+    if (Graphics g(*surface); true) paint(g);
+    return surface_write_png(*surface, path);
+}
+
+unsigned surface_pixel(const Surface& surface, int x, int y) {
+    const QImage& pixels = surface.image().pixels;
+    return pixels.valid(x, y) ? pixels.pixel(x, y) : 0;
+}
+
+}  // namespace tq

@@ -1,0 +1,58 @@
+// What stands behind surfaces and graphics.
+#pragma once
+
+#include <QImage>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+#include <cstddef>
+#include <optional>
+
+#include "host/graphics.h"
+#include "host/image.h"
+
+namespace tq {
+
+struct Surface::Image {
+    QImage pixels;
+    Size size;
+    double ratio = 1;
+};
+
+/// Draws in pixels of the screen: coordinates are translated and scaled on the way in.
+struct Graphics::Painter {
+    explicit Painter(Surface::Image& image);
+
+    QPointF device(Point point) const { return {(point.x + offset.x) * ratio, (point.y + offset.y) * ratio}; }
+    QRectF device(const Rect& rect) const {
+        return {device(Point{rect.x, rect.y}), QSizeF(rect.width * ratio, rect.height * ratio)};
+    }
+    /// The rectangle on whole pixels of the screen, cut to the surface; at least one pixel each way if it has
+    /// area.
+    QRect snapped(const Rect& rect) const;
+    /// The surface, as far as lines and rectangles on whole pixels go.
+    QRect cut(double left, double top, double right, double bottom) const;
+    /// Puts a colour over pixels of the screen.
+    void fill(const QRect& rect, QRgb premultiplied);
+    void fill(const QRect& rect) { fill(rect, qPremultiply(color.rgba())); }
+    QBrush brush() const { return gradient ? QBrush(*gradient) : QBrush(color); }
+
+    struct Pixels {
+        QRgb* bits;
+        std::ptrdiff_t stride;  ///< pixels from a row to the next
+        int width, height;
+    };
+    Pixels pixels;  ///< taken before the toolkit's painter begins
+    QPainter qt;
+    double ratio;
+    Point offset;
+    QColor color = Qt::black;
+    std::optional<QLinearGradient> gradient;
+    double line_width = 1;
+    QPainterPath path;
+    std::optional<Rect> only_rectangle;  ///< the path, when it is nothing else
+};
+
+QColor to_qcolor(const Rgba& color);
+
+}  // namespace tq

@@ -1,0 +1,32 @@
+// Bar regions, and the bars that they make on a fixed grid of 1000 ms a quarter note.
+#pragma once
+
+#include <optional>
+
+#include "model/meter.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// Sets the time signature from a bar on (bar numbers count from the meter's first bar number). Posts
+/// "bad value" and changes nothing for a note value that is no power of two from 1 to 128, for fewer than 1 beat,
+/// and for a bar before the first.
+void prseq_bar(Prseq& object, long bar, long beats, long notevalue);
+
+/// A region at a measure that has one replaces its signature.
+void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long notevalue);
+const BarRegion* TQ_Prseq_Meter_FindBarRegionFromBarNumber(const Meter& meter, long measure);
+/// Computes the bars up to and including the one that starts at or before `timelinelength` ms. Not done again
+/// when the timeline grows.
+void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength);
+
+long measure_count(const Meter& meter);
+/// The bar of an index from 0 to measure_count() - 1.
+Measure measure_at(const Meter& meter, long index);
+/// The bar with start <= position < end (ms), or none.
+std::optional<Measure> TQ_Prseq_Meter_GetMeasureFromPosition(const Meter& meter, double position);
+/// The position moved to the nearest beat of its bar, the bar's end included; −1 in no bar.
+double TQ_Prseq_Meter_CalculateSnappedNotePosition(const Meter& meter, double position);
+
+}  // namespace tq

@@ -1,0 +1,148 @@
+#include "model/bpfs.h"
+
+#include <algorithm>
+
+#include "model/tracks.h"
+#include "shell/geometry.h"
+#include "shell/prseq.h"
+#include "shell/symbols.h"
+#include "shell/utilities.h"
+
+namespace tq {
+
+namespace {
+
+/// The name that a new type gets on the track; none when an identical type is there.
+std::optional<Symbol> free_type_name(const Track& track, Symbol name, double minimum, double maximum, double default_) {
+    for (const BpfTypeRef& type : track.bpftypes) {
+        if (type->name != name || name == tq_sym_Pitch) continue;
+        if (type->minimum == minimum && type->maximum == maximum && type->default_ == default_) return {};
+        name = gensym(cut_text(name.text() + "Bis", 255));
+    }
+    return name;
+}
+
+void take_range(Bpf& bpf, const BpfType& type) {
+    bpf.name = type.name;
+    bpf.minimum = type.minimum;
+    bpf.maximum = type.maximum;
+    bpf.unitydefault = TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(type);
+}
+
+}  // namespace
+
+BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum, double maximum,
+                                           double default_) {
+    Track* track = track_at(object, index);
+    if (!track) return nullptr;
+    std::optional<Symbol> free = free_type_name(*track, name, minimum, maximum, default_);
+    if (!free) return nullptr;
+    BpfTypeRef type = make_ref<BpfType>();
+    type->name = *free;
+    type->minimum = minimum;
+    type->maximum = maximum;
+    type->default_ = default_;
+    track->bpftypes.push_back(type);
+    TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(*track, *type);
+    return type.get();
+}
+
+void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type) {
+    track.events.for_each([&](Event& event) { TQ_Prseq_Events_AddBpfToEvent(event, TQ_Prseq_Events_MakeBpfFromBpfType(type)); });
+}
+
+BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index) {
+    bool exists = index >= 0 && index < static_cast<long>(track.bpftypes.size());
+    return exists ? track.bpftypes[static_cast<size_t>(index)].get() : nullptr;
+}
+
+BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name) {
+    return TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(track, name));
+}
+
+long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol name) {
+    for (size_t i = 0; i < track.bpftypes.size(); ++i)
+        if (track.bpftypes[i]->name == name) return static_cast<long>(i);
+    return -1;
+}
+
+void TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(const Track& track, Symbol old_name,
+                                                                   const BpfType& type) {
+    track.events.for_each([&](Event& event) {
+        if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, old_name)) take_range(*bpf, type);
+    });
+}
+
+void TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(const Track& track, const BpfType& type) {
+    track.events.for_each(
+        [&](Event& event) { event.activebpf = TQ_Prseq_Events_GetBpfWithGivenName(event, type.name); });
+}
+
+double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type) {
+    return type.minimum == type.maximum ? 0 : scale(type.default_, type.minimum, type.maximum, 0, 1);
+}
+
+BpfRef TQ_Prseq_Events_MakeDefaultBpf(Symbol name) {
+    BpfRef bpf = make_ref<Bpf>();
+    bpf->name = name;
+    bpf->points = flat_points(0);
+    return bpf;
+}
+
+BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(const BpfType& type) {
+    BpfRef bpf = make_ref<Bpf>();
+    take_range(*bpf, type);
+    bpf->points = flat_points(bpf->unitydefault);
+    return bpf;
+}
+
+void TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(const Track& track, Event& event) {
+    for (const BpfTypeRef& type : track.bpftypes)
+        if (!TQ_Prseq_Events_GetBpfWithGivenName(event, type->name))
+            event.bpfs.push_back(TQ_Prseq_Events_MakeBpfFromBpfType(*type));
+}
+
+bool TQ_Prseq_Events_AddBpfToEvent(Event& event, BpfRef bpf) {
+    if (TQ_Prseq_Events_GetBpfWithGivenName(event, bpf->name)) return false;
+    event.bpfs.push_back(std::move(bpf));
+    return true;
+}
+
+Bpf* TQ_Prseq_Events_GetBpfWithGivenName(const Event& event, Symbol name) {
+    if (name.empty()) return nullptr;
+    for (const BpfRef& bpf : event.bpfs)
+        if (bpf->name == name) return bpf.get();
+    return nullptr;
+}
+
+void TQ_Prseq_Events_DeleteBpfReferenceFromEvent(Event& event, const Bpf& bpf) {
+    BpfRef kept;
+    auto found = std::find(event.bpfs.begin(), event.bpfs.end(), &bpf);
+    if (found == event.bpfs.end()) return;
+    kept = *found;
+    event.bpfs.erase(found);
+    if (event.activebpf == kept) event.activebpf = nullptr;
+}
+
+BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf) {
+    BpfRef copy = make_ref<Bpf>();
+    copy->name = bpf.name;
+    copy->minimum = bpf.minimum;
+    copy->maximum = bpf.maximum;
+    copy->unitydefault = bpf.unitydefault;
+    copy->points = bpf.points;
+    return copy;
+}
+
+Bpf* TQ_Prseq_Events_SetActiveBpfFromName(Event& event, Symbol name) {
+    Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, name);
+    if (bpf) event.activebpf = bpf;
+    return bpf;
+}
+
+void TQ_Prseq_Events_SetActiveBpfFromIndex(Event& event, long index) {
+    bool exists = index >= 0 && index < static_cast<long>(event.bpfs.size());
+    event.activebpf = exists ? event.bpfs[static_cast<size_t>(index)] : nullptr;
+}
+
+}  // namespace tq

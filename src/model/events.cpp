@@ -1,0 +1,127 @@
+#include "model/events.h"
+
+#include <algorithm>
+
+#include "model/bpfs.h"
+#include "model/parameters.h"
+#include "model/tracks.h"
+#include "shell/prseq.h"
+#include "shell/utilities.h"
+
+namespace tq {
+
+namespace {
+
+/// Gives an event that comes from another track exactly the curves and values of this one, keeping its own of
+/// the same names.
+void conform_to_track(const Track& track, Event& event) {
+    auto curves = std::move(event.bpfs);
+    event.bpfs.clear();
+    for (const BpfTypeRef& type : track.bpftypes) {
+        auto own = std::find_if(curves.begin(), curves.end(), [&](const BpfRef& b) { return b->name == type->name; });
+        event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
+    }
+    auto values = std::move(event.parametervalues);
+    event.parametervalues.clear();
+    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
+    for (const ParameterValue& value : values) TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
+}
+
+}  // namespace
+
+EventRef TQ_Prseq_Events_MakeEvent(Prseq& object, long start, double pitch, double velocity, long duration,
+                                   Symbol label, Symbol message) {
+    EventRef event = make_ref<Event>();
+    event->id = TQ_Prseq_Utilities_IncreaseEventID(object);
+    event->start = static_cast<double>(start);
+    event->duration = static_cast<double>(duration);
+    event->pitch = pitch;
+    event->velocity = velocity;
+    event->label = label;
+    event->message = message;
+    return event;
+}
+
+EventRef TQ_Prseq_Events_DuplicateEvent(Prseq& object, const Event& event) {
+    EventRef copy = make_ref<Event>();
+    copy->id = TQ_Prseq_Utilities_IncreaseEventID(object);
+    copy->start = event.start;
+    copy->duration = event.duration;
+    copy->pitch = event.pitch;
+    copy->velocity = event.velocity;
+    copy->label = event.label;
+    copy->message = event.message;
+    copy->parametervalues = event.parametervalues;
+    if (event.buffer) copy->make_link() = *event.buffer;
+    for (const BpfRef& bpf : event.bpfs) copy->bpfs.push_back(TQ_Prseq_Events_CopyBpf(*bpf));
+    return copy;
+}
+
+Event* TQ_Prseq_Events_FindEventFromID(const Prseq& object, long id) { return object.events_by_id.find(id); }
+
+Track* TQ_Prseq_Events_FindTrackWithEventID(const Prseq& object, long id) {
+    const Event* event = object.events_by_id.find(id);
+    return event ? event->track : nullptr;
+}
+
+Event* TQ_Prseq_Events_FindEventFromTrackAndID(const Prseq& object, const Track& track, long id) {
+    Event* event = object.events_by_id.find(id);
+    return event && event->track == &track ? event : nullptr;
+}
+
+void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration) {
+    if (event.track) {
+        event.track->events.retime(event, start, duration);
+    } else {
+        event.start = start;
+        event.duration = duration;
+    }
+}
+
+void TQ_Prseq_Events_SetEventStart(Event& event, double start) {
+    TQ_Prseq_Events_SetEventTimes(event, start, event.duration);
+}
+
+void TQ_Prseq_Events_SetEventDuration(Event& event, double duration) {
+    TQ_Prseq_Events_SetEventTimes(event, event.start, duration);
+    if (event.link().buffer) TQ_Prseq_Buffer_CalculateBufferRatio(event);
+}
+
+void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset) {
+    double old_duration = event.duration;
+    TQ_Prseq_Events_SetEventTimes(event, event.start, duration);
+    if (duration <= 0) return;
+    for (const BpfRef& bpf : event.bpfs)
+        for (BpfPoint& point : bpf->points) point.x = point.x * old_duration / duration + offset / duration;
+}
+
+void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, const EventDictionary& dictionary) {
+    TQ_Prseq_Events_SetEventTimes(event, dictionary.start.value_or(event.start),
+                                  dictionary.duration.value_or(event.duration));
+    if (dictionary.pitch) event.pitch = *dictionary.pitch;
+    if (dictionary.velocity) event.velocity = *dictionary.velocity;
+    if (dictionary.label) event.label = *dictionary.label;
+    if (dictionary.message) event.message = *dictionary.message;
+    if (dictionary.buffername) event.make_link().name = *dictionary.buffername;
+    if (dictionary.bufferadapt) event.make_link().adapt = *dictionary.bufferadapt;
+    if (dictionary.bufferstart) event.make_link().start = *dictionary.bufferstart;
+    if (dictionary.bufferend) event.make_link().end = *dictionary.bufferend;
+    for (const BpfDictionary& curve : dictionary.bpfs)
+        if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, curve.name))
+            TQ_Prseq_Events_SetBpfFromDictionary(curve, *bpf);
+    for (const auto& [name, value] : dictionary.parameters) TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
+    if (dictionary.track && event.track && dictionary.track != event.track && dictionary.track->index >= 0) {
+        EventRef moving(&event);
+        TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(object, event);
+        conform_to_track(*dictionary.track, event);
+        TQ_Prseq_Tracks_InsertEvent(object, *dictionary.track, moving);
+    }
+}
+
+void TQ_Prseq_Buffer_CalculateBufferRatio(Event& event) {
+    if (!event.buffer) return;
+    BufferLink& link = *event.buffer;
+    link.ratio = link.adapt && event.duration > 0 ? link.length / event.duration : 1;
+}
+
+}  // namespace tq

@@ -1,0 +1,120 @@
+#include "model/parameters.h"
+
+#include <algorithm>
+
+#include "shell/geometry.h"
+#include "shell/symbols.h"
+#include "shell/utilities.h"
+
+namespace tq {
+
+namespace {
+
+ParameterValue default_value(const ParameterType& type) {
+    return {type.name, type.default_, type.minimum, type.maximum, type.default_, type.steps};
+}
+
+}  // namespace
+
+ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minimum, double maximum, double default_,
+                                                       long steps) {
+    ParameterTypeRef type = make_ref<ParameterType>();
+    type->name = name;
+    type->minimum = minimum;
+    type->maximum = maximum;
+    type->default_ = default_;
+    type->steps = steps;
+    return type;
+}
+
+ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol name, double minimum, double maximum,
+                                                           double default_, long steps) {
+    if (TQ_Prseq_Parameters_GetDictionaryFromName(track, name)) return nullptr;
+    ParameterTypeRef type = TQ_Prseq_Parameters_MakeParameterType(name, minimum, maximum, default_, steps);
+    track.parametertypes.push_back(type);
+    TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(track, *type);
+    return type.get();
+}
+
+ParameterType* TQ_Prseq_Parameters_AddMissingParameterTypeToTrack(Track& track, const ParameterValue& value) {
+    return TQ_Prseq_Parameters_AddParameterTypeToTrack(track, value.name, value.minimum, value.maximum, value.default_,
+                                                       value.steps);
+}
+
+void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, const ParameterType& type) {
+    track.events.for_each([&](Event& event) { event.parametervalues.push_back(default_value(type)); });
+}
+
+Symbol TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(const Track& track, long index, Symbol name) {
+    const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index);
+    if (!type) return {};
+    track.events.for_each([&](Event& event) {
+        if (index < static_cast<long>(event.parametervalues.size()))
+            event.parametervalues[static_cast<size_t>(index)].name = name;
+    });
+    return type->name;
+}
+
+ParameterType* TQ_Prseq_Parameters_GetDictionaryAtIndex(const Track& track, long index) {
+    bool exists = index >= 0 && index < static_cast<long>(track.parametertypes.size());
+    return exists ? track.parametertypes[static_cast<size_t>(index)].get() : nullptr;
+}
+
+ParameterType* TQ_Prseq_Parameters_GetDictionaryFromName(const Track& track, Symbol name) {
+    for (const ParameterTypeRef& type : track.parametertypes)
+        if (type->name == name) return type.get();
+    return nullptr;
+}
+
+ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type) {
+    ParameterTypeRef copy = TQ_Prseq_Parameters_MakeParameterType(type.name, type.minimum, type.maximum, type.default_,
+                                                                  type.steps);
+    copy->id = type.id;
+    return copy;
+}
+
+void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event) {
+    for (const ParameterTypeRef& type : track.parametertypes) event.parametervalues.push_back(default_value(*type));
+}
+
+long TQ_Prseq_Parameters_GetEventParameterIndexFromName(const Event& event, Symbol name) {
+    for (size_t i = 0; i < event.parametervalues.size(); ++i)
+        if (event.parametervalues[i].name == name) return static_cast<long>(i);
+    return -1;
+}
+
+ParameterValue* TQ_Prseq_Parameters_GetEventParameterFromName(Event& event, Symbol name) {
+    long index = TQ_Prseq_Parameters_GetEventParameterIndexFromName(event, name);
+    return index < 0 ? nullptr : &event.parametervalues[static_cast<size_t>(index)];
+}
+
+const ParameterValue* TQ_Prseq_Parameters_GetEventParameterFromName(const Event& event, Symbol name) {
+    long index = TQ_Prseq_Parameters_GetEventParameterIndexFromName(event, name);
+    return index < 0 ? nullptr : &event.parametervalues[static_cast<size_t>(index)];
+}
+
+double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Symbol name) {
+    const ParameterValue* value = TQ_Prseq_Parameters_GetEventParameterFromName(event, name);
+    return value ? value->value : 0;
+}
+
+void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value) {
+    if (ParameterValue* found = TQ_Prseq_Parameters_GetEventParameterFromName(event, name)) found->value = value;
+}
+
+double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name, double unity) {
+    const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, name);
+    if (!type) return 0;
+    double value = scale(unity, 0, 1, type->minimum, type->maximum);
+    TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
+    return value;
+}
+
+double TQ_Prseq_Parameters_CalculateEventParameterValue(const Track& track, Event& event, double unity) {
+    if (track.displayedparameter == tq_sym_Velocity) return event.velocity = unity * 127;
+    const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, track.displayedparameter);
+    double rounded = TQ_Utilities_RoundValueWithSteps(unity, 1, type ? type->steps : 0);
+    return TQ_Prseq_Parameters_SetEventParameterValueFromUnity(track, event, track.displayedparameter, rounded);
+}
+
+}  // namespace tq

@@ -1,0 +1,164 @@
+#include "playback/output.h"
+
+#include "host/host.h"
+#include "host/outlet.h"
+#include "model/selection.h"
+#include "model/track.h"
+#include "shell/geometry.h"
+#include "shell/prseq.h"
+#include "shell/symbols.h"
+#include "shell/utilities.h"
+
+namespace tq {
+
+namespace {
+
+void append(Atoms& atoms, std::initializer_list<Atom> more) { atoms.insert(atoms.end(), more); }
+
+void append_note(const Event& event, Atoms& atoms) {
+    append(atoms, {tq_sym_tag_note_open, event.pitch, event.velocity, tq_sym_tag_note_close});
+}
+
+void append_message(const Atoms& message, Atoms& atoms) {
+    atoms.push_back(tq_sym_tag_message_open);
+    atoms.insert(atoms.end(), message.begin(), message.end());
+    atoms.push_back(tq_sym_tag_message_close);
+}
+
+void append_parameters(const Event& event, Atoms& atoms) {
+    if (event.parametervalues.empty()) return;
+    atoms.push_back(tq_sym_tag_parameter_open);
+    for (const ParameterValue& value : event.parametervalues) append(atoms, {value.name, value.value});
+    atoms.push_back(tq_sym_tag_parameter_close);
+}
+
+void append_range(const BufferLink& link, Atoms& atoms) { append(atoms, {link.name, link.start, link.end, link.ratio}); }
+
+double point_value(const Event& event, const Bpf& bpf, const BpfPoint& point) {
+    return bpf.name == tq_sym_Pitch ? event.pitch + point.y : scale(point.y, 0, 1, bpf.minimum, bpf.maximum);
+}
+
+/// While playing: each point's value, then the ms since the point before.
+void append_playing_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
+    atoms.push_back(bpf.name);
+    double previous = 0;
+    for (const BpfPoint& point : bpf.points) {
+        double step = point.x == 0 ? 0 : (point.x - previous) * event.duration;
+        append(atoms, {point_value(event, bpf, point), step});
+        previous = point.x;
+    }
+}
+
+/// When selected: each point's ms since the event's start, then its value.
+void append_selected_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
+    atoms.push_back(bpf.name);
+    for (const BpfPoint& point : bpf.points) append(atoms, {point.x * event.duration, point_value(event, bpf, point)});
+}
+
+/// The relay behind a track's destination; none when nobody listens there.
+Object* relay_of(Prseq& object, const Track& track) {
+    Object* receiver = symbol_thing(object.host(), track.destination);
+    return receiver && object_classname(*receiver) == tq_sym_through ? receiver : nullptr;
+}
+
+void output_selected_event(Prseq& object, const Event& event, long position) {
+    Atoms atoms{position, tq_sym_id, event.id, tq_sym_track, event.track ? event.track->index : -1L,
+                tq_sym_start, whole_ms(event.start), tq_sym_duration, whole_ms(event.duration)};
+    if (!event.label.empty()) append(atoms, {tq_sym_label, event.label});
+    TQ_Prseq_Output_BuildEventForOutputWhenSelected(event, atoms);
+    outlet_anything(object, OutletSelected, tq_sym_event, atoms);
+}
+
+void system_info(Prseq& object, Symbol selector, const Atoms& atoms) {
+    outlet_anything(object, OutletSystemInfo, selector, atoms);
+}
+
+}  // namespace
+
+void TQ_Prseq_Output_EventOutputWhilePlaying(Prseq& object) {
+    const Event* event = object.nextevent.get();
+    if (!event || !object.playing || !event->track || event->track->mute) return;  // no track: removed meanwhile
+    const Track& track = *event->track;
+    Atoms atoms;
+    if (track.destination.empty()) append(atoms, {track.index, tq_sym_event});
+    append(atoms, {tq_sym_duration, whole_ms(event->duration)});
+    TQ_Prseq_Output_BuildEventForOutputWhilePlaying(track, *event, atoms);
+    if (track.destination.empty()) outlet_list(object, OutletPlaying, atoms);
+    else if (Object* relay = relay_of(object, track)) object_method_typed(*relay, tq_sym_event, atoms);
+}
+
+void TQ_Prseq_Output_BuildEventForOutputWhilePlaying(const Track& track, const Event& event, Atoms& atoms) {
+    if (!track.discardnoteoutput) append_note(event, atoms);
+    if (Atoms message = atom_setparse(event.message.text()); !message.empty()) append_message(message, atoms);
+    if (event.link().buffer) {
+        atoms.push_back(tq_sym_tag_buffer_open);
+        append_range(event.link(), atoms);
+        atoms.push_back(tq_sym_tag_buffer_close);
+    }
+    append_parameters(event, atoms);
+    bool without_pitch = track.discarddefaultpitchbpfoutput;
+    if (event.bpfs.empty() || (event.bpfs.size() == 1 && without_pitch)) return;
+    atoms.push_back(tq_sym_tag_bpf_open);
+    for (const BpfRef& bpf : event.bpfs)
+        if (bpf->name != tq_sym_Pitch || !without_pitch) append_playing_curve(event, *bpf, atoms);
+    atoms.push_back(tq_sym_tag_bpf_close);
+}
+
+void prseq_dump_selected(Prseq& object) { TQ_Prseq_Output_OutputSelectedEvents(object); }
+
+void TQ_Prseq_Output_OutputSelectedEvents(Prseq& object) {
+    TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
+    outlet_anything(object, OutletSelected, tq_sym_event, Atoms{tq_sym_clear});
+    long position = 0;
+    for (const EventRef& event : object.selection) output_selected_event(object, *event, position++);
+    outlet_anything(object, OutletSelected, tq_sym_event, Atoms{tq_sym_done});
+}
+
+void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& atoms) {
+    append_note(event, atoms);
+    if (!event.message.empty()) {
+        Atoms message = atom_setparse(event.message.text());
+        append_message(message.empty() ? Atoms{Symbol()} : message, atoms);
+    }
+    if (const BufferLink& link = event.link(); !link.name.empty()) {
+        atoms.push_back(tq_sym_tag_buffer_open);
+        if (link.buffer) append_range(link, atoms);
+        else atoms.push_back(Symbol());
+        atoms.push_back(tq_sym_tag_buffer_close);
+    }
+    append_parameters(event, atoms);
+    if (event.bpfs.empty()) return;
+    atoms.push_back(tq_sym_tag_bpf_open);
+    for (const BpfRef& bpf : event.bpfs) append_selected_curve(event, *bpf, atoms);
+    atoms.push_back(tq_sym_tag_bpf_close);
+}
+
+void TQ_Prseq_Output_Stop(Prseq& object) {
+    for (const TrackRef& track : object.tracks) {
+        if (track->destination.empty()) outlet_list(object, OutletPlaying, Atoms{track->index, tq_sym_stop});
+        else if (Object* relay = relay_of(object, *track)) object_method_typed(*relay, tq_sym_stop, {});
+    }
+}
+
+void TQ_Prseq_Output_ScrollHor(Prseq& object) { system_info(object, tq_sym_scrollhor, {object.horscrollbar.scrollunityvalue}); }
+void TQ_Prseq_Output_ScrollVert(Prseq& object) { system_info(object, tq_sym_scrollvert, {object.vertscrollbar.scrollunityvalue}); }
+void TQ_Prseq_Output_ZoomHor(Prseq& object) { system_info(object, tq_sym_zoomhor, {object.horscrollbar.zoomunityvalue}); }
+void TQ_Prseq_Output_ZoomVert(Prseq& object) { system_info(object, tq_sym_zoomvert, {object.vertscrollbar.zoomunityvalue}); }
+
+void TQ_Prseq_Output_ZoomScrollNow(Prseq& object) {
+    TQ_Prseq_Output_ZoomVert(object);
+    TQ_Prseq_Output_ScrollVert(object);
+    TQ_Prseq_Output_ZoomHor(object);
+    TQ_Prseq_Output_ScrollHor(object);
+}
+
+void TQ_Prseq_Output_Maxtime(Prseq& object) { system_info(object, tq_sym_maxtime, {object.timelinelength}); }
+void TQ_Prseq_Output_Cycle(Prseq& object) { system_info(object, tq_sym_cycle, {long{object.cycle.active}}); }
+
+void TQ_Prseq_Output_CycleRange(Prseq& object) {
+    system_info(object, tq_sym_cyclerange, {whole_ms(object.cycle.start), whole_ms(object.cycle.end)});
+}
+
+void TQ_Prseq_Output_Position(Prseq& object, double ticks) { system_info(object, tq_sym_ticks, {ticks}); }
+
+}  // namespace tq

@@ -1,0 +1,32 @@
+// Following the transport: starting, stopping, reaching events, looping.
+#pragma once
+
+namespace tq {
+
+struct Prseq;
+
+/// Message "int": 1 or more starts at the transport's position, 0 stops, less than 0 does nothing.
+void prseq_int(Prseq& object, long start);
+/// Message "position": moves the play position to `ms` (held within the timeline) and reports it in ticks.
+void prseq_position(Prseq& object, double ms);
+/// Message "cycle": the loop is on for values above 0.
+void prseq_cycle(Prseq& object, long active);
+/// Message "cyclerange": the loop's start and end in ms, held within the timeline; the start may lie after the end.
+void prseq_cyclerange(Prseq& object, double start, double end);
+
+void TQ_Prseq_Time_StartStopPlayer(Prseq& object, long start);
+/// Schedules from a position in ms.
+void TQ_Prseq_Time_ScheduleFirstEvent(Prseq& object, double ms);
+/// Arms the time object for the document's next event.
+void TQ_Prseq_Time_ScheduleEvent(Prseq& object);
+/// The transport has reached the document's next event: sends it and arms the one after it.
+void TQ_Prseq_Time_EventCatched(Prseq& object);
+void TQ_Prseq_Time_ScheduleNextEvent(Prseq& object);
+void TQ_Prseq_Time_ScheduleLoopEnd(Prseq& object);
+/// The transport has reached the loop's end.
+void TQ_Prseq_Time_LoopEndCatched(Prseq& object);
+/// The periodic clock: moves the line cursor and stops at the timeline's end.
+void TQ_Prseq_Time_Runningtime(Prseq& object);
+void TQ_Prseq_Time_StopRunningtime(Prseq& object);
+
+}  // namespace tq

@@ -1,0 +1,31 @@
+// The fields behind the attributes of the class; their defaults are in the attribute table.
+#pragma once
+
+#include "host/color.h"
+
+namespace tq {
+
+struct AttributeFields {
+    Rgba upperdisplaycolor, trackdisplaycolor, menutitletextcolor, timedisplaycolor, timedisplaycyclecolor;
+    Rgba linecursorcolor;
+    Rgba keydisplaywhitekeycolor, keydisplaywhitekeybordercolor, keydisplayblackkeycolor, keydisplaylabelcolor;
+    Rgba keydisplayhighlightcolor;
+    Rgba maindisplaywhitekeycolor, maindisplayblackkeycolor;
+    Rgba maindisplaysubdivisionlinecolor, maindisplaymaindivisionlinecolor;
+    double menufontsize = 0;
+    long event_capture_span = 0;  ///< ms
+    bool snaptime = false, snappitch = false;
+    bool menudisplay = false, focusdisplay = false, dirtydisplay = false;
+    bool trackdisplay = false, keydisplay_shown = false, parameterdisplay = false;
+    bool showlabels = false, showmessages = false, showbpfs = false, showbuffers = false, display_all_bpfs = false;
+    bool border = false, notelanes = false, keyhighlight = false;
+    bool zoom_animation = false;
+    double linecursor_update = 0;  ///< ms
+    double base_frequency = 0;     ///< Hz, of pitch 69
+    long new_track_color = 0;      ///< a NewTrackColor
+};
+
+/// What "new_track_color" counts.
+enum NewTrackColor : long { Default = 0, Random = 1, Rainbow = 2 };
+
+}  // namespace tq

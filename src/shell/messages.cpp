@@ -1,0 +1,74 @@
+#include "shell/messages.h"
+
+#include "file/document_messages.h"
+#include "host/outlet.h"
+#include "model/selection.h"
+#include "model/track_info.h"
+#include "model/tracks.h"
+#include "playback/output.h"
+#include "playback/time.h"
+#include "shell/change.h"
+#include "shell/event_message.h"
+#include "shell/prseq.h"
+#include "shell/symbols.h"
+#include "shell/track_messages.h"
+#include "view/zoom.h"
+#include "view/zoom_commands.h"
+
+namespace tq {
+
+void add_messages(Class& c) {
+    class_addmethod(c, "zoom_vert", prseq_vertzoom);
+    class_addmethod(c, "zoom_hor", prseq_horzoom);
+    class_addmethod(c, "scroll_vert", prseq_vertscroll);
+    class_addmethod(c, "scroll_hor", prseq_horscroll);
+    class_addmethod(c, "zoom_in", prseq_zoom_in);
+    class_addmethod(c, "zoom_out", prseq_zoom_out);
+    class_addmethod(c, "zoom_to_selection", prseq_zoom_to_selection);
+    class_addmethod(c, "zoom_out_all", prseq_zoom_out_all);
+    class_addmethod(c, "cyclerange", prseq_cyclerange);
+    class_addmethod(c, "cycle", prseq_cycle);
+    class_addmethod(c, "track_active", prseq_activetrack);
+    class_addmethod(c, "track_add", prseq_addtrack);
+    class_addmethod(c, "track_delete", prseq_deletetrack);
+    class_addmethod(c, "track_color", prseq_trackcolor);
+    class_addmethod(c, "track_visible", prseq_trackvisible);
+    class_addmethod(c, "track_mute", prseq_trackmute);
+    class_addmethod(c, "track_bpf_add", prseq_trackbpfadd);
+    class_addmethod(c, "track_parameter_add", prseq_trackparameteradd);
+    class_addmethod(c, "track_dump", TQ_Prseq_Tracks_OutputTrackInfo);
+    class_addmethod(c, "position", prseq_position);
+    class_addmethod(c, "event", prseq_event);
+    class_addmethod(c, "maxtime", prseq_resize_maxtime);
+    class_addmethod(c, "read", TQ_Prseq_Json_ReadFromReadMessage);
+    class_addmethod(c, "write", TQ_Prseq_Json_WriteFromWriteMessage);
+    class_addmethod(c, "int", prseq_int);
+    class_addmethod(c, "dump_selected", prseq_dump_selected);
+    class_addmethod(c, "getdirty", prseq_getdirty_out);
+    class_addmethod(c, "getmaxtime", TQ_Prseq_Output_Maxtime);
+    class_addmethod(c, "getcycle", TQ_Prseq_Output_Cycle);
+    class_addmethod(c, "getcyclerange", TQ_Prseq_Output_CycleRange);
+}
+
+void prseq_activetrack(Prseq& object, long index) {
+    if (index != object.activetrack) prseq_do_set_activetrack(object, index);
+}
+
+bool prseq_do_set_activetrack(Prseq& object, long index) {
+    const Track* track = track_at(object, index);
+    if (!track) return false;
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    object.bpfeditingevent = nullptr;
+    object.activetrack = index;
+    TQ_Prseq_Tracks_OutputTrackActive(object);
+    TQ_Prseq_Tracks_OutputParameterInfo(object, *track);
+    TQ_Prseq_Tracks_OutputBpfInfo(object, *track);
+    prseq_show(object, Change::Tracks);
+    return true;
+}
+
+void prseq_getdirty_out(Prseq& object) {
+    dumpout_anything(object, tq_sym_dirty, Atoms{long{prseq_getdirtyflag(object)}});
+}
+
+}  // namespace tq

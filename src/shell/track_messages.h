@@ -1,0 +1,24 @@
+// The messages that make, change and delete tracks.
+#pragma once
+
+#include "host/class.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// "track_add": a track of the given name, or "Track %ld", which becomes the active one.
+void prseq_addtrack(Prseq& object, OptionalSymbol name);
+/// "track_delete".
+void prseq_deletetrack(Prseq& object, long index);
+/// "track_color": the active track's hue.
+void prseq_trackcolor(Prseq& object, double hue);
+/// "track_visible" and "track_mute": a value for the active track, or an index and a value.
+void prseq_trackvisible(Prseq& object, Symbol message, AtomSpan atoms);
+void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms);
+/// "track_bpf_add": a curve type on the active track.
+void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximum, double default_);
+/// "track_parameter_add": a parameter type on the active track.
+void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_, long steps);
+
+}  // namespace tq

@@ -1,0 +1,64 @@
+#include "view/draw_maindisplay.h"
+
+#include "shell/prseq.h"
+#include "view/draw_events.h"
+#include "view/grid.h"
+#include "view/invalidate.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double grid_line_width = 0.5;
+
+/// The lines between lanes are each drawn by the lane below.
+void draw_note_lanes(const Prseq& object, Graphics& g, const EventView& view) {
+    double bottom = 0;
+    for (const NoteLane& lane : build_note_lanes(view)) {
+        const Rect& r = lane.rect;
+        jgraphics_set_source_jrgba(
+            g, lane.black ? object.maindisplayblackkeycolor : object.maindisplaywhitekeycolor);
+        jgraphics_rectangle_fill_fast(g, r);
+        jgraphics_set_source_jrgba(g, object.maindisplaysubdivisionlinecolor);
+        jgraphics_line_draw_fast(g, {0, r.y}, {0, r.y + r.height}, 1);
+        if (lane.octave) jgraphics_set_source_jrgba(g, object.maindisplaymaindivisionlinecolor);
+        jgraphics_line_draw_fast(g, {0, r.y}, {view.width, r.y}, 1);
+        bottom = r.y + r.height;
+    }
+    jgraphics_set_source_jrgba(g, object.maindisplaysubdivisionlinecolor);
+    jgraphics_line_draw_fast(g, {0, bottom}, {view.width, bottom}, 1);
+}
+
+void draw_grid(const Prseq& object, Graphics& g, const EventView& view) {
+    for (const GridLine& line : build_grid(object, view)) {
+        jgraphics_set_source_jrgba(
+            g, line.main ? object.maindisplaymaindivisionlinecolor : object.maindisplaysubdivisionlinecolor);
+        jgraphics_line_draw_fast(g, {line.x, 0}, {line.x, view.height}, grid_line_width);
+    }
+}
+
+}  // namespace
+
+void TQ_Prseq_Maindisplay_Draw(const Prseq& object, Graphics& g) {
+    const EventView view(object, g.ratio());
+    if (object.notelanes) {
+        draw_note_lanes(object, g, view);
+    } else {
+        jgraphics_set_source_jrgba(g, object.maindisplaywhitekeycolor);
+        jgraphics_rectangle_fill_fast(g, {0, 0, view.width, view.height});
+    }
+    draw_grid(object, g, view);
+}
+
+void draw_maindisplay(Prseq& object, Graphics& view) {
+    const Rect& rect = object.maindisplay.rect;
+    if (auto g = jbox_start_layer(object, view, tq_sym_maindisplay_layer, rect.width, rect.height)) {
+        TQ_Prseq_Maindisplay_Draw(object, *g);
+        TQ_Prseq_Tracks_DrawEventsOnAllTracks(object, *g);
+        draw_edited_event(object, *g);
+        jbox_end_layer(object, tq_sym_maindisplay_layer);
+    }
+    jbox_paint_layer(object, view, tq_sym_maindisplay_layer, rect.x, rect.y);
+}
+
+}  // namespace tq

@@ -1,0 +1,15 @@
+// The main display's layer.
+#pragma once
+
+#include "host/graphics.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// Note lanes and the time grid.
+void TQ_Prseq_Maindisplay_Draw(const Prseq& object, Graphics& g);
+/// The whole layer: lanes, grid, events, and the event whose curves are edited.
+void draw_maindisplay(Prseq& object, Graphics& view);
+
+}  // namespace tq

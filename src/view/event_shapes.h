@@ -1,0 +1,39 @@
+// Which events of a track are painted where.
+#pragma once
+
+#include <vector>
+
+#include "view/eventview.h"
+
+namespace tq {
+
+struct Event;
+struct Track;
+
+/// Pixels: a label that begins closer than this to one before it on the same row is left out.
+inline constexpr double label_distance = 6;
+/// Pixels that a label may reach into the view from an event left of it.
+inline constexpr double label_reach = 200;
+/// Pixels: labels and messages are written in rows at least this high.
+inline constexpr double text_rowheight = 8;
+
+struct EventShape {
+    const Event* event = nullptr;
+    Rect rect;           ///< on whole pixels of the screen, relative to the main display
+    bool body = true;    ///< the event itself is in view, not its curves alone
+    bool label = false;  ///< its label is written
+};
+
+struct ShapeOptions {
+    bool labels = false;
+    bool curves = false;             ///< curves that leave their event's row count as in view
+    const Event* without = nullptr;  ///< an event that is left out
+};
+
+/// The events of a track that are in view, in the order in which they are painted: unselected ones, then
+/// selected ones, each in the track's order. Of events that fall into the very pixels of one before them on
+/// their row, only the first is there.
+std::vector<EventShape> build_event_shapes(const Track& track, const EventView& view,
+                                           const ShapeOptions& options);
+
+}  // namespace tq

@@ -1,0 +1,17 @@
+// How the box is divided into its parts.
+#pragma once
+
+#include "view/records.h"
+
+namespace tq {
+
+struct Prseq;
+
+inline constexpr double upperdisplay_height = 24, scrollbar_thickness = 15;
+
+/// Lays the parts out in the box by its size and by which displays are shown.
+void calculate_windowparts(Prseq& object);
+/// The part under a point of the box; right and bottom edges belong to the next part, or to none.
+Part whichpartisthemouse(const Prseq& object, double x, double y);
+
+}  // namespace tq

@@ -1,0 +1,26 @@
+// The zoom commands: each aims at a sector of the document, at once or on an animated way.
+#pragma once
+
+namespace tq {
+
+struct Prseq;
+
+void prseq_zoom_in(Prseq& object);
+void prseq_zoom_out(Prseq& object);
+void prseq_zoom_to_selection(Prseq& object);
+void prseq_zoom_out_all(Prseq& object);
+
+/// Half, or twice, of what is visible, around a page x and a y from the display's top.
+void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy);
+void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy);
+/// Nothing without selected events on the active track.
+void TQ_Prseq_Zoom_ZoomToSelectedEvents(Prseq& object);
+/// Goes to the target sector: at once, or in 500 ms with "zoom_animation".
+void TQ_Prseq_Zoom_DoZoom(Prseq& object);
+
+void zoom_clock_start(Prseq& object, double duration);
+/// A step of the animation.
+void zoom_clock_run(Prseq& object);
+void zoom_clock_stop(Prseq& object);
+
+}  // namespace tq
