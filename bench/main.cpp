@@ -1,0 +1,187 @@
+// Prints the table of benchmarks; arguments choose those whose name contains one of them.
+#include <algorithm>
+#include <boost/json.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "app/midi/reader.h"
+#include "app/patch/import.h"
+#include "app/patch/paint_offscreen.h"
+#include "documents.h"
+#include "file/document_messages.h"
+#include "file/document_writer.h"
+#include "host/dictionary.h"
+#include "host/files.h"
+#include "host/graphics_runtime.h"
+#include "shell/change.h"
+#include "table.h"
+#include "view/zoom.h"
+#include "view/zoom_commands.h"
+
+namespace bench {
+
+using namespace tq;
+
+namespace {
+
+std::string scratch(const std::string& name) { return (std::filesystem::temp_directory_path() / name).string(); }
+
+std::string count_name(size_t count) {
+    return count >= 1000000 ? std::to_string(count / 1000000) + " M" : std::to_string(count / 1000) + " k";
+}
+
+/// CPU ns an "event" message, in a document of its own.
+double ns_per_message(size_t count, bool shuffled) {
+    const Symbol event = gensym("event");
+    std::vector<long> starts = event_starts(count, shuffled);
+    Atoms message = event_message();
+    Session session;
+    double seconds = cpu_of([&] {
+        for (long start : starts) {
+            message[start_atom] = start;
+            message[pitch_atom] = 40 + start / 10 % 40;
+            session.send(event, message);
+        }
+    });
+    return seconds / static_cast<double>(count) * 1e9;
+}
+
+void event_message_rows() {
+    for (bool shuffled : {false, true}) {
+        std::string order = shuffled ? "random order" : "start order";
+        double small = 1e300;
+        for (int i = 0; i < 20; ++i) small = std::min(small, ns_per_message(10000, shuffled));
+        double large = std::min(ns_per_message(1000000, shuffled), ns_per_message(1000000, shuffled));
+        row("event messages, 10 k, " + order, 1e9 / small, "/s");
+        row("event messages, 1 M, " + order, 1e9 / large, "/s", {"needed", shuffled ? 200000.0 : 500000.0});
+        row("ns an event message at 1 M, " + order, large, "ns", {"at 10 k", small});
+    }
+}
+
+void midi_rows() {
+    std::string path = scratch("sorvo-bench.mid");
+    std::ofstream(path, std::ios::binary) << midi_file(1000000, 8);
+    std::string fault;
+    double bare = best_cpu_of(3, [&] {
+        std::string bytes = read_file(path, fault).value();
+        read_midi_file(std::as_bytes(std::span(bytes)));
+    });
+    double open = best_cpu_of(3, [&] {
+        Session session;
+        if (!session.open(path)) std::abort();
+        OffscreenPainter().paint(session.box());
+    });
+    row("open a MIDI file of 1 M notes and paint it, CPU", open, "s", {"bare parse", bare});
+    row("  beside the best of the well-known sequencers", open, "s", {"theirs", 0.85});
+    std::filesystem::remove(path);
+}
+
+void memory_rows() {
+    size_t before = heap_bytes();
+    auto session = document(1000000, 8, 10);
+    double bytes = static_cast<double>(heap_bytes() - before) / 1e6;
+    row("memory an event with its Pitch curve, at 1 M", bytes, "bytes", {"at most", 400});
+}
+
+void document_rows() {
+    std::string path = scratch("sorvo-bench.json"), fault;
+    auto source = document(1000000, 8, 10);
+    std::string text;
+    double write = best_cpu_of(2, [&] { text = TQ_Prseq_Json_MakeDictionary(source->box(), true); });
+    source.reset();
+    write_file(path, text, fault);
+    boost::json::value parsed;
+    double bare_read = best_cpu_of(2, [&] { parsed = boost::json::parse(text); });
+    std::string serialized;
+    double bare_write = best_cpu_of(2, [&] { serialized = boost::json::serialize(parsed); });
+    parsed = nullptr;
+    double read = best_cpu_of(2, [&] {
+        Session session;
+        if (!session.open(path)) std::abort();
+    });
+    row("read a document of 1 M events, CPU", read, "s", {"library's parse", bare_read});
+    row("write a document of 1 M events (to text), CPU", write, "s", {"library's serialise", bare_write});
+    std::filesystem::remove(path);
+}
+
+/// CPU ms a paint of the main display at 1600x900 with about 1000 events in view.
+double ms_per_paint(size_t events) {
+    auto session = document(events, 8, 10);
+    Prseq& box = session->box();
+    box.width = 1600;
+    box.height = 900;
+    box.zoom_animation = false;
+    OffscreenPainter painter;
+    painter.paint(box);
+    // 1000 events, one every 10 ms, are 10 s; all rows.
+    prseq_zoom_out_all(box);
+    painter.paint(box);
+    double visible = 10000, length = box.timelinelength;
+    const TQScrollbar& bar = box.horscrollbar;
+    double zoom = bar.minimumzoom * length / visible;
+    prseq_horzoom(box, (zoom - bar.minimumzoom) / (bar.maximumzoom - bar.minimumzoom));
+    prseq_horscroll(box, 0.5);
+    painter.paint(box);
+    return best_cpu_of(30, [&] {
+               prseq_show(box, Change::MainDisplay);
+               painter.paint(box);
+           }) * 1e3;
+}
+
+void paint_rows() {
+    double small = ms_per_paint(1000);
+    row("paint 1600x900, 1000 events in view, of 1 k", small, "ms");
+    for (size_t events : {100000UL, 1000000UL})
+        row("paint 1600x900, 1000 events in view, of " + count_name(events), ms_per_paint(events), "ms", {"of 1 k", small});
+}
+
+/// CPU ns an event sent while playing 1000 events.
+double ns_per_played_event(size_t events) {
+    auto session = document(events, 16, 10);
+    Scheduler& scheduler = session->host().scheduler;
+    double from = static_cast<double>(events) * 10 / 2, stretch = std::min(static_cast<double>(events), 20000.) * 10 / 2;
+    Itm& itm = *session->box().transport;
+    itm_setticks(itm, itm_mstoticks(itm, from));
+    session->send("int 1");
+    double seconds = cpu_of([&] { scheduler.run_until(scheduler.now() + stretch); });
+    session->send("int 0");
+    return seconds / (stretch / 10) * 1e9;
+}
+
+double best_played(size_t events, int runs) {
+    double best = 1e300;
+    for (int i = 0; i < runs; ++i) best = std::min(best, ns_per_played_event(events));
+    return best;
+}
+
+void playback_rows() {
+    double small = best_played(1000, 20);
+    row("play an event on 16 tracks, of 1 k", small, "ns");
+    for (size_t events : {10000UL, 100000UL, 1000000UL})
+        row("play an event on 16 tracks, of " + count_name(events), best_played(events, 3), "ns", {"of 1 k", small});
+}
+
+struct Group {
+    const char* name;
+    void (*run)();
+};
+
+constexpr Group groups[] = {{"messages", event_message_rows}, {"midi", midi_rows},   {"memory", memory_rows},
+                            {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows}};
+
+bool wanted(const std::string& name, int argc, char** argv) {
+    return argc < 2 || std::any_of(argv + 1, argv + argc, [&](const char* part) { return name.find(part) != name.npos; });
+}
+
+}  // namespace
+
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    tq::GraphicsRuntime graphics(tq::GraphicsRuntime::Screen::Never);
+    fmt::print("{:<58} {:>10} {:<8} {:<34} {:>7}\n", "benchmark", "figure", "unit", "yardstick", "ratio");
+    for (const bench::Group& group : bench::groups)
+        if (bench::wanted(group.name, argc, argv)) group.run();
+    return 0;
+}
