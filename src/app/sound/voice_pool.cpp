@@ -1,6 +1,8 @@
 #include "app/sound/voice_pool.h"
 
 #include <algorithm>
+#include <fstream>
+#include <string_view>
 
 #include "app/sound/error.h"
 
@@ -10,9 +12,18 @@ namespace {
 
 constexpr int drum_bank = 128;
 
+// The library hands what it cannot read on to other libraries, which complain to standard error.
+bool is_sound_font(const std::string& path) {
+    std::array<char, 12> head{};
+    std::ifstream(path, std::ios::binary).read(head.data(), head.size());
+    const std::string_view text(head.data(), head.size());
+    return text.starts_with("RIFF") && text.ends_with("sfbk");
+}
+
 }  // namespace
 
 VoicePool::VoicePool(const std::string& sound_font, double rate) {
+    if (!is_sound_font(sound_font)) throw SoundError(sound_font + ": not a sound font");
     silence_fluid_log();
     settings_.reset(new_fluid_settings());
     fluid_settings_setnum(settings_.get(), "synth.sample-rate", rate);
@@ -39,7 +50,7 @@ void VoicePool::load(const std::string& sound_font) {
     fluid_synth_t* owner = engines_.front()->synth();
     if (fluid_synth_sfload(owner, sound_font.c_str(), 1) == FLUID_FAILED) {
         engines_.resize(1);
-        throw SoundError(sound_font + ": no sound font that can be read");
+        throw SoundError(sound_font + ": the sound font cannot be read");
     }
     font_ = fluid_synth_get_sfont(owner, 0);
     for (std::size_t i = 1; i < engines_.size(); ++i) fluid_synth_add_sfont(engines_[i]->synth(), font_);
