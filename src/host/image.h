@@ -1,7 +1,6 @@
 // Images that are drawn into and drawn from.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -42,9 +41,6 @@ void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rec
 
 /// Writes a PNG beside `path` and renames it over it; the reason when that failed.
 std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path);
-/// Paints a picture without a window and writes it; the reason when that failed.
-std::optional<std::string> paint_to_png(Size size, double ratio, const std::function<void(Graphics&)>& paint,
-                                        const std::string& path);
 /// The colour of a pixel of the screen, as four bytes 0xAARRGGBB, not premultiplied; 0 outside the surface.
 unsigned surface_pixel(const Surface& surface, int x, int y);
 

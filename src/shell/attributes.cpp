@@ -113,7 +113,7 @@ const std::unordered_map<Symbol, Change>& changes_by_attribute() {
         {gensym("menudisplay"), Change::UpperDisplay},
         {gensym("focusdisplay"), Change::UpperDisplay},
         {gensym("dirtydisplay"), Change::UpperDisplay},
-        {gensym("upperdisplaycolor"), Change::UpperDisplay},
+        {gensym("upperdisplaycolor"), Change::Background},
         {gensym("menufontsize"), Change::UpperDisplay},
         {gensym("trackdisplaycolor"), Change::TrackDisplay},
         {gensym("timedisplaycolor"), Change::TimeDisplay},

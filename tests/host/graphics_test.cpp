@@ -186,16 +186,17 @@ TEST(Image, IsWrittenWholeOrNotAtAll) {
     auto folder = std::filesystem::temp_directory_path() / "sorvo-image-test";
     std::filesystem::create_directories(folder);
     std::string path = (folder / "picture.png").string();
-    auto fill = [](Graphics& g) {
+    SurfaceRef surface = jgraphics_image_surface_create(10, 10, 2);
+    if (Graphics g(*surface); true) {
         jgraphics_set_source_rgba(g, 1, 0, 0, 1);
         jgraphics_rectangle_fill_fast(g, {0, 0, 10, 10});
-    };
-    EXPECT_EQ(paint_to_png({10, 10}, 2, fill, path), std::nullopt);
+    }
+    EXPECT_EQ(surface_write_png(*surface, path), std::nullopt);
     SurfaceRef read = jgraphics_image_surface_create_from_file(path);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->size(), (Size{20, 20}));
     EXPECT_EQ(surface_pixel(*read, 19, 19), red);
-    auto failure = paint_to_png({10, 10}, 2, fill, (folder / "missing" / "picture.png").string());
+    auto failure = surface_write_png(*surface, (folder / "missing" / "picture.png").string());
     ASSERT_TRUE(failure);
     EXPECT_NE(failure->find("picture.png"), std::string::npos);
     EXPECT_FALSE(jgraphics_image_surface_create_from_file((folder / "nothing.png").string()));

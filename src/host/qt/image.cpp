@@ -90,13 +90,6 @@ std::optional<std::string> surface_write_png(const Surface& surface, const std::
     return {};
 }
 
-std::optional<std::string> paint_to_png(Size size, double ratio, const std::function<void(Graphics&)>& paint,
-                                        const std::string& path) {
-    SurfaceRef surface = jgraphics_image_surface_create(size.width, size.height, ratio);
-    if (Graphics g(*surface); true) paint(g);
-    return surface_write_png(*surface, path);
-}
-
 unsigned surface_pixel(const Surface& surface, int x, int y) {
     const QImage& pixels = surface.image().pixels;
     return pixels.valid(x, y) ? pixels.pixel(x, y) : 0;

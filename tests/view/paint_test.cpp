@@ -1,0 +1,400 @@
+#include <algorithm>
+#include <cmath>
+
+#include "host/graphics.h"
+#include "model/tracks.h"
+#include "playback/linecursor.h"
+#include "view/draw_overlays.h"
+#include "view/event_shapes.h"
+#include "view/gradient.h"
+#include "view/invalidate.h"
+#include "view/maindisplay.h"
+#include "view/zoom.h"
+#include "view_fixture.h"
+
+namespace tq {
+namespace {
+
+unsigned rgb(const Rgba& color) {
+    auto byte = [](double v) { return static_cast<unsigned>(v * 255 + 0.5); };
+    return byte(color.red) << 16 | byte(color.green) << 8 | byte(color.blue);
+}
+
+int channel_distance(unsigned a, unsigned b) {
+    int most = 0;
+    for (int shift : {0, 8, 16})
+        most =
+            std::max(most, std::abs(static_cast<int>(a >> shift & 255) - static_cast<int>(b >> shift & 255)));
+    return most;
+}
+
+/// A note that lasts 500 ms, in message text.
+std::string note(double start, double pitch, const std::string& more = "") {
+    return "event start " + std::to_string(start) + " duration 500 " + more + " <note> " +
+           std::to_string(pitch) + " 100 </note>";
+}
+
+struct PaintTest : ViewTest {
+    PaintTest() {
+        send("new_track_color 0");
+        send("track_add one");
+        send("track_active 0");
+        resize(1000, 700);
+        send("zoom_vert 0.03");
+        send("showbpfs 0");
+    }
+    Track& track(size_t i) { return *box.tracks[i]; }
+    Event& event(size_t i, size_t of = 0) { return *track(of).events.at(i); }
+    /// The event's rectangle in the box.
+    Rect where(const Event& e) {
+        Rect r = TQ_Prseq_Events_Rect(box, e);
+        return {r.x + box.maindisplay.rect.x, r.y - box.maindisplay.verticalscroll + box.maindisplay.rect.y,
+                r.width, r.height};
+    }
+    unsigned pixel_in(const Event& e, double down = 0.5) {
+        Rect r = where(e);
+        return pixel(r.x + r.width / 2, r.y + r.height * down);
+    }
+    void expect_fill(const Event& e, const Rgba& color, const std::string& what) {
+        EXPECT_LE(channel_distance(pixel_in(e), rgb(shade(color, 0.9))), 12)
+            << what << std::hex << pixel_in(e);
+    }
+    bool same_picture(const Surface& a, const Surface& b) {
+        for (int y = 0; y < a.size().height; ++y)
+            for (int x = 0; x < a.size().width; ++x)
+                if (surface_pixel(a, x, y) != surface_pixel(b, x, y)) return false;
+        return true;
+    }
+};
+
+TEST_F(PaintTest, AnEventIsShadedInItsTracksColour) {
+    send(note(500, 66));
+    paint();
+    const Event& e = event(0);
+    Rect r = where(e);
+    expect_fill(e, track(0).color, "active");
+    unsigned top = pixel(r.x + 10, r.y + 2), bottom = pixel(r.x + 10, r.y + r.height - 3);
+    EXPECT_GT(top & 0xff, bottom & 0xff) << "darker at the bottom";
+    EXPECT_EQ(pixel(r.x - 2, r.y + 5), rgb(box.maindisplayblackkeycolor));
+    EXPECT_NE(pixel(r.x + r.width - 1, r.y + 5), pixel(r.x + 10, r.y + 5)) << "a dark right edge";
+}
+
+TEST_F(PaintTest, TracksAreDrawnInTheirColoursTheActiveOneOnTop) {
+    send(note(500, 66));
+    send("track_add two");
+    send("track_active 1");
+    send("track_color 0.1");
+    send(note(500, 66));
+    send(note(2000, 66));
+    paint();
+    expect_fill(event(0, 1), track(1).color, "active on top");
+    send("track_active 0");
+    paint();
+    expect_fill(event(0, 0), track(0).color, "active on top");
+    expect_fill(event(1, 1), track(1).inactivecolor, "not active");
+    send("track_visible 1 0");
+    paint();
+    EXPECT_GE(channel_distance(pixel_in(event(1, 1)), rgb(shade(track(1).inactivecolor, 0.9))), 20)
+        << "hidden";
+}
+
+TEST_F(PaintTest, SelectedEventsLieOnTop) {
+    send(note(500, 66));
+    send(note(600, 66));
+    event(0).selected = true;
+    prseq_invalidate(box, Change::Events);
+    paint();
+    Rect second = where(event(1));
+    EXPECT_LE(channel_distance(pixel(second.x + 10, second.y + second.height / 2),
+                               rgb(shade(track(0).selectedcolor, 0.9))),
+              12);
+}
+
+TEST_F(PaintTest, TheSameDocumentGivesTheSamePixels) {
+    for (int i = 0; i < 30; ++i) send(note(i * 170, 60 + i % 12, "label n"));
+    send("showbpfs 1");
+    SurfaceRef first = paint();
+    EXPECT_TRUE(same_picture(*first, *paint())) << "composited";
+    prseq_invalidate(box, Change::Initialisation);
+    EXPECT_TRUE(same_picture(*first, *paint())) << "drawn anew";
+    send("scroll_hor 1");
+    EXPECT_FALSE(same_picture(*first, *paint()));
+    send("scroll_hor 0");
+    EXPECT_TRUE(same_picture(*first, *paint())) << "back again";
+}
+
+TEST_F(PaintTest, TheRectangleOfAnEventIsTheSameAtEveryRatio) {
+    send(note(1234, 66.5));
+    unsigned middle[2];
+    for (int ratio : {1, 2}) {
+        paint(ratio);
+        Rect r = where(event(0));
+        middle[ratio - 1] = pixel((r.x + 5) * ratio, (r.y + r.height / 2) * ratio);
+        EXPECT_NE(pixel((r.x + 5) * ratio, (r.y + r.height / 2) * ratio),
+                  pixel((r.x - 3) * ratio, (r.y + 3) * ratio));
+    }
+    EXPECT_LE(channel_distance(middle[0], middle[1]), 8);
+}
+
+TEST_F(PaintTest, LabelsStandAboveEventsWhoseRowsAreHighEnough) {
+    send(note(500, 66, "label name"));
+    auto label_drawn = [&] {
+        Rect r = where(event(0));
+        SurfaceRef with = paint();
+        send("showlabels 0");
+        prseq_invalidate(box, Change::Events);
+        paint();
+        bool differs = false;
+        for (int x = 0; x < 30; ++x)
+            for (int y = 2; y < 12; ++y)
+                differs = differs || surface_pixel(*with, int(r.x) + x, int(r.y) - y) !=
+                                         surface_pixel(*picture, int(r.x) + x, int(r.y) - y);
+        send("showlabels 1");
+        prseq_invalidate(box, Change::Events);
+        return differs;
+    };
+    paint();
+    EXPECT_GT(box.maindisplay.rowheight, 8);
+    EXPECT_TRUE(label_drawn());
+    send("zoom_vert 0.");
+    paint();
+    EXPECT_LT(box.maindisplay.rowheight, 8);
+    EXPECT_FALSE(label_drawn());
+}
+
+TEST_F(PaintTest, CurvesAreDrawnOnTheActiveTrackOnly) {
+    send("showbpfs 1");
+    send(note(500, 66, "<bpf> Pitch 0 2 500 2 </bpf>"));
+    paint();
+    Rect r = where(event(0));
+    auto on_curve = [&] { return pixel(r.x + r.width / 2, r.y + r.height - 2 * r.height); };
+    EXPECT_LE(channel_distance(on_curve(), 0x646464), 2) << "two rows above the event";
+    send("track_add two");
+    send("track_active 1");
+    paint();
+    EXPECT_GE(channel_distance(on_curve(), 0x646464), 50);
+    send("track_active 0");
+    send("display_all_bpfs 0");
+    paint();
+    EXPECT_LE(channel_distance(on_curve(), 0x646464), 2);
+    send("showbpfs 0");
+    prseq_invalidate(box, Change::Events);
+    paint();
+    EXPECT_GE(channel_distance(on_curve(), 0x646464), 50);
+}
+
+TEST_F(PaintTest, TheBpfLabelNamesTheActiveType) {
+    EXPECT_EQ(bpf_label(box), "Bpf: Pitch");
+    send("track_bpf_add Gain -1 2 0.5");
+    track(0).activebpfindex = 1;
+    EXPECT_EQ(bpf_label(box), "Bpf: Gain (-1.00-2.00)");
+    track(0).activebpfindex = 7;
+    EXPECT_EQ(bpf_label(box), "");
+    send("track_delete 0");
+    EXPECT_EQ(bpf_label(box), "");
+}
+
+TEST_F(PaintTest, TheEditedEventStandsOnADarkCover) {
+    send(note(500, 66));
+    send(note(1500, 66));
+    paint();
+    unsigned light = pixel_in(event(1));
+    box.bpfeditor = true;
+    box.bpfeditingevent = &event(0);
+    prseq_invalidate(box, Change::MouseMode);
+    paint();
+    expect_fill(event(0), track(0).color, "edited");
+    EXPECT_LT(pixel_in(event(1)) & 0xff, light & 0xff);
+}
+
+TEST_F(PaintTest, LanesAndGrid) {
+    paint();
+    const MainDisplay& md = box.maindisplay;
+    auto row_color = [&](double pitch) {
+        double y = (131 - pitch + 0.5) * md.rowheight - md.verticalscroll + md.rect.y;
+        return pixel(md.rect.x + 4, y);
+    };
+    EXPECT_EQ(row_color(64), rgb(box.maindisplaywhitekeycolor));
+    EXPECT_EQ(row_color(66), rgb(box.maindisplayblackkeycolor));
+    send("notelanes 0");
+    paint();
+    EXPECT_EQ(row_color(66), rgb(box.maindisplaywhitekeycolor));
+    double x = TQ_Prseq_Maindisplay_CalculateMouseFromPosition(box, md, 3 * md.mslabelincrement);
+    EXPECT_EQ(pixel(md.rect.x + std::floor(x + 0.5), md.rect.y + 40),
+              rgb(box.maindisplaymaindivisionlinecolor));
+}
+
+TEST_F(PaintTest, TheBorderIsAllAround) {
+    paint();
+    for (auto [x, y] : {std::pair{0, 300}, {999, 300}, {500, 0}, {500, 699}})
+        EXPECT_EQ(pixel(x, y), 0u) << x << " " << y;
+    send("border 0");
+    paint();
+    for (auto [x, y] : {std::pair{0, 300}, {999, 300}, {500, 0}, {500, 699}})
+        EXPECT_NE(pixel(x, y), 0u) << x << " " << y;
+}
+
+TEST_F(PaintTest, TheMarqueeIsCutToTheMainDisplay) {
+    paint();
+    const Rect display = box.maindisplay.rect;
+    auto at = [&](double x) { return pixel(display.x + x, display.y + 20); };
+    unsigned outside = at(-5), inside = at(20), beyond = at(60);
+    box.maindisplay.marqueeactive = true;
+    box.maindisplay.marquee = {-50, 10, 100, 30};
+    prseq_invalidate(box, Change::Marquee);
+    paint();
+    EXPECT_EQ(at(-5), outside);
+    EXPECT_NE(at(20), inside);
+    EXPECT_EQ(at(60), beyond);
+}
+
+struct LineCursorTest : PaintTest {
+    /// Where the cursor is in the view, and where the view is on the page, in pages.
+    double page() { return box.maindisplay.horizontalscroll / box.maindisplay.rect.width; }
+    void move_to_page(double pages) {
+        double ms = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(box, box.maindisplay,
+                                                                    pages * box.maindisplay.rect.width);
+        TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(box, ms);
+        paint();
+        paint();  // the view moves at the end of a paint
+    }
+};
+
+TEST_F(LineCursorTest, FollowsByPagesWhilePlaying) {
+    send("zoom_hor 0.5");
+    paint();
+    move_to_page(2.4);
+    EXPECT_EQ(page(), 0) << "not playing";
+    box.playing = true;
+    for (double at : {2.4, 2.99, 2.0}) {
+        move_to_page(at);
+        EXPECT_NEAR(page(), 2, 1e-9) << at;
+    }
+    move_to_page(3.01);
+    EXPECT_NEAR(page(), 3, 1e-9);
+    box.linecursor.follow = false;
+    move_to_page(5.5);
+    EXPECT_NEAR(page(), 3, 1e-9);
+    send("position 4000");
+    EXPECT_NEAR(page(),
+                std::floor(4000. / 10000 * box.horscrollbar.totalpagesize / box.maindisplay.rect.width), 1e-9)
+        << "a position always shows itself";
+    box.linecursor.follow = true;
+    box.linecursor.followmode = FollowMode::MiddleStay;
+    move_to_page(7.25);
+    EXPECT_NEAR(page(), 6.75, 1e-9);
+}
+
+TEST_F(LineCursorTest, AtTheEndOfThePageTheViewComesToRest) {
+    send("zoom_hor 0.5");
+    box.playing = true;
+    TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(box, 9999);
+    paint();
+    paint();
+    EXPECT_EQ(box.horizontalscroll, 1);
+    EXPECT_EQ(layers_painted(), "") << "nothing is asked for again";
+}
+
+TEST_F(LineCursorTest, IsDrawnInItsColourWhereTheTimeIs) {
+    send("linecursorcolor 0 0 1 1");
+    move_to_page(0.5);
+    const Rect& display = box.maindisplay.rect;
+    EXPECT_EQ(pixel(display.x + display.width / 2, display.y + 50), 0x0000ffu);
+    EXPECT_EQ(pixel(display.x + display.width / 2, box.layout[Part::TimeDisplay].y + 2), 0x0000ffu);
+    move_to_page(1.5);
+    EXPECT_NE(pixel(display.x + display.width / 2, display.y + 50), 0x0000ffu);
+}
+
+TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
+    paint();
+    EXPECT_EQ(layers_painted(), "") << "everything is valid";
+    struct {
+        const char *message, *layers;
+    } const rows[] = {
+        {"zoom_hor 0.2", "maindisplay_layer"},
+        {"scroll_vert 0.3", "maindisplay_layer"},
+        {"zoom_out_all", "maindisplay_layer"},
+        {"cycle 1", ""},
+        {"position 2000", "linecursor_layer"},
+        {"linecursorcolor 0 1 0 1", "linecursor_layer"},
+        {"maindisplaywhitekeycolor 1 1 0 1", "maindisplay_layer"},
+        {"event start 500 duration 250 <note> 60 100 </note>", "maindisplay_layer"},
+        {"track_add three", "maindisplay_layer"},
+        {"track_mute 0 1", ""},
+        {"track_visible 0 0", "maindisplay_layer"},
+        {"maxtime 20000", "maindisplay_layer"},
+        {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer"},
+        {"snaptime 1", ""},
+    };
+    for (const auto& row : rows) {
+        send(row.message);
+        EXPECT_EQ(layers_painted(), row.layers) << row.message;
+    }
+    box.maindisplay.mousemode = 3;
+    EXPECT_EQ(layers_painted(), "centeredtext_layer");
+    ViewTest::resize(900, 600);
+    box.layers.drawn.clear();
+    ViewTest::resize(901, 600);
+    EXPECT_EQ(box.layers.drawn.size(), 4u) << "background, main display, hint, border";
+}
+
+struct ShapesTest : PaintTest {
+    ShapesTest() {
+        send("zoom_out_all");
+        paint();
+    }
+    std::vector<EventShape> shapes(bool labels = false, bool curves = false) {
+        return build_event_shapes(track(0), EventView(box, 1), {labels, curves, nullptr});
+    }
+    Event& add(double start, double duration, double pitch) {
+        send("event start " + std::to_string(start) + " duration " + std::to_string(duration) + " <note> " +
+             std::to_string(pitch) + " 100 </note>");
+        return *track(0).events.first_at_or_after(start);
+    }
+};
+
+TEST_F(ShapesTest, EventsOffScreenAreNotThere) {
+    for (double start : {0., 4000., 9000.})
+        for (double pitch : {0., 60., 131.}) add(start, 500, pitch);
+    EXPECT_EQ(shapes().size(), 9u);
+    TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(box, {0.1, 0.1, 0.45, 0.55});
+    ASSERT_EQ(shapes().size(), 1u);
+    EXPECT_EQ(shapes()[0].event->pitch, 60);
+    EXPECT_EQ(shapes()[0].event->start, 4000);
+}
+
+TEST_F(ShapesTest, ALongNoteThatBeganLongAgoIsThere) {
+    add(0, 9000, 60);
+    TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(box, {0.2, 0, 0.7, 0});
+    ASSERT_EQ(shapes().size(), 1u);
+    EXPECT_LT(shapes()[0].rect.x, 0);
+}
+
+TEST_F(ShapesTest, ACurveThatReachesIntoTheViewIsThereWithoutItsEvent) {
+    send("event start 4000 duration 500 <note> 10 100 </note> <bpf> Pitch 0 0 250 80 500 0 </bpf>");
+    TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(box, {0, 0.1, 0, 0.5});
+    EXPECT_EQ(shapes(false, false).size(), 0u);
+    ASSERT_EQ(shapes(false, true).size(), 1u);
+    EXPECT_FALSE(shapes(false, true)[0].body);
+}
+
+TEST_F(ShapesTest, OfManyEventsOnTheSamePixelsOneIsEnough) {
+    std::vector<EventRef> events;
+    for (int i = 0; i < 100000; ++i) {
+        EventRef e = make_ref<Event>();
+        e->id = i + 1000;
+        e->start = i * 0.1;
+        e->duration = 0.05;
+        e->pitch = 60;
+        events.push_back(e);
+    }
+    TQ_Prseq_Tracks_InsertAllEvents(box, track(0), std::move(events));
+    const double columns = box.maindisplay.rect.width + 4;
+    EXPECT_LE(shapes().size(), static_cast<size_t>(columns));
+    EXPECT_GE(shapes().size(), static_cast<size_t>(columns - 10));
+    add(5000, 3000, 60).selected = true;
+    EXPECT_TRUE(shapes().back().event->selected) << "a selected event is not hidden by others";
+}
+
+}  // namespace
+}  // namespace tq

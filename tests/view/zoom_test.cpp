@@ -1,0 +1,164 @@
+#include "view/zoom.h"
+
+#include "model/tracks.h"
+#include "view/mousewheel.h"
+#include "view/sector.h"
+#include "view_fixture.h"
+
+namespace tq {
+namespace {
+
+struct ZoomTest : ViewTest {
+    ZoomTest() { resize(1000, 600); }
+    Sector sector() {
+        paint();
+        return TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(box,
+                                                                  TQ_Prseq_Zoom_GetZoomScrollObjectNow(box));
+    }
+    void expect_sector(const Sector& wanted) {
+        Sector s = sector();
+        EXPECT_NEAR(s.start, wanted.start, 1e-6);
+        EXPECT_NEAR(s.toppitch, wanted.toppitch, 1e-9);
+        EXPECT_NEAR(s.duration, wanted.duration, 1e-6);
+        EXPECT_NEAR(s.span, wanted.span, 1e-9);
+    }
+};
+
+TEST_F(ZoomTest, SettersHoldTheirValues) {
+    send("zoom_hor 2");
+    send("zoom_vert -1");
+    send("scroll_hor 0.25");
+    send("scroll_vert 7.");
+    EXPECT_EQ(box.horizontalzoom, 1);
+    EXPECT_EQ(box.verticalzoom, 0);
+    EXPECT_EQ(box.horizontalscroll, 0.25);
+    EXPECT_EQ(box.verticalscroll, 1);
+    EXPECT_TRUE(said.empty()) << "setters report nothing";
+    paint();
+    EXPECT_NEAR(box.maindisplay.horizontalzoom, 32, 1e-12);
+    EXPECT_NEAR(box.maindisplay.horizontalscroll, 0.25 * (32000 - 780), 1e-6);
+    EXPECT_NEAR(box.maindisplay.rowheight * 132, box.maindisplay.rect.height, 1e-9);
+}
+
+TEST_F(ZoomTest, ANewBoxShowsItsFirstView) {
+    EXPECT_EQ(TQ_Prseq_Zoom_GetZoomScrollObjectNow(box), (ZoomScroll{0.04, 0.02, 0, 0.5}));
+    ViewTest::resize(700, 500);
+    EXPECT_EQ(box.horizontalzoom, 0.04) << "another size leaves the unity values alone";
+}
+
+TEST_F(ZoomTest, ASectorAndItsViewAreInverse) {
+    for (const Sector& wanted :
+         {Sector{1000, 72, 2500, 24}, {0, 131, 10000, 132}, {9000, 11, 1000, 12}, {5000.5, 60.25, 250, 1}}) {
+        TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(
+            box, TQ_Prseq_Zoom_CalculateZoomAndScrollValuesForGivenSector(box, wanted));
+        expect_sector(wanted);
+    }
+}
+
+TEST_F(ZoomTest, ZoomOutAllShowsEverything) {
+    send("zoom_hor 0.5");
+    send("scroll_vert 1");
+    send("zoom_out_all");
+    expect_sector({0, 131, 10000, 132});
+    EXPECT_EQ(said.size(), 4u) << "all four values are reported";
+}
+
+TEST_F(ZoomTest, ZoomingInAndOutKeepsTheMiddle) {
+    send("zoom_out_all");
+    paint();
+    send("zoom_in");
+    expect_sector({2500, 98, 5000, 66});
+    send("zoom_in");
+    expect_sector({3750, 81.5, 2500, 33});
+    send("zoom_out");
+    expect_sector({2500, 98, 5000, 66});
+    send("zoom_out");
+    send("zoom_out");
+    expect_sector({0, 131, 10000, 132});
+}
+
+TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {
+    send("zoom_to_selection");
+    EXPECT_TRUE(said.empty()) << "nothing is selected";
+    for (const char* event : {"event start 1000 duration 3000 <note> 60 100 </note>",
+                              "event start 2000 duration 500 <note> 67 100 </note>"})
+        send(event);
+    box.tracks[0]->events.for_each([&](Event& event) { box.selection.push_back(&event); });
+    send("zoom_to_selection");
+    expect_sector({1000, 67, 3000, 8});
+}
+
+TEST_F(ZoomTest, AnAnimatedZoomTakesHalfASecondInEqualSteps) {
+    send("zoom_out_all");
+    paint();
+    said.clear();
+    send("zoom_animation 1");
+    Scheduler& scheduler = session.host().scheduler;
+    scheduler.run_until(scheduler.now() + 12345.625);
+    double start = scheduler.now();
+    send("zoom_in");
+    EXPECT_EQ(said.front(), "zoomvert 0.") << "the report is of the view at the start";
+    scheduler.run_until(start + 19.9);
+    expect_sector({0, 131, 10000, 132});
+    scheduler.run_until(start + 20);
+    expect_sector({100, 131 - 33 / 25., 10000 - 200, 132 - 66 / 25.});
+    scheduler.run_until(start + 499);
+    EXPECT_GT(sector().duration, 5000 + 100);
+    scheduler.run_until(start + 500);
+    expect_sector({2500, 98, 5000, 66});
+    ZoomScroll arrived = TQ_Prseq_Zoom_GetZoomScrollObjectNow(box);
+    scheduler.run_until(start + 2000);
+    EXPECT_EQ(TQ_Prseq_Zoom_GetZoomScrollObjectNow(box), arrived);
+    EXPECT_FALSE(scheduler.next_due()) << "the clock has stopped";
+}
+
+TEST_F(ZoomTest, ANewZoomDuringAnAnimationStartsFromWhatIsSeen) {
+    send("zoom_animation 1");
+    send("zoom_out_all");
+    Scheduler& scheduler = session.host().scheduler;
+    scheduler.run_until(scheduler.now() + 200);
+    Sector halfway = sector();
+    send("zoom_out_all");
+    EXPECT_EQ(box.zoomanimation.start, halfway);
+    scheduler.run_until(scheduler.now() + 480);
+    EXPECT_LT(sector().duration, 10000);
+    scheduler.run_until(scheduler.now() + 20);
+    expect_sector({0, 131, 10000, 132});
+}
+
+TEST_F(ZoomTest, TheTimelineGrowsToWholeSeconds) {
+    for (auto [asked, length] :
+         {std::pair{12000., 14000.}, {9000., 14000.}, {14000.1, 16000.}, {16900., 19000.}}) {
+        said.clear();
+        prseq_resize_maxtime(box, asked);
+        EXPECT_EQ(box.timelinelength, length) << asked;
+        EXPECT_NE(said.back().find("maxtime"), std::string::npos);
+    }
+    EXPECT_EQ(box.horizontalscroll, 0);
+    paint();
+    EXPECT_NEAR(box.maindisplay.horizontalzoomcoefficient, 1 / 1900., 1e-15);
+}
+
+TEST_F(ZoomTest, TheWheelScrollsByDivisionsAndRows) {
+    send("zoom_hor 0.5");
+    send("scroll_hor 0.5");
+    send("zoom_vert 0.5");
+    paint();
+    const MainDisplay before = box.maindisplay;
+    prseq_mousewheel(box, 500, 300, 0, 0.039062, 0);
+    paint();
+    EXPECT_NEAR(box.maindisplay.horizontalscroll, before.horizontalscroll - before.bigbarsize, 1e-6);
+    EXPECT_EQ(said.size(), 1u);
+    prseq_mousewheel(box, 500, 300, 0, 0, -2 * 0.039062);
+    paint();
+    EXPECT_NEAR(box.maindisplay.verticalscroll, before.verticalscroll + 2 * before.rowheight, 1e-6);
+    EXPECT_EQ(box.verticalscroll, box.vertscrollbar.scrollunityvalue);
+    said.clear();
+    for (auto [x, y] :
+         {std::pair{500., 10.}, {10., 300.}, {500., 30.}, {180., 300.}, {990., 300.}, {500., 590.}})
+        prseq_mousewheel(box, x, y, 0, 1, 1);
+    EXPECT_TRUE(said.empty()) << "elsewhere the wheel scrolls nothing";
+}
+
+}  // namespace
+}  // namespace tq
