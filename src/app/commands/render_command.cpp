@@ -37,14 +37,16 @@ bool write_midi(const NoteListener& notes, const Recorder& recorder, const std::
     return false;
 }
 
-bool write_picture(Session& session, const RenderCommand& command) {
-    GraphicsRuntime graphics(GraphicsRuntime::Screen::Never);
-    Prseq& box = session.box();
+/// Lays the box out in the picture's size: a document's view is meant for the box that it is opened in.
+void lay_out(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
     Size size = command.size.empty() ? Size{1200, 700} : *parse_size(command.size);
-    box.width = size.width;
-    box.height = size.height;
-    OffscreenPainter painter;
-    painter.paint(box);
+    session.box().width = size.width;
+    session.box().height = size.height;
+    painter.paint(session.box());
+}
+
+bool write_picture(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
+    Prseq& box = session.box();
     if (is_midi_file(command.file)) {  // a document has its own view, a MIDI file is shown whole
         box.zoom_animation = false;
         prseq_zoom_out_all(box);
@@ -64,9 +66,15 @@ int run_render(const RenderCommand& command) {
     Session session;
     FaultPrinter faults;
     session.listen(faults);
+    std::optional<GraphicsRuntime> graphics;
+    OffscreenPainter painter;
+    if (!command.png.empty()) {
+        graphics.emplace(GraphicsRuntime::Screen::Never);
+        lay_out(session, painter, command);
+    }
     if (!session.open(command.file)) return 1;
     // The picture first: playing moves the line cursor.
-    if (!command.png.empty() && !write_picture(session, command)) return 1;
+    if (!command.png.empty() && !write_picture(session, painter, command)) return 1;
     if (command.wav.empty() && command.midi.empty()) return 0;
 
     NoteListener notes(session);

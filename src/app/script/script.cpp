@@ -27,6 +27,7 @@ Script::Script(const ScriptOptions& options, std::ostream& out) : out_(out), tim
     session_.box().width = options.width;
     session_.box().height = options.height;
     session_.listen(*this);
+    paint_if_asked();  // a document's view is meant for the box as it is laid out
     if (!options.document.empty()) session_.open(options.document);
     paint_if_asked();
 }

@@ -1,6 +1,7 @@
 #include "host/graphics_runtime.h"
 
 #include <QApplication>
+#include <cstdio>
 #include <string>
 
 namespace tq {
@@ -23,6 +24,12 @@ void choose_platform(GraphicsRuntime::Screen screen) {
     }
 }
 
+/// The toolkit's warnings, without the one that a machine without a login session has no runtime folder: nothing
+/// here needs one.
+void say_warning(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith("QStandardPaths: XDG_RUNTIME_DIR")) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 }  // namespace
 
 /// The toolkit keeps references to the arguments, so they live beside it.
@@ -37,6 +44,7 @@ struct GraphicsRuntime::Application {
 
 GraphicsRuntime::GraphicsRuntime(Screen screen, const char* program) {
     choose_platform(screen);
+    qInstallMessageHandler(say_warning);
     application_ = std::make_unique<Application>(program);
 }
 
