@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <vector>
 
@@ -23,6 +24,10 @@ struct EventKey {
         return entry.start != start ? entry.start < start : entry.event->id < id;
     }
 };
+
+inline bool in_order(const EventEntry& a, const EventEntry& b) {
+    return a.start != b.start ? a.start < b.start : a.event->id < b.event->id;
+}
 
 class EventLeaf {
   public:
@@ -60,10 +65,14 @@ class EventLeaf {
     }
     void set_end(const EventKey& key, double end) { entries_[place(key)].end = end; }
     /// For filling, in order, up to the capacity.
-    void append(EventRef event) {
+    void append(EventEntry entry) {
         if (entries_.empty()) entries_.reserve(capacity);
-        double start = event->start, end = event->end();
-        entries_.push_back({start, end, std::move(event)});
+        entries_.push_back(std::move(entry));
+    }
+    /// Moves all entries out, in order.
+    void empty_into(std::vector<EventEntry>& entries) {
+        std::move(entries_.begin(), entries_.end(), std::back_inserter(entries));
+        entries_.clear();
     }
 
     Event* at(size_t index) const { return entries_[index].event.get(); }
@@ -140,11 +149,15 @@ class EventBranch {
         children_[c].set_end(key, end);
         ends_[c] = children_[c].latest_end();
     }
-    void append(EventRef event) {
+    void empty_into(std::vector<EventEntry>& entries) {
+        for (Child& child : children_) child.empty_into(entries);
+        *this = {};
+    }
+    void append(EventEntry entry) {
         if (children_.empty() || children_.back().full()) append_child();
         size_t c = children_.size() - 1;
-        double start = event->start, end = event->end();
-        children_[c].append(std::move(event));
+        double start = entry.start, end = entry.end;
+        children_[c].append(std::move(entry));
         if (counts_[c]++ == 0) starts_[c] = start;
         ends_[c] = std::max(ends_[c], end);
     }
