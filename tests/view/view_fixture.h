@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "app/patch/session.h"
+#include "host/graphics.h"
 #include "host/image.h"
-#include "view/paint_offscreen.h"
+#include "view/draw.h"
 
 namespace tq {
 
@@ -30,7 +31,12 @@ struct ViewTest : testing::Test, SessionListener {
         box.height = height;
         paint();
     }
-    SurfaceRef paint(double ratio = 1) { return picture = paint_to_surface(box, ratio); }
+    SurfaceRef paint(double ratio = 1) {
+        picture = jgraphics_image_surface_create(box.width, box.height, ratio);
+        Graphics g(*picture);
+        prseq_paint(box, g);
+        return picture;
+    }
     /// The names of the layers that a paint draws anew.
     std::string layers_painted() {
         box.layers.drawn.clear();

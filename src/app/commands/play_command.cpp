@@ -8,10 +8,9 @@
 
 #include "app/commands/commands.h"
 #include "app/commands/faults.h"
+#include "app/patch/loudspeaker.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/real_time.h"
-#include "app/sound/audio_output.h"
-#include "app/sound/error.h"
 
 namespace tq {
 
@@ -42,16 +41,9 @@ class Printer : public SessionListener {
 
 /// The loudspeaker, or none, which is said once.
 std::unique_ptr<AudioOutput> open_audio() {
-    std::string reason;
-    try {
-        auto audio = std::make_unique<AudioOutput>();
-        reason = audio->open();
-        if (reason.empty()) return audio;
-    } catch (const SoundError& error) {
-        reason = error.what();
-    }
-    std::fprintf(stderr, "sorvo: no sound: %s\n", reason.c_str());
-    return nullptr;
+    Loudspeaker loudspeaker = open_loudspeaker();
+    if (!loudspeaker.output) std::fprintf(stderr, "sorvo: no sound: %s\n", loudspeaker.reason.c_str());
+    return std::move(loudspeaker.output);
 }
 
 void show_progress(const Prseq& box, bool last) {

@@ -24,9 +24,8 @@ void choose_platform(GraphicsRuntime::Screen screen) {
     }
 }
 
-/// The toolkit's warnings, without the one that a machine without a login session has no runtime folder: nothing
-/// here needs one.
-void say_warning(QtMsgType, const QMessageLogContext&, const QString& text) {
+/// Where there is no session, as in a container, the toolkit remarks on it; nobody needs to know.
+void say(QtMsgType, const QMessageLogContext&, const QString& text) {
     if (!text.startsWith("QStandardPaths: XDG_RUNTIME_DIR")) std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
@@ -43,8 +42,8 @@ struct GraphicsRuntime::Application {
 };
 
 GraphicsRuntime::GraphicsRuntime(Screen screen, const char* program) {
+    qInstallMessageHandler(say);
     choose_platform(screen);
-    qInstallMessageHandler(say_warning);
     application_ = std::make_unique<Application>(program);
 }
 

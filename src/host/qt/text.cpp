@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QStaticText>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -22,11 +23,17 @@ struct FontHash {
     }
 };
 
+/// A text made ready for drawing.
+struct Line {
+    QStaticText text;
+    Size size;
+};
+
 /// A font as the machine has it; `font.size` is in pixels of the screen here.
 struct Face {
     QFont font;
     QFontMetricsF metrics;
-    std::unordered_map<std::string, Size> measured;
+    std::unordered_map<std::string, Line> lines;
 };
 
 /// The family itself when the machine has it, else one like it.
@@ -57,12 +64,26 @@ Face& face_of(const JFont& asked, double ratio) {
     return faces.emplace(font, Face{qt, QFontMetricsF(qt), {}}).first->second;
 }
 
-Size measure(Face& face, const std::string& text) {
-    if (auto found = face.measured.find(text); found != face.measured.end()) return found->second;
-    if (face.measured.size() >= cache_limit) face.measured.clear();
-    Size size{std::ceil(face.metrics.horizontalAdvance(QString::fromStdString(text))),
-              std::ceil(face.metrics.height())};
-    return face.measured.emplace(text, size).first->second;
+const Line& line_of(Face& face, const std::string& key, const QString& text) {
+    if (auto found = face.lines.find(key); found != face.lines.end()) return found->second;
+    if (face.lines.size() >= cache_limit) face.lines.clear();
+    Line line{QStaticText(text),
+              {std::ceil(face.metrics.horizontalAdvance(text)), std::ceil(face.metrics.height())}};
+    line.text.setTextFormat(Qt::PlainText);
+    line.text.prepare({}, face.font);
+    return face.lines.emplace(key, std::move(line)).first->second;
+}
+
+const Line& line_of(Face& face, const std::string& text) {
+    if (auto found = face.lines.find(text); found != face.lines.end()) return found->second;
+    return line_of(face, text, QString::fromStdString(text));
+}
+
+/// The text cut to a width in pixels of the screen.
+const Line& cut_line(Face& face, const std::string& text, double width) {
+    const std::string key = text + '\0' + std::to_string(static_cast<int>(width));
+    if (auto found = face.lines.find(key); found != face.lines.end()) return found->second;
+    return line_of(face, key, face.metrics.elidedText(QString::fromStdString(text), Qt::ElideRight, width));
 }
 
 /// Where something of a length starts between two ends: at the first, in the middle or at the last.
@@ -77,7 +98,7 @@ JFont jfont_create(std::string family, double size, bool italic, bool bold) {
 }
 
 Size jtextlayout_measure(const std::string& text, const JFont& font) {
-    return measure(face_of(font, 1), text);
+    return line_of(face_of(font, 1), text).size;
 }
 
 void jtextlayout_draw(Graphics& g, const JTextLayout& layout) {
@@ -85,19 +106,14 @@ void jtextlayout_draw(Graphics& g, const JTextLayout& layout) {
     Graphics::Painter& p = g.painter();
     Face& face = face_of(layout.font, p.ratio);
     QRectF box = p.device(layout.box);
-    Size size = measure(face, layout.text);
-    QString text = QString::fromStdString(layout.text);
-    if (layout.ellipsis && size.width > box.width()) {
-        text = face.metrics.elidedText(text, Qt::ElideRight, box.width());
-        size.width = face.metrics.horizontalAdvance(text);
-        if (size.width > box.width()) return;  // not even the ellipsis fits
-    }
-    double x = justified(box.x(), box.width(), size.width, static_cast<int>(layout.horizontal));
-    double y = justified(box.y(), box.height(), size.height, static_cast<int>(layout.vertical));
+    const Line* line = &line_of(face, layout.text);
+    if (layout.ellipsis && line->size.width > box.width()) line = &cut_line(face, layout.text, box.width());
+    if (layout.ellipsis && line->size.width > std::ceil(box.width())) return;  // not even the ellipsis fits
+    double x = justified(box.x(), box.width(), line->size.width, static_cast<int>(layout.horizontal));
+    double y = justified(box.y(), box.height(), line->size.height, static_cast<int>(layout.vertical));
     p.qt.setFont(face.font);
     p.qt.setPen(to_qcolor(layout.color));
-    p.qt.drawText(QPointF(std::floor(x + 0.5), std::floor(y + 0.5) + std::round(face.metrics.ascent())),
-                  text);
+    p.qt.drawStaticText(QPointF(std::floor(x + 0.5), std::floor(y + 0.5)), line->text);
 }
 
 }  // namespace tq

@@ -1,0 +1,74 @@
+#include "app/window/box_widget.h"
+
+#include <QPainter>
+#include <QWheelEvent>
+
+#include "app/window/wheel.h"
+#include "host/graphics.h"
+#include "host/qt/painter.h"
+#include "shell/change.h"
+#include "view/draw.h"
+#include "view/mousewheel.h"
+
+namespace tq {
+
+namespace {
+
+constexpr int least_width = 200, least_height = 240;
+
+}  // namespace
+
+BoxWidget::BoxWidget(Session& session, SessionTimer& timer) : session_(session), timer_(timer) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(least_width, least_height);
+    session_.listen(*this);
+}
+
+void BoxWidget::redraw() {
+    stale_ = true;
+    update();
+}
+
+void BoxWidget::paint_box() {
+    const Size size{session_.box().width, session_.box().height};
+    const double ratio = devicePixelRatioF();
+    if (!picture_ || picture_->size() != size || picture_->ratio() != ratio)
+        picture_ = jgraphics_image_surface_create(size.width, size.height, ratio);
+    stale_ = false;  // before painting, which may ask for another paint
+    Graphics g(*picture_);
+    prseq_paint(session_.box(), g);
+}
+
+void BoxWidget::paintEvent(QPaintEvent*) {
+    if (stale_ || !picture_ || picture_->ratio() != devicePixelRatioF()) {
+        paint_box();
+        painted();
+    }
+    QPainter painter(this);
+    painter.scale(1 / picture_->ratio(), 1 / picture_->ratio());
+    painter.drawImage(0, 0, picture_->image().pixels);
+}
+
+void BoxWidget::resizeEvent(QResizeEvent*) {
+    session_.box().width = width();
+    session_.box().height = height();
+    redraw();
+}
+
+void BoxWidget::wheelEvent(QWheelEvent* event) {
+    const bool sideways = event->modifiers() & Qt::ShiftModifier;
+    const WheelDelta delta =
+        wheel_delta(event->angleDelta(), event->pixelDelta(), sideways, session_.box().maindisplay);
+    timer_.act([&] {
+        prseq_mousewheel(session_.box(), event->position().x(), event->position().y(), 0, delta.dx, delta.dy);
+    });
+    event->accept();
+}
+
+void BoxWidget::set_focus(bool focus) {
+    session_.box().focus = focus;
+    prseq_show(session_.box(), Change::UpperDisplay);
+}
+
+}  // namespace tq

@@ -1,0 +1,39 @@
+// The box on the screen.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "app/patch/session.h"
+#include "app/window/session_timer.h"
+#include "host/image.h"
+
+namespace tq {
+
+/// Shows a session's box at the widget's size and the screen's pixel ratio, and hands it what a person does
+/// to it.
+class BoxWidget : public QWidget, private SessionListener {
+ public:
+    BoxWidget(Session& session, SessionTimer& timer);
+    /// Called after every paint of the box.
+    std::function<void()> painted = [] {};
+
+ protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent*) override { set_focus(true); }
+    void focusOutEvent(QFocusEvent*) override { set_focus(false); }
+
+ private:
+    void redraw() override;
+    void paint_box();
+    void set_focus(bool focus);
+
+    Session& session_;
+    SessionTimer& timer_;
+    SurfaceRef picture_;
+    bool stale_ = true;
+};
+
+}  // namespace tq

@@ -1,0 +1,146 @@
+#include "app/window/main_window.h"
+
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "app/patch/import.h"
+#include "app/window/box_widget.h"
+#include "app/window/console.h"
+#include "app/window/transport_bar.h"
+#include "view/zoom_commands.h"
+
+namespace tq {
+
+namespace {
+
+constexpr int first_width = 1200, first_height = 740, console_height = 160;
+
+/// The file that is dragged, or an empty path.
+QString dragged_file(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Loudspeaker loudspeaker)
+    : loudspeaker_(std::move(loudspeaker)),
+      timer_(session_.host().scheduler),
+      notes_(session_),
+      box_(new BoxWidget(session_, timer_)),
+      console_(new Console(session_)),
+      bar_(new TransportBar),
+      splitter_(new QSplitter(Qt::Vertical)) {
+    build();
+    connect_parts();
+    listen_to_loudspeaker();
+    refresh();
+}
+
+MainWindow::~MainWindow() {
+    if (loudspeaker_.output) loudspeaker_.output->close();
+    // The widgets listen to the session and send to it, so they go first.
+    delete bar_;
+    delete splitter_;
+}
+
+void MainWindow::build() {
+    splitter_->addWidget(box_);
+    splitter_->addWidget(console_);
+    splitter_->setStretchFactor(0, 1);
+    splitter_->setCollapsible(0, false);
+    console_->hide();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(splitter_, 1);
+    layout->addWidget(bar_);
+    resize(first_width, first_height);
+    setAcceptDrops(true);
+    box_->setFocus();
+}
+
+void MainWindow::connect_parts() {
+    box_->painted = [this] { refresh(); };
+    console_->entered = [this](const std::string& line) { send(line); };
+    bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
+    bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
+    bar_->tempo = [this](double bpm) { timer_.act([&] { itm_settempo(*session_.box().transport, bpm); }); };
+    bar_->console = [this](bool open) { show_console(open); };
+    auto* space = new QShortcut(Qt::Key_Space, this);
+    connect(space, &QShortcut::activated, this, [this] { toggle_play(); });
+    auto* console = new QShortcut(Qt::CTRL | Qt::Key_K, this);
+    connect(console, &QShortcut::activated, this, [this] { show_console(console_->isHidden()); });
+    auto* quit = new QShortcut(QKeySequence::Quit, this);
+    connect(quit, &QShortcut::activated, this, &QWidget::close);
+}
+
+void MainWindow::listen_to_loudspeaker() {
+    if (!loudspeaker_.output) {
+        bar_->show_status(QString::fromStdString("no audio device: " + loudspeaker_.reason));
+        return;
+    }
+    notes_.add(*loudspeaker_.output);
+    loudspeaker_.output->start(session_.host().scheduler.now());
+    bar_->volume = [this](double volume) { loudspeaker_.output->set_volume(volume); };
+}
+
+bool MainWindow::open(const std::string& path) {
+    bool opened = false;
+    timer_.act([&] {
+        opened = session_.open(path);
+        if (opened && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
+            const bool animation = std::exchange(session_.box().zoom_animation, false);
+            prseq_zoom_out_all(session_.box());
+            session_.box().zoom_animation = animation;
+        }
+    });
+    if (!opened) show_console(true);
+    refresh();
+    return opened;
+}
+
+void MainWindow::send(const std::string& message) {
+    timer_.act([&] { session_.send(message); });
+    refresh();
+}
+
+void MainWindow::toggle_play() { send(session_.box().playing ? "int 0" : "int 1"); }
+
+void MainWindow::show_console(bool open) {
+    console_->setVisible(open);
+    bar_->show_console_open(open);
+    if (open) {
+        splitter_->setSizes({splitter_->height() - console_height, console_height});
+        console_->line().setFocus();
+    } else {
+        box_->setFocus();
+    }
+}
+
+void MainWindow::refresh() {
+    const Prseq& box = session_.box();
+    bar_->show_state({.playing = box.playing,
+                      .loop = box.cycle.active,
+                      .position = box.linecursor.position,
+                      .tempo = itm_gettempo(*box.transport)});
+    const QString file = QFileInfo(QString::fromStdString(box.info.filename)).fileName();
+    setWindowTitle((file.isEmpty() ? QString::fromStdString(box.info.title) : file) + "[*] – sorvo");
+    setWindowModified(box.info.dirty);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!dragged_file(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString file = dragged_file(event->mimeData());
+    if (!file.isEmpty()) open(file.toStdString());
+}
+
+}  // namespace tq

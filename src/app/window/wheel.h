@@ -1,0 +1,20 @@
+// Turns of a mouse wheel, or strokes on a touchpad, as the box takes them.
+#pragma once
+
+#include <QPoint>
+
+#include "view/records.h"
+
+namespace tq {
+
+struct WheelDelta {
+    double dx = 0, dy = 0;
+    friend bool operator==(const WheelDelta&, const WheelDelta&) = default;
+};
+
+/// `angle` is in eighths of a degree, `pixels` is what a touchpad says beside it, or zero. A notch of a wheel
+/// scrolls by three rows, or by one main division; a touchpad by just as many pixels as it says. `sideways`
+/// turns an upright wheel into a horizontal one.
+WheelDelta wheel_delta(QPoint angle, QPoint pixels, bool sideways, const MainDisplay& md);
+
+}  // namespace tq

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <stdexcept>
+
+#include "app/window/box_widget.h"
+#include "app/window/main_window.h"
+#include "app/window/transport_bar.h"
+#include "app/window/wheel.h"
+
+namespace tq {
+namespace {
+
+struct WindowTest : testing::Test {
+    MainWindow window{Loudspeaker{nullptr, "not in a test"}};
+    Session& session = window.session();
+    Prseq& box = session.box();
+
+    WindowTest() {
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+    template <typename Widget>
+    Widget& part(const char* name = "") {
+        return *window.findChild<Widget*>(name);
+    }
+    BoxWidget& box_widget() {
+        for (QWidget* widget : window.findChildren<QWidget*>())
+            if (auto* found = dynamic_cast<BoxWidget*>(widget)) return *found;
+        throw std::logic_error("no box");
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+    QString console_text() { return part<QPlainTextEdit>("console text").toPlainText(); }
+    void enter(const char* line) {
+        part<QLineEdit>("console line").setFocus();
+        QTest::keyClicks(&part<QLineEdit>("console line"), line);
+        QTest::keyClick(&part<QLineEdit>("console line"), Qt::Key_Return);
+    }
+};
+
+TEST_F(WindowTest, TheBoxFillsTheWindowAndFollowsItsSize) {
+    QSize size = box_widget().size();
+    EXPECT_EQ(box.width, size.width());
+    EXPECT_EQ(box.height, size.height());
+    window.resize(900, 500);
+    QTest::qWait(20);
+    EXPECT_EQ(box.width, 900);
+    EXPECT_EQ(box.maindisplay.rect.width, 900 - 165 - 40 - 15) << "painted at the new size";
+}
+
+TEST_F(WindowTest, TheWindowShowsThePictureOfTheBox) {
+    session.send("upperdisplaycolor 1 0 0 1");
+    QTest::qWait(20);
+    QImage picture = window.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(picture.width() - 5, 5), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(0, 100), QColor(Qt::black)) << "the border, to the edge";
+}
+
+TEST_F(WindowTest, SpaceStartsAndStopsAndTimePasses) {
+    press(Qt::Key_Space);
+    EXPECT_TRUE(box.playing);
+    EXPECT_TRUE(part<QToolButton>("play").isChecked());
+    QElapsedTimer clock;
+    clock.start();
+    while (box.linecursor.position < 200 && clock.elapsed() < 5000) QTest::qWait(10);
+    EXPECT_GE(box.linecursor.position, 200);
+    EXPECT_LE(box.linecursor.position, static_cast<double>(clock.elapsed()) + 50)
+        << "not faster than real time";
+    press(Qt::Key_Space);
+    EXPECT_FALSE(box.playing);
+    EXPECT_FALSE(part<QToolButton>("play").isChecked());
+}
+
+TEST_F(WindowTest, TheConsoleSendsLinesAndShowsWhatTheBoxSays) {
+    EXPECT_TRUE(part<QLineEdit>("console line").isHidden() || !part<QLineEdit>("console line").isVisible());
+    press(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_TRUE(part<QLineEdit>("console line").isVisible());
+    enter("track_add a b");
+    enter("mouse nonsense");
+    EXPECT_EQ(box.tracks.size(), 1u);
+    EXPECT_FALSE(box.playing) << "a blank in a line is not the shortcut";
+    EXPECT_TRUE(console_text().contains("> track_add a b"));
+    EXPECT_TRUE(console_text().contains("error tq.sorvo: ")) << console_text().toStdString();
+    enter("getdirty");
+    EXPECT_TRUE(console_text().endsWith("dirty 1")) << console_text().toStdString();
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    EXPECT_EQ(part<QLineEdit>("console line").text(), "mouse nonsense");
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(part<QLineEdit>("console line").text(), "");
+}
+
+TEST_F(WindowTest, TheBarShowsAndSetsWhatTheBoxDoes) {
+    session.send("cycle 1");
+    QTest::qWait(20);
+    EXPECT_TRUE(part<QToolButton>("loop").isChecked());
+    QTest::mouseClick(&part<QToolButton>("loop"), Qt::LeftButton);
+    EXPECT_FALSE(box.cycle.active);
+    itm_settempo(*box.transport, 90);
+    session.send("position 61234");
+    session.send("maxtime 90000");
+    session.send("position 61234");
+    QTest::qWait(20);
+    bool shown = false;
+    for (QLabel* label : window.findChildren<QLabel*>()) shown = shown || label->text() == "01:01.234";
+    EXPECT_TRUE(shown);
+    shown = false;
+    for (QLabel* label : window.findChildren<QLabel*>())
+        shown = shown || label->text().contains("no audio device");
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(WindowTest, AFileThatCannotBeOpenedIsSaidOnTheConsole) {
+    EXPECT_FALSE(window.open("/nowhere/at/all.json"));
+    EXPECT_TRUE(part<QPlainTextEdit>("console text").isVisible());
+    EXPECT_TRUE(console_text().contains("all.json")) << console_text().toStdString();
+}
+
+TEST_F(WindowTest, TheWheelScrollsUnderThePointer) {
+    session.send("zoom_vert 0.2");
+    QTest::qWait(20);
+    double before = box.maindisplay.verticalscroll;
+    QPointF at(600, 300);
+    QWheelEvent down(at, at, QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                     false);
+    QApplication::sendEvent(&box_widget(), &down);
+    QTest::qWait(20);
+    EXPECT_NEAR(box.maindisplay.verticalscroll, before + 3 * box.maindisplay.rowheight, 1e-6);
+}
+
+TEST(Wheel, NotchesAndPixelsAreTurnedIntoUnits) {
+    constexpr double unit = 0.039062;
+    MainDisplay md;
+    md.rowheight = 10;
+    md.bigbarsize = 200;
+    EXPECT_EQ(wheel_delta({0, 120}, {}, false, md), (WheelDelta{0, 3 * unit}));
+    EXPECT_EQ(wheel_delta({-120, 0}, {}, false, md), (WheelDelta{-unit, 0}));
+    EXPECT_EQ(wheel_delta({0, 120}, {}, true, md), (WheelDelta{unit, 0}));
+    EXPECT_EQ(wheel_delta({0, 40}, {0, 25}, false, md), (WheelDelta{0, unit * 2.5}));
+    EXPECT_EQ(wheel_delta({40, 0}, {50, 0}, false, md), (WheelDelta{unit * 0.25, 0}));
+}
+
+TEST(TransportBarText, PositionsAreMinutesSecondsAndMilliseconds) {
+    EXPECT_EQ(position_text(0), "00:00.000");
+    EXPECT_EQ(position_text(61005.9), "01:01.005");
+    EXPECT_EQ(position_text(7200000), "120:00.000");
+}
+
+}  // namespace
+}  // namespace tq
