@@ -96,6 +96,7 @@ std::string prseq_assist(char kind, long index) {
 }
 
 void TQ_Prseq_NewFile(Prseq& object) {
+    if (object.playing) TQ_Prseq_Time_StartStopPlayer(object, 0);  // while the receivers can still be told
     TQ_Prseq_Tracks_DeleteAllTracksAndFree(object);
     object.activetrack = -1;
     object.selection.clear();

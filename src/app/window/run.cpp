@@ -11,8 +11,9 @@ std::optional<int> show_main_window(const std::string& file) {
     GraphicsRuntime runtime(GraphicsRuntime::Screen::IfThere);
     if (!runtime.has_screen()) return {};
     MainWindow window(open_loudspeaker());
-    if (!file.empty()) window.open(file);
     window.show();
+    QApplication::processEvents();  // a document's view is meant for the box as it is laid out
+    if (!file.empty()) window.open(file);
     return QApplication::exec();
 }
 
