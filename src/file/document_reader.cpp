@@ -2,6 +2,8 @@
 
 #include <fmt/printf.h>
 
+#include <limits>
+
 #include "file/track_reader.h"
 #include "model/bars.h"
 #include "model/track_info.h"
@@ -38,8 +40,9 @@ void read_timeline(Prseq& object, const Dictionary& root) {
         prseq_resize_maxtime(object, *length);
     }
     root.getarray("meters").for_each([&](const Dictionary& region) {
-        prseq_bar(object, region.getlong("measure").value_or(0) + object.meter.firstbarnumber,
-                  region.getlong("beats").value_or(0), region.getlong("notevalue").value_or(0));
+        long measure = region.getlong("measure").value_or(0), first = object.meter.firstbarnumber;
+        long bar = measure < std::numeric_limits<long>::max() - first ? measure + first : -1;  // no bar has number -1
+        prseq_bar(object, bar, region.getlong("beats").value_or(0), region.getlong("notevalue").value_or(0));
     });
 }
 

@@ -5,6 +5,7 @@
 #include <boost/json.hpp>
 #include <cmath>
 
+#include "host/exact_json.h"
 #include "host/files.h"
 #include "host/object.h"
 
@@ -74,16 +75,15 @@ Dictionary DictionaryFile::root() const { return Dictionary(value_->if_object())
 std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault) {
     json::error_code code;
     // Nothing of it is freed or changed before all of it is: one growing piece of memory serves best.
-    json::stream_parser parser(json::make_shared_resource<json::monotonic_resource>(text.size() + 1024));
-    size_t read = parser.write_some(text.data(), text.size(), code);
-    if (!code) parser.finish(code);
+    ExactJsonParser parser(json::parse_options(), json::make_shared_resource<json::monotonic_resource>(text.size() + 1024));
+    size_t read = parser.write_some(false, text.data(), text.size(), code);
     if (!code && text.find_first_not_of(" \t\r\n", read) != text.npos) code = json::make_error_code(json::error::extra_data);
     if (code) {
         fault = fmt::sprintf("%s at byte %zu", code.message(), read);
         return {};
     }
     DictionaryFile file;
-    file.value_ = std::make_unique<json::value>(parser.release());
+    file.value_ = std::make_unique<json::value>(parser.handler().stack.release());
     if (!file.value_->is_object()) {
         fault = "it holds no dictionary";
         return {};

@@ -50,6 +50,12 @@ bool write_beside(const std::string& beside, std::string_view bytes, mode_t mode
     return file && write_all(file, bytes) && ::fsync(file.descriptor()) == 0 && file.close();
 }
 
+/// Whether the path leads to something that is no file to be replaced: a device, a pipe, a terminal.
+bool is_device(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
 void sync_folder_of(const fs::path& path) {
     fs::path folder = path.parent_path();
     if (File file(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY); file) ::fsync(file.descriptor());
@@ -86,6 +92,12 @@ std::optional<std::string> read_file(const std::string& path, std::string& fault
 }
 
 bool write_file(const std::string& path, std::string_view bytes, std::string& fault) {
+    if (is_device(path)) {
+        File device(path, O_WRONLY);
+        if (device && write_all(device, bytes) && device.close()) return true;
+        fault = std::strerror(errno);
+        return false;
+    }
     std::error_code ignored;
     fs::path target = fs::is_symlink(path, ignored) ? fs::canonical(path, ignored) : fs::path(path);
     if (target.empty()) target = path;

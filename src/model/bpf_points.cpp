@@ -55,7 +55,8 @@ void sort_bpf_points(BpfPoints& points) {
 long TQ_Prseq_Events_AddBpfPoint(Bpf& bpf, BpfPoint point) {
     auto behind = std::find_if(bpf.points.begin(), bpf.points.end(), [&](const BpfPoint& p) { return p.x >= point.x; });
     if (behind == bpf.points.end()) return -1;
-    return bpf.points.insert(behind, point) - bpf.points.begin();
+    auto inserted = bpf.points.insert(behind, point);  // may move all points
+    return inserted - bpf.points.begin();
 }
 
 void TQ_Prseq_Events_SetBpfPointsFromAtomArray(const Prseq& object, Event& event, AtomSpan atoms) {

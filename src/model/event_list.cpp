@@ -47,6 +47,18 @@ bool EventList::erase(const Event& event) {
     return true;
 }
 
+void EventList::sweep() {
+    std::vector<EventEntry> all;
+    all.reserve(size_);
+    tree().empty_into(all);
+    size_ = 0;
+    for (EventEntry& entry : all) {
+        if (!entry.event->track) continue;
+        tree_.append(std::move(entry));
+        ++size_;
+    }
+}
+
 void EventList::assign(std::vector<EventRef> events, Track& track) {
     disown();
     tree_ = {};

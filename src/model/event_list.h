@@ -29,6 +29,8 @@ class EventList {
     void insert(EventRef event, Track& track);
     /// Takes the event out; false when it is not in this list.
     bool erase(const Event& event);
+    /// Takes out all events whose track has been set to none; linear.
+    void sweep();
     /// Replaces all events at once by events in any order; linear when they come in start order.
     void assign(std::vector<EventRef> events, Track& track);
     /// Changes when an event of the list is; its place follows.

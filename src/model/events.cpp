@@ -12,19 +12,13 @@ namespace tq {
 
 namespace {
 
-/// Gives an event that comes from another track exactly the curves and values of this one, keeping its own of
-/// the same names.
-void conform_to_track(const Track& track, Event& event) {
-    auto curves = std::move(event.bpfs);
-    event.bpfs.clear();
-    for (const BpfTypeRef& type : track.bpftypes) {
-        auto own = std::find_if(curves.begin(), curves.end(), [&](const BpfRef& b) { return b->name == type->name; });
-        event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
-    }
-    auto values = std::move(event.parametervalues);
-    event.parametervalues.clear();
-    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
-    for (const ParameterValue& value : values) TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
+/// Whether the event has exactly the track's curves and values, in its order.
+bool conforms(const Track& track, const Event& event) {
+    auto same_name = [](const auto& own, const auto& type) { return own->name == type->name; };
+    return std::equal(event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(), same_name) &&
+           std::equal(event.parametervalues.begin(), event.parametervalues.end(), track.parametertypes.begin(),
+                      track.parametertypes.end(),
+                      [](const ParameterValue& value, const auto& type) { return value.name == type->name; });
 }
 
 }  // namespace
@@ -110,12 +104,34 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, cons
         if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, curve.name))
             TQ_Prseq_Events_SetBpfFromDictionary(curve, *bpf);
     for (const auto& [name, value] : dictionary.parameters) TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
-    if (dictionary.track && event.track && dictionary.track != event.track && dictionary.track->index >= 0) {
-        EventRef moving(&event);
-        TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(object, event);
-        conform_to_track(*dictionary.track, event);
-        TQ_Prseq_Tracks_InsertEvent(object, *dictionary.track, moving);
+    if (dictionary.track && event.track && dictionary.track != event.track && dictionary.track->index >= 0)
+        move_event_to_track(object, event, *dictionary.track);
+}
+
+void conform_event_to(const Track& track, Event& event) {
+    if (conforms(track, event)) return;
+    auto curves = std::move(event.bpfs);
+    event.bpfs.clear();
+    for (const BpfTypeRef& type : track.bpftypes) {
+        auto own = std::find_if(curves.begin(), curves.end(), [&](const BpfRef& b) { return b->name == type->name; });
+        event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
     }
+    auto values = std::move(event.parametervalues);
+    event.parametervalues.clear();
+    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
+    for (const ParameterValue& value : values) TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
+    TQ_Prseq_Events_SetActiveBpfFromIndex(event, track.activebpfindex);
+}
+
+void conform_event_to_track(Event& event) {
+    if (event.track) conform_event_to(*event.track, event);
+}
+
+void move_event_to_track(Prseq& object, Event& event, Track& track) {
+    EventRef moving(&event);
+    TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(object, event);
+    conform_event_to(track, event);
+    TQ_Prseq_Tracks_InsertEvent(object, track, moving);
 }
 
 void TQ_Prseq_Buffer_CalculateBufferRatio(Event& event) {

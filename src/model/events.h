@@ -34,6 +34,12 @@ void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset);
 /// Writes what the dictionary holds. When it names a track, the event moves there.
 void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, const EventDictionary& dictionary);
 
+/// Gives the event exactly the curves and values of a track, in its order, keeping its own of the same names.
+void conform_event_to(const Track& track, Event& event);
+void conform_event_to_track(Event& event);
+/// Moves an event to another track of the document.
+void move_event_to_track(Prseq& object, Event& event, Track& track);
+
 /// The two parts of an event cut at a position in ms; neither is in a track.
 struct Slices {
     EventRef left, right;

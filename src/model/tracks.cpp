@@ -164,6 +164,24 @@ void TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(Prseq& object, Event& event) 
     prseq_setdirtyflag(object, true);
 }
 
+void TQ_Prseq_Tracks_DeleteEventReferences(Prseq& object, const std::vector<EventRef>& events) {
+    constexpr size_t few = 16;
+    std::vector<Track*> thinned;
+    for (const EventRef& event : events) {
+        Track* track = event->track;
+        if (!track) continue;
+        object.events_by_id.remove(*event);
+        if (events.size() < track->events.size() / few) {
+            track->events.erase(*event);
+        } else {  // many of the track's: marked now, swept out together
+            event->track = nullptr;
+            if (std::find(thinned.begin(), thinned.end(), track) == thinned.end()) thinned.push_back(track);
+        }
+    }
+    for (Track* track : thinned) track->events.sweep();
+    prseq_setdirtyflag(object, true);
+}
+
 double TQ_Prseq_Tracks_FindLastEventsEnd(const Track* track) {
     const Event* last = track ? track->events.last() : nullptr;
     return last ? last->end() : 0;

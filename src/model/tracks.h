@@ -42,6 +42,8 @@ bool TQ_Prseq_Tracks_InsertEvent(Prseq& object, long index, EventRef event);
 void TQ_Prseq_Tracks_InsertEvent(Prseq& object, Track& track, EventRef event);
 /// Takes the event out of its track without letting go of it.
 void TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(Prseq& object, Event& event);
+/// The same for many events, of any tracks, at once.
+void TQ_Prseq_Tracks_DeleteEventReferences(Prseq& object, const std::vector<EventRef>& events);
 /// Fills an empty track of the document with many events at once; as inserting each.
 void TQ_Prseq_Tracks_InsertAllEvents(Prseq& object, Track& track, std::vector<EventRef> events);
 /// When the event that starts last ends, in ms; 0 without events. An earlier event may last longer.

@@ -77,8 +77,9 @@ void system_info(Prseq& object, Symbol selector, const Atoms& atoms) {
 
 void TQ_Prseq_Output_EventOutputWhilePlaying(Prseq& object) {
     const Event* event = object.nextevent.get();
-    if (!event || !object.playing || !event->track || event->track->mute) return;  // no track: removed meanwhile
+    if (!event || !object.playing || !event->track) return;  // no track: removed meanwhile
     const Track& track = *event->track;
+    if (track.mute || track.index < 0) return;  // or removed with its track
     Atoms atoms;
     if (track.destination.empty()) append(atoms, {track.index, tq_sym_event});
     append(atoms, {tq_sym_duration, whole_ms(event->duration)});

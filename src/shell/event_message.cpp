@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "history/capture.h"
 #include "model/bpfs.h"
 #include "model/buffers.h"
 #include "model/events.h"
@@ -104,6 +105,7 @@ double pitch_in_the_middle(const Prseq& object) {
 void insert_new_event(const EventMessage& message, Track& track) {
     Prseq& object = message.object;
     const EventKeywords& keywords = message.keywords;
+    expect_insertion(object);
     double position = itm_tickstoms(*object.transport, itm_getticks(*object.transport));
     bool pitch_given = !keywords.note.atoms.empty();
     Note note = parse_note(message, {pitch_given ? 0 : pitch_in_the_middle(object), 0});
@@ -122,6 +124,7 @@ void insert_new_event(const EventMessage& message, Track& track) {
                 TQ_Prseq_Parameters_SetEventParameterValue(*event, pairs[i].as_symbol(), pairs[i + 1].as_double());
     }
     TQ_Prseq_Tracks_InsertEvent(object, track, event);
+    capture_inserted_event(object, std::move(event));
 }
 
 /// Reads "<parameter>" for an event that exists: clipped values, or the type's default for what is no number.
@@ -175,6 +178,8 @@ void modify_bpfs(const EventMessage& message, const Event& event, EventDictionar
 void modify_event(const EventMessage& message, Track& track, Event& event) {
     Prseq& object = message.object;
     const EventKeywords& keywords = message.keywords;
+    expect_modification(object);
+    EventModification modification{&event, event_state(event), {}};
     Note note = parse_note(message, {event.pitch, event.velocity});
     EventDictionary next;
     next.start = keywords.start;
@@ -192,6 +197,8 @@ void modify_event(const EventMessage& message, Track& track, Event& event) {
     if (keywords.bpf.has_name()) modify_bpfs(message, event, lists);
     TQ_Prseq_Events_ModifyEventFromDictionary(object, event, lists);
     prseq_resize_maxtime(object, TQ_Prseq_Tracks_FindLastEventsEnd(event.track));
+    modification.next = event_state(event);
+    capture_modified_event(object, std::move(modification));
 }
 
 void do_event(const EventMessage& message) {
@@ -214,6 +221,7 @@ void do_event(const EventMessage& message) {
 }  // namespace
 
 void prseq_event(Prseq& object, Symbol message, AtomSpan atoms) {
+    open_event_capture(object);
     if (atoms.empty()) return;
     do_event({object, message, parse_event_keywords(atoms)});
     prseq_edited(object, Change::Events);

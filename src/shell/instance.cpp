@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "history/capture.h"
+#include "history/undoredo.h"
 #include "host/host.h"
 #include "model/bars.h"
 #include "model/tracks.h"
@@ -46,6 +48,7 @@ void do_initialisation(Prseq& object) {
 
 Prseq::Prseq(Host& host)
     : Box(host, prseq_class()),
+      eventcaptureclock(host.scheduler, *this, [this] { close_event_capture(*this); }),
       transport(&itm_getnamed(host, {})),
       runningtime(*transport, *this, [this] { TQ_Prseq_Time_Runningtime(*this); }, TIME_FLAGS_USECLOCK),
       eventtargettime(*transport, *this, [this] { TQ_Prseq_Time_EventCatched(*this); }, event_target_flags),
@@ -97,6 +100,9 @@ std::string prseq_assist(char kind, long index) {
 
 void TQ_Prseq_NewFile(Prseq& object) {
     if (object.playing) TQ_Prseq_Time_StartStopPlayer(object, 0);  // while the receivers can still be told
+    clock_unset(object.eventcaptureclock);
+    object.capture = {};
+    TQ_Prseq_Undoredo_DeleteUndoLine(object);
     TQ_Prseq_Tracks_DeleteAllTracksAndFree(object);
     object.activetrack = -1;
     object.selection.clear();

@@ -1,6 +1,9 @@
 #include "shell/messages.h"
 
 #include "file/document_messages.h"
+#include "history/capture.h"
+#include "history/recorders.h"
+#include "history/undoredo.h"
 #include "host/outlet.h"
 #include "model/selection.h"
 #include "model/track_info.h"
@@ -39,6 +42,11 @@ void add_messages(Class& c) {
     class_addmethod(c, "track_dump", TQ_Prseq_Tracks_OutputTrackInfo);
     class_addmethod(c, "position", prseq_position);
     class_addmethod(c, "event", prseq_event);
+    class_addmethod(c, "undo", prseq_undo);
+    class_addmethod(c, "redo", prseq_redo);
+    class_addmethod(c, "undoredo", prseq_undoredo);
+    class_addmethod(c, "undoredo_clear", prseq_undoredo_clear);
+    class_addmethod(c, "undoredo_dump", prseq_undoredo_dump);
     class_addmethod(c, "maxtime", prseq_resize_maxtime);
     class_addmethod(c, "read", TQ_Prseq_Json_ReadFromReadMessage);
     class_addmethod(c, "write", TQ_Prseq_Json_WriteFromWriteMessage);
@@ -51,7 +59,11 @@ void add_messages(Class& c) {
 }
 
 void prseq_activetrack(Prseq& object, long index) {
-    if (index != object.activetrack) prseq_do_set_activetrack(object, index);
+    long previous = object.activetrack;
+    if (index == previous || !track_at(object, index)) return;
+    close_event_capture(object);
+    prseq_do_set_activetrack(object, index);
+    if (previous >= 0) TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(object, index, previous);
 }
 
 bool prseq_do_set_activetrack(Prseq& object, long index) {

@@ -6,6 +6,8 @@
 
 #include "host/box.h"
 #include "host/clock.h"
+#include "history/capture_record.h"
+#include "history/history.h"
 #include "host/transport.h"
 #include "model/event.h"
 #include "model/event_index.h"
@@ -54,6 +56,9 @@ struct Prseq : Box, AttributeFields {
 
     // editing
     std::vector<EventRef> selection;  ///< the selected events of the active track, in its order
+    History history;
+    EventCapture capture;
+    Clock eventcaptureclock;
     EventRef bpfeditingevent;         ///< the event whose curves are edited, or none
     bool bpfeditor = false;
 

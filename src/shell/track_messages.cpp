@@ -2,8 +2,11 @@
 
 #include <fmt/printf.h>
 
+#include <algorithm>
 #include <cstdlib>
 
+#include "history/capture.h"
+#include "history/recorders.h"
 #include "model/bpfs.h"
 #include "model/parameters.h"
 #include "model/track_info.h"
@@ -55,10 +58,13 @@ std::optional<TrackSwitch> parse_switch(Prseq& object, Symbol message, AtomSpan 
 
 void prseq_addtrack(Prseq& object, OptionalSymbol name) {
     Symbol text = name.symbol.empty() ? gensym(fmt::sprintf("Track %ld", ++object.tracknamecounter)) : name.symbol;
+    close_event_capture(object);
     TrackRef previously_active = TQ_Prseq_Tracks_GetActiveTrack(object);
+    long previous_index = object.activetrack;
     TrackRef track = TQ_Prseq_Tracks_MakeTrack(object, text, true, false, false);
     long index = TQ_Prseq_Tracks_AddTrack(object, track);
     TQ_Prseq_Tracks_AddBpfTypeToTrack(object, index, tq_sym_Pitch, 0, Prseq::keysperoctave * 11, 0);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(object, track, previous_index);
     prseq_do_set_activetrack(object, index);
     color_new_track(object, previously_active.get());
     TQ_Prseq_Tracks_OutputTrackInfo(object);
@@ -67,11 +73,13 @@ void prseq_addtrack(Prseq& object, OptionalSymbol name) {
 
 void prseq_deletetrack(Prseq& object, long index) {
     if (TrackRef track = track_at(object, index)) {
+        close_event_capture(object);
         track->deletedindex = index;
+        long active = object.activetrack, left = static_cast<long>(object.tracks.size()) - 1;
+        long active_after = std::min(active, left - 1);  // −1 when none is left
+        TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(object, track, active, active_after);
         TQ_Prseq_Tracks_DeleteTrackReference(object, index);
-        long count = static_cast<long>(object.tracks.size());
-        if (count == 0) object.activetrack = -1;
-        else if (object.activetrack == count) --object.activetrack;
+        object.activetrack = active_after;
         prseq_do_set_activetrack(object, object.activetrack);
     } else {
         object_error(object, fmt::sprintf("deletetrack: track number %ld does not exist", index));
@@ -111,8 +119,10 @@ void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximu
 
 void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_, long steps) {
     Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    if (track && TQ_Prseq_Parameters_AddParameterTypeToTrack(*track, name, minimum, maximum, default_, steps))
-        prseq_setdirtyflag(object, true);
+    if (!track || !TQ_Prseq_Parameters_AddParameterTypeToTrack(*track, name, minimum, maximum, default_, steps)) return;
+    close_event_capture(object);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(object, track, static_cast<long>(track->parametertypes.size()) - 1);
+    prseq_setdirtyflag(object, true);
 }
 
 }  // namespace tq

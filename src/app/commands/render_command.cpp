@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 
@@ -20,12 +21,23 @@ namespace {
 
 void complain(const std::string& reason) { std::fprintf(stderr, "sorvo: %s\n", reason.c_str()); }
 
-/// Plays the document once through, as fast as the machine can.
+constexpr double longest_ms = 24 * 3600e3;
+
+/// When the last event of all ends, in ms.
+double end_of(const Prseq& box) {
+    double end = 0;
+    for (const TrackRef& track : box.tracks) end = std::max(end, track->events.latest_end());
+    return end;
+}
+
+/// Plays the document once through, as fast as the machine can, until its last event is over.
 void play_through(Session& session) {
     session.send("cycle 0");
     session.send("int 1");
     Scheduler& scheduler = session.host().scheduler;
-    while (session.box().playing) scheduler.run_until(scheduler.next_due().value_or(scheduler.now()));
+    double end = scheduler.now() + end_of(session.box());
+    while (session.box().playing && scheduler.now() < end) scheduler.run_until(scheduler.next_due().value_or(end));
+    if (session.box().playing) session.send("int 0");
 }
 
 bool write_midi(const NoteListener& notes, const Recorder& recorder, const std::string& path) {
@@ -77,6 +89,10 @@ int run_render(const RenderCommand& command) {
     if (!command.png.empty() && !write_picture(session, painter, command)) return 1;
     if (command.wav.empty() && command.midi.empty()) return 0;
 
+    if (end_of(session.box()) > longest_ms) {
+        complain("\"" + command.file + "\" is longer than a day; sound and notes are written of shorter documents");
+        return 1;
+    }
     NoteListener notes(session);
     Recorder recorder;
     notes.add(recorder);

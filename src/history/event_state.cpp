@@ -1,0 +1,44 @@
+#include "history/event_state.h"
+
+#include "model/events.h"
+#include "model/track.h"
+#include "model/tracks.h"
+#include "shell/prseq.h"
+
+namespace tq {
+
+EventState event_state(const Event& event) {
+    EventState state{.track = event.track,
+                     .start = event.start,
+                     .duration = event.duration,
+                     .pitch = event.pitch,
+                     .velocity = event.velocity,
+                     .label = event.label,
+                     .message = event.message,
+                     .link = event.buffer ? std::optional(*event.buffer) : std::nullopt,
+                     .parametervalues = event.parametervalues,
+                     .curves = {}};
+    for (const BpfRef& bpf : event.bpfs) state.curves.push_back({bpf, bpf->points});
+    return state;
+}
+
+void restore_event_state(Prseq& object, Event& event, const EventState& state) {
+    TQ_Prseq_Events_SetEventTimes(event, state.start, state.duration);
+    event.pitch = state.pitch;
+    event.velocity = state.velocity;
+    event.label = state.label;
+    event.message = state.message;
+    event.buffer = state.link ? std::make_unique<BufferLink>(*state.link) : nullptr;
+    event.parametervalues = state.parametervalues;
+    event.bpfs.clear();
+    for (const EventState::Curve& curve : state.curves) {
+        curve.bpf->points = curve.points;
+        event.bpfs.push_back(curve.bpf);
+    }
+    if (state.track && event.track && state.track != event.track && state.track->index >= 0)
+        move_event_to_track(object, event, *state.track);
+    else if (event.track)
+        conform_event_to_track(event);
+}
+
+}  // namespace tq

@@ -1,0 +1,38 @@
+// Undoable edits of a curve's points.
+#include "history/items.h"
+#include "history/recorders.h"
+#include "shell/prseq.h"
+
+namespace tq {
+
+namespace {
+
+constexpr KindName added{"Add Bpf Point", "Add Bpf Point"}, deleted{"Delete Bpf Point", "Delete Bpf Points"},
+    moved{"Move Bpf Point", "Move Bpf Points"};
+
+struct PointsItem : UndoItem {
+    PointsItem(std::string t, BpfRef b, BpfPoints points) : text(std::move(t)), bpf(std::move(b)), before(std::move(points)), after(bpf->points) {}
+    std::string text;
+    BpfRef bpf;
+    BpfPoints before, after;
+    std::string name() const override { return text; }
+    void undo(Prseq&) override { bpf->points = before; }
+    void redo(Prseq&) override { bpf->points = after; }
+};
+
+}  // namespace
+
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Prseq& object, BpfRef bpf, BpfPoints before) {
+    record<PointsItem>(object, added.of(1), std::move(bpf), std::move(before));
+}
+
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before) {
+    std::string text = deleted.of(before.size() - bpf->points.size());
+    record<PointsItem>(object, std::move(text), std::move(bpf), std::move(before));
+}
+
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before, size_t count) {
+    record<PointsItem>(object, moved.of(count), std::move(bpf), std::move(before));
+}
+
+}  // namespace tq

@@ -1,0 +1,111 @@
+#include "history/undoredo.h"
+
+#include "history/capture.h"
+#include "host/outlet.h"
+#include "shell/change.h"
+#include "shell/prseq.h"
+#include "shell/symbols.h"
+
+namespace tq {
+
+namespace {
+
+void report(Prseq& object, const Atoms& atoms) { outlet_anything(object, OutletSystemInfo, tq_sym_undoredo, atoms); }
+
+UndoItem* item_at(const History& history, long index) {
+    bool exists = index >= 0 && index < static_cast<long>(history.items.size());
+    return exists ? history.items[static_cast<size_t>(index)].get() : nullptr;
+}
+
+/// What every step ends with.
+void show_step(Prseq& object) {
+    prseq_show(object, Change::Events);
+    prseq_setdirtyflag(object, object.info.dirty);
+}
+
+}  // namespace
+
+void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item) {
+    History& history = object.history;
+    while (static_cast<long>(history.items.size()) > history.cursor + 1) history.items.pop_back();
+    history.items.push_back(std::move(item));
+    ++history.cursor;
+    TQ_Prseq_Undoredo_Dump(object);
+}
+
+void TQ_Prseq_Undoredo_CallUndo(Prseq& object) {
+    if (UndoItem* item = item_at(object.history, object.history.cursor)) {
+        item->undo(object);
+        --object.history.cursor;
+    }
+    show_step(object);
+}
+
+void TQ_Prseq_Undoredo_CallRedo(Prseq& object) {
+    UndoItem* item = item_at(object.history, object.history.cursor + 1);
+    if (!item) return;
+    item->redo(object);
+    ++object.history.cursor;
+    show_step(object);
+}
+
+void TQ_Prseq_Undoredo_DeleteUndoLine(Prseq& object) {
+    History& history = object.history;
+    while (!history.items.empty()) history.items.pop_back();
+    history.cursor = -1;
+    TQ_Prseq_Undoredo_Dump(object);
+}
+
+std::optional<std::string> TQ_Prseq_Undoredo_UndoMenu(const Prseq& object) {
+    const UndoItem* item = item_at(object.history, object.history.cursor);
+    return item ? std::optional(item->name()) : std::nullopt;
+}
+
+std::optional<std::string> TQ_Prseq_Undoredo_RedoMenu(const Prseq& object) {
+    const UndoItem* item = item_at(object.history, object.history.cursor + 1);
+    return item ? std::optional(item->name()) : std::nullopt;
+}
+
+void TQ_Prseq_Undoredo_Dump(Prseq& object) {
+    report(object, {tq_sym_clear});
+    if (object.history.cursor >= 0)
+        for (const auto& item : object.history.items) report(object, {tq_sym_append, gensym(item->name())});
+    report(object, {tq_sym_done});
+}
+
+void TQ_Prseq_Undoredo_DumpSlot(Prseq& object) { report(object, {tq_sym_slot, object.history.cursor}); }
+
+void prseq_undo(Prseq& object) {
+    close_event_capture(object);
+    TQ_Prseq_Undoredo_CallUndo(object);
+    TQ_Prseq_Undoredo_DumpSlot(object);
+    jbox_redraw(object);
+}
+
+void prseq_redo(Prseq& object) {
+    close_event_capture(object);
+    TQ_Prseq_Undoredo_CallRedo(object);
+    TQ_Prseq_Undoredo_DumpSlot(object);
+    jbox_redraw(object);
+}
+
+void prseq_undoredo(Prseq& object, long slot) {
+    close_event_capture(object);
+    // The ends of the list bound the way, however far away the slot is.
+    while (object.history.cursor > slot && object.history.cursor >= 0) TQ_Prseq_Undoredo_CallUndo(object);
+    while (object.history.cursor < slot && item_at(object.history, object.history.cursor + 1))
+        TQ_Prseq_Undoredo_CallRedo(object);
+    jbox_redraw(object);
+}
+
+void prseq_undoredo_clear(Prseq& object) {
+    close_event_capture(object);
+    TQ_Prseq_Undoredo_DeleteUndoLine(object);
+}
+
+void prseq_undoredo_dump(Prseq& object) {
+    close_event_capture(object);
+    TQ_Prseq_Undoredo_Dump(object);
+}
+
+}  // namespace tq

@@ -1,0 +1,71 @@
+#include "model/removed_types.h"
+
+#include <algorithm>
+
+#include "model/bpfs.h"
+#include "model/events.h"
+#include "model/parameters.h"
+
+namespace tq {
+
+namespace {
+
+void set_active_type(Track& track, long index) {
+    track.activebpfindex = std::max(index, 0L);
+    if (const BpfType* type = TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, track.activebpfindex))
+        TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(track, *type);
+}
+
+template <typename List, typename Value>
+void insert_at(List& list, long index, Value value) {
+    list.insert(list.begin() + std::min(index, static_cast<long>(list.size())), std::move(value));
+}
+
+}  // namespace
+
+RemovedParameterType remove_parameter_type(Track& track, long index) {
+    RemovedParameterType removed{TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index), index, {}};
+    if (!removed.type) return removed;
+    track.events.for_each([&](Event& event) {
+        long at = TQ_Prseq_Parameters_GetEventParameterIndexFromName(event, removed.type->name);
+        if (at < 0) return;
+        removed.values.emplace_back(&event, event.parametervalues[static_cast<size_t>(at)]);
+        event.parametervalues.erase(event.parametervalues.begin() + at);
+    });
+    track.parametertypes.erase(track.parametertypes.begin() + index);
+    return removed;
+}
+
+void put_back_parameter_type(Track& track, const RemovedParameterType& removed) {
+    if (!removed.type || TQ_Prseq_Parameters_GetDictionaryFromName(track, removed.type->name)) return;
+    insert_at(track.parametertypes, removed.index, removed.type);
+    for (const auto& [event, value] : removed.values)
+        if (event->track == &track) insert_at(event->parametervalues, removed.index, value);
+    track.events.for_each([&](Event& event) { conform_event_to_track(event); });
+}
+
+RemovedBpfType remove_bpf_type(Track& track, long index) {
+    RemovedBpfType removed{TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, index), index, track.activebpfindex, {}};
+    if (!removed.type) return removed;
+    track.events.for_each([&](Event& event) {
+        BpfRef bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, removed.type->name);
+        if (!bpf) return;
+        removed.bpfs.emplace_back(&event, bpf);
+        TQ_Prseq_Events_DeleteBpfReferenceFromEvent(event, *bpf);
+    });
+    track.bpftypes.erase(track.bpftypes.begin() + index);
+    if (track.activebpfindex >= index) set_active_type(track, track.activebpfindex - 1);
+    return removed;
+}
+
+void put_back_bpf_type(Track& track, const RemovedBpfType& removed) {
+    if (!removed.type) return;
+    insert_at(track.bpftypes, removed.index, removed.type);
+    for (const auto& [event, bpf] : removed.bpfs)
+        if (event->track == &track && !TQ_Prseq_Events_GetBpfWithGivenName(*event, bpf->name))
+            insert_at(event->bpfs, removed.index, bpf);
+    track.events.for_each([&](Event& event) { conform_event_to_track(event); });
+    set_active_type(track, removed.activebpfindex);
+}
+
+}  // namespace tq

@@ -1,0 +1,109 @@
+// A box that is driven by script text, and comparisons of what it says.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/script/script.h"
+
+namespace tq::test {
+
+using Lines = std::vector<std::string>;
+
+/// Without blanks around them and without empty lines, so that tests can indent what they expect.
+inline Lines lines_of(std::string_view text) {
+    Lines lines;
+    std::istringstream stream{std::string(text)};
+    for (std::string line; std::getline(stream, line);) {
+        size_t first = line.find_first_not_of(" \t");
+        if (first != line.npos) lines.push_back(line.substr(first, line.find_last_not_of(" \t") + 1 - first));
+    }
+    return lines;
+}
+
+/// Shows the first line that differs, with what stands around it.
+inline testing::AssertionResult same_lines(const Lines& said, const Lines& expected) {
+    if (said == expected) return testing::AssertionSuccess();
+    size_t first = 0;
+    while (first < said.size() && first < expected.size() && said[first] == expected[first]) ++first;
+    auto result = testing::AssertionFailure()
+                  << "line " << first + 1 << " of " << expected.size() << " differs";
+    for (size_t i = first > 2 ? first - 2 : 0; i < first; ++i) result << "\n    " << said[i];
+    for (size_t i = first; i < expected.size() && i < first + 4; ++i) result << "\n  - " << expected[i];
+    for (size_t i = first; i < said.size() && i < first + 4; ++i) result << "\n  + " << said[i];
+    return result;
+}
+
+/// A folder that goes away with the test.
+struct TemporaryFolder {
+    std::filesystem::path path;
+    TemporaryFolder() {
+        static int count = 0;
+        path = std::filesystem::temp_directory_path() /
+               ("sorvo_tests." + std::to_string(::getpid()) + "." + std::to_string(++count));
+        std::filesystem::create_directories(path);
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(path); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    std::string file(const std::string& name) const { return (path / name).string(); }
+    std::string file_with(const std::string& name, std::string_view text) const {
+        std::ofstream(file(name), std::ios::binary) << text;
+        return file(name);
+    }
+};
+
+inline std::string text_of_file(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+/// One box; every call of `say` goes on where the last one ended.
+struct ScriptTest : testing::Test {
+    explicit ScriptTest(bool times = false)
+        : script(ScriptOptions{.width = 400, .height = 300, .document = "", .times = times}, out) {}
+
+    /// What is said while the lines are run.
+    Lines say(const std::string& text) {
+        out.str("");
+        std::istringstream lines(text);
+        script.run(lines, "test");
+        return lines_of(out.str());
+    }
+    /// The same, but only the lines of one source ("out0", "error", "event" …).
+    Lines say(const std::string& text, std::string_view source) {
+        Lines kept;
+        for (const std::string& line : say(text))
+            if ((" " + line).find(" " + std::string(source) + " ") < line.size()) kept.push_back(line);
+        return kept;
+    }
+    testing::AssertionResult says(const std::string& text, std::string_view expected) {
+        return same_lines(say(text), lines_of(expected));
+    }
+    testing::AssertionResult says(const std::string& text, std::string_view source,
+                                  std::string_view expected) {
+        return same_lines(say(text, source), lines_of(expected));
+    }
+    std::string document() { return say(".show document", "document").at(0).substr(sizeof "document"); }
+    Prseq& box() { return script.session().box(); }
+
+    std::ostringstream out;
+    Script script;
+    TemporaryFolder folder;
+};
+
+/// Every line begins with its time. Time begins somewhere odd.
+struct TimedScriptTest : ScriptTest {
+    TimedScriptTest() : ScriptTest(true) { say(".wait 137.5"); }
+};
+
+}  // namespace tq::test

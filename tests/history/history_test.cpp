@@ -1,0 +1,139 @@
+// Undoing everything gives the document of the start, redoing everything that of the end, to the byte.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "app/patch/session.h"
+#include "file/document_writer.h"
+#include "model/tracks.h"
+
+namespace tq {
+namespace {
+
+/// The rest of the line that a key stands on is blanked.
+void leave_out(std::string& text, const std::string& key) {
+    size_t at = text.find('"' + key + '"');
+    if (at != text.npos) text.erase(at, text.find('\n', at) - at);
+}
+
+/// What the history covers of a document: all but the time of writing and the timeline's length.
+std::string document_of(const Session& session) {
+    std::string text = TQ_Prseq_Json_MakeDictionary(session.box(), true);
+    leave_out(text, "date");
+    leave_out(text, "maxtime");
+    return text;
+}
+
+void wait(Session& session, double ms) {
+    Scheduler& scheduler = session.host().scheduler;
+    scheduler.run_until(scheduler.now() + ms);
+}
+
+void expect_sound(const Session& session) {
+    const Prseq& box = session.box();
+    for (size_t t = 0; t < box.tracks.size(); ++t) {
+        const Track& track = *box.tracks[t];
+        ASSERT_EQ(track.index, static_cast<long>(t));
+        size_t count = 0;
+        const Event* previous = nullptr;
+        track.events.for_each([&](const Event& event) {
+            ++count;
+            ASSERT_EQ(event.track, &track);
+            ASSERT_EQ(box.events_by_id.find(event.id), &event);
+            if (previous) { ASSERT_LE(previous->start, event.start); }
+            ASSERT_EQ(event.bpfs.size(), track.bpftypes.size());
+            ASSERT_EQ(event.parametervalues.size(), track.parametertypes.size());
+            for (size_t i = 0; i < event.bpfs.size(); ++i) {
+                ASSERT_EQ(event.bpfs[i]->name, track.bpftypes[i]->name);
+                ASSERT_EQ(event.bpfs[i]->points.front().x, 0);
+                ASSERT_EQ(event.bpfs[i]->points.back().x, 1);
+            }
+            previous = &event;
+        });
+        ASSERT_EQ(count, track.events.size());
+    }
+    ASSERT_LT(box.activetrack, static_cast<long>(box.tracks.size()));
+    ASSERT_LT(box.history.cursor, static_cast<long>(box.history.items.size()));
+}
+
+/// A random message; those that the history does not cover only when asked for.
+std::string random_message(std::mt19937& random, bool undoable_only) {
+    auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    auto number = [&](int count) { return std::to_string(pick(count)); };
+    switch (pick(undoable_only ? 10 : 16)) {
+        case 0: return "track_add";
+        case 1: return pick(3) ? "track_active " + number(4) : "track_delete " + number(4);
+        case 2: return "track_parameter_add p" + number(5) + " 0 10 " + number(10) + " 0";
+        case 3:
+        case 4:
+        case 5: return "event start " + number(5000) + " duration " + number(900) + " track " + number(3) + " <note> " + number(131) + " 99 </note>";
+        case 6: return "event id " + number(40) + " start " + number(5000) + " label l" + number(9);
+        case 7: return "event id " + number(40) + " track " + number(4) + " <parameter> p" + number(5) + " " + number(20) + " </parameter>";
+        case 8: return "event id " + number(40) + " <bpf> Pitch 0 0 " + number(400) + " " + number(5) + " </bpf> <message> m " + number(9) + " </message>";
+        case 9: return "event id " + number(40) + " duration " + number(2000) + " <note> " + number(131) + " </note>";
+        case 10: return "undo";
+        case 11: return "redo";
+        case 12: return "undoredo " + std::to_string(pick(40) - 2);
+        case 13: return "track_bpf_add b" + number(3) + " 0 1 " + number(2);
+        case 14: return pick(2) ? "track_mute " + number(3) + " 1" : "track_color 0.3";
+        default: return pick(4) ? "int " + number(2) : "undoredo_clear";
+    }
+}
+
+constexpr unsigned runs = 1000;
+
+void undo_and_redo_all(unsigned seed) {
+    std::mt19937 random(seed);
+    Session session;
+    std::string first = document_of(session);
+    for (int i = 0; i < 60; ++i) {
+        session.send(random_message(random, true));
+        if (random() % 3 == 0) wait(session, 70);
+        expect_sound(session);
+    }
+    wait(session, 100);
+    std::string last = document_of(session);
+    for (int cycle = 0; cycle < 2; ++cycle) {
+        session.send("undoredo -1");
+        ASSERT_EQ(document_of(session), first);
+        session.send("undoredo 1000");
+        ASSERT_EQ(document_of(session), last);
+    }
+    std::vector<std::string> on_the_way;
+    while (session.box().history.cursor >= 0) {
+        on_the_way.push_back(document_of(session));
+        session.send("undo");
+        expect_sound(session);
+    }
+    for (auto document = on_the_way.rbegin(); document != on_the_way.rend(); ++document) {
+        session.send("redo");
+        ASSERT_EQ(document_of(session), *document);
+    }
+}
+
+void play_and_edit(unsigned seed) {
+    std::mt19937 random(seed);
+    Session session;
+    for (int i = 0; i < 150; ++i) {
+        session.send(random_message(random, false));
+        wait(session, static_cast<double>(random() % 120));
+        expect_sound(session);
+    }
+}
+
+TEST(History, undoing_all_gives_the_first_document_and_redoing_all_the_last) {
+    for (unsigned seed = 1; seed <= runs && !HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        undo_and_redo_all(seed);
+    }
+}
+
+TEST(History, mixed_with_what_it_does_not_cover_and_with_playing_nothing_breaks) {
+    for (unsigned seed = 1; seed <= runs && !HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        play_and_edit(seed);
+    }
+}
+
+}  // namespace
+}  // namespace tq

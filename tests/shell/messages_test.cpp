@@ -1,0 +1,222 @@
+// Every message of the class, with arguments that fit and arguments that do not.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "app/script_fixture.h"
+#include "shell/instance.h"
+
+namespace tq::test {
+
+namespace {
+
+struct MessageRow {
+    const char *message, *good;  ///< arguments that it takes; as few as it can do with
+    bool needs_all;              ///< without the last argument it says that they are bad
+};
+
+constexpr MessageRow messages[] = {
+    {"zoom_vert", "0.5", true},
+    {"zoom_hor", "0.5", true},
+    {"scroll_vert", "0.5", true},
+    {"scroll_hor", "0.5", true},
+    {"zoom_in", "", false},
+    {"zoom_out", "", false},
+    {"zoom_to_selection", "", false},
+    {"zoom_out_all", "", false},
+    {"cyclerange", "100 200.5", true},
+    {"cycle", "1", true},
+    {"track_active", "0", true},
+    {"track_add", "", false},
+    {"track_delete", "1", true},
+    {"track_color", "0.25", true},
+    {"track_bpf_add", "Gain 0 1 0", true},
+    {"track_parameter_add", "Cut 0 1 0 0", true},
+    {"track_dump", "", false},
+    {"position", "100", true},
+    {"maxtime", "10000", true},
+    {"read", "", false},
+    {"write", "", false},
+    {"int", "0", true},
+    {"dump_selected", "", false},
+    {"getdirty", "", false},
+    {"getmaxtime", "", false},
+    {"getcycle", "", false},
+    {"getcyclerange", "", false},
+};
+
+struct Messages : ScriptTest {
+    Messages() { say("new_track_color 0\ntrack_add A\ntrack_add B"); }
+};
+
+std::string without_last_word(const std::string& words) {
+    size_t blank = words.rfind(' ');
+    return blank == words.npos ? "" : words.substr(0, blank);
+}
+
+TEST_F(Messages, takeTheirArgumentsAndIgnoreMore) {
+    for (const MessageRow& row : messages) {
+        SCOPED_TRACE(row.message);
+        std::string message = std::string(row.message) + " " + row.good;
+        EXPECT_TRUE(says(message, "error", ""));
+        if (!row.needs_all) continue;
+        EXPECT_TRUE(says(message + " surplus 1 2.5", "error", ""));
+    }
+}
+
+TEST_F(Messages, sayWhichArgumentsAreBad) {
+    for (const MessageRow& row : messages) {
+        if (!row.needs_all) continue;
+        SCOPED_TRACE(row.message);
+        std::string complaint =
+            std::string("error tq.sorvo: bad arguments for message \"") + row.message + "\"";
+        std::string few = without_last_word(row.good);
+        std::string before = document();
+        EXPECT_TRUE(says(std::string(row.message) + " " + few, "error", complaint)) << "too few";
+        EXPECT_TRUE(says(std::string(row.message) + " " + few + " word", "error", complaint))
+            << "a word for a number";
+        EXPECT_EQ(document(), before);
+    }
+    EXPECT_TRUE(says("track_bpf_add 1 0 1 0", "error",
+                     "error tq.sorvo: bad arguments for message \"track_bpf_add\""));
+    EXPECT_TRUE(says("track_add 7", "error", "error tq.sorvo: bad arguments for message \"track_add\""));
+    EXPECT_TRUE(says("read 7", "error", "error tq.sorvo: bad arguments for message \"read\""));
+}
+
+TEST_F(Messages, thatNobodyKnowsAreNamed) {
+    EXPECT_TRUE(says("nonsense 1 2", "error tq.sorvo: doesn't understand \"nonsense\""));
+    EXPECT_TRUE(says("getnonsense", "error tq.sorvo: doesn't understand \"getnonsense\""));
+    EXPECT_TRUE(says("1 2 3", "error tq.sorvo: doesn't understand \"list\""));
+    EXPECT_TRUE(says("0.9", "out0 0 stop\nout0 1 stop")) << "a float is cut to the int 0, which stops";
+}
+
+TEST_F(Messages, holdZoomAndScrollWithinTheirRange) {
+    struct Row {
+        const char *given, *stored;
+    };
+    for (const Row& row : {Row{"-0.5", "0."}, Row{"0", "0."}, Row{"0.25", "0.25"}, Row{"1", "1."},
+                           Row{"2", "1."}, Row{"1e30", "1."}}) {
+        std::string v = row.given, s = row.stored;
+        EXPECT_TRUE(says("zoom_hor " + v + "\nzoom_vert " + v + "\nscroll_hor " + v + "\nscroll_vert " + v +
+                             "\n.show view",
+                         "view " + s + " " + s + " " + s + " " + s))
+            << v;
+    }
+}
+
+TEST_F(Messages, extendTheTimelineToWholeSecondsWithTwoToSpare) {
+    struct Row {
+        const char *asked, *length;
+    };
+    for (const Row& row :
+         {Row{"8000", "10000."}, Row{"10000", "10000."}, Row{"10200", "12000."}, Row{"11900", "12000."},
+          Row{"12000.5", "14000."}, Row{"14500", "17000."}, Row{"-5", "17000."}, Row{"10900", "17000."}})
+        EXPECT_TRUE(
+            says(std::string("maxtime ") + row.asked, "maxtime", std::string("out3 maxtime ") + row.length))
+            << row.asked;
+    EXPECT_TRUE(says("maxtime 17001", "zoomhor", "out3 zoomhor 0.04"));
+}
+
+TEST_F(Messages, roundTheTimelineUpFromHalfASecond) {
+    EXPECT_TRUE(says("maxtime 10900", "maxtime", "out3 maxtime 13000."));
+}
+
+TEST_F(Messages, tellWhetherTheDocumentDiffersFromItsFile) {
+    struct Row {
+        const char *message, *dirty;
+    };
+    for (const Row& row : {Row{"track_mute 0 1", "1"},
+                           {"track_visible 0 1", "1"},
+                           {"event start 0", "1"},
+                           {"event id 77", "1"},
+                           {"track_color 0.2", "1"},
+                           {"track_bpf_add G 0 1 0", "1"},
+                           {"track_bpf_add G 0 1 0", "0"},
+                           {"track_parameter_add P 0 1 0 0", "1"},
+                           {"track_parameter_add P 0 1 0 0", "0"},
+                           {"track_delete 1", "1"},
+                           {"track_delete 9", "0"},
+                           {"event", "0"},
+                           {"position 100", "0"},
+                           {"zoom_hor 0.5", "0"},
+                           {"track_dump", "0"},
+                           {"track_add", "1"}}) {
+        say("write \"" + folder.file("clean.json") + "\"");
+        EXPECT_TRUE(says("getdirty", "dump dirty 0"));
+        EXPECT_TRUE(
+            says(std::string(row.message) + "\ngetdirty", "dump", std::string("dump dirty ") + row.dirty))
+            << row.message;
+    }
+    EXPECT_TRUE(says("read\ngetdirty", "dump", "dump dirty 0"));
+}
+
+TEST_F(Messages, emptyTheDocumentButKeepTheView) {
+    say("event start 99000\nzoom_hor 0.5\nscroll_vert 0.25\nread");
+    std::string emptied = document();
+    EXPECT_NE(emptied.find(R"("tracks":[],"maxtime")"), emptied.npos) << emptied << " has no activetrack";
+    EXPECT_TRUE(says(".show view", "view 0.5 0.02 0. 0.25"));
+    EXPECT_TRUE(says("track_dump", "out2 tracks clear\nout2 tracks bpf clear\nout2 tracks done"));
+    EXPECT_EQ(box().info.title, "No Title");
+    EXPECT_EQ(box().activetrack, -1);
+}
+
+TEST_F(Messages, inAnyMixtureDoNoHarm) {
+    const char* words[] = {"-1",       "0",         "1",
+                           "2",        "7",         "0.5",
+                           "1e30",     "-1e30",     "9223372036854775807",
+                           "Pitch",    "\"\"",      "<note>",
+                           "</note>",  "<bpf>",     "<parameter>",
+                           "<buffer>", "<message>", "start",
+                           "duration", "track",     "id",
+                           "Gain"};
+    std::mt19937 random(11);
+    const std::vector<Method>& methods = prseq_class().methods();
+    size_t sent = 0;
+    for (int i = 0; i < 6000; ++i) {
+        const std::string& name = methods[random() % methods.size()].name.text();
+        if (name == "write" || name == "maxtime" || name == "int") continue;
+        std::string line = name == "read" && i % 16 ? "event" : name;
+        for (auto count = random() % 9; count > 0; --count)
+            line += std::string(" ") + words[random() % std::size(words)];
+        say(line);
+        ++sent;
+    }
+    EXPECT_GT(sent, 4000u);
+    say(".show document");
+}
+
+TEST(Instance, isNewAsItShouldBe) {
+    Session session;
+    const Prseq& box = session.box();
+    EXPECT_EQ(box.info.title, "No Title");
+    EXPECT_EQ(box.info.author, "Anonymous");
+    EXPECT_EQ(box.activetrack, -1);
+    EXPECT_EQ(box.timelinelength, 10000);
+    EXPECT_EQ(box.timedisplaytype, 0);
+    EXPECT_FALSE(box.info.dirty);
+    EXPECT_EQ(box.width, 400);
+    EXPECT_EQ(box.height, 300);
+    EXPECT_EQ(prseq_new(session.host(), {}), nullptr) << "without a dictionary there is no box";
+}
+
+TEST(Instance, thatGoesAwayWhilePlayingIsNotCalledAgain) {
+    Host host;
+    int calls = 0;
+    host.patch.outlet = [&](auto&&...) { ++calls; };
+    auto box = prseq_new(host, BoxDictionary{});
+    for (const char* message :
+         {"event start 50", "event start 100", "cyclerange 20 80", "cycle 1", "zoom_in", "int 1"}) {
+        ParsedMessage parsed = parse_message(message);
+        ASSERT_TRUE(object_method_typed(*box, parsed.selector, parsed.arguments)) << message;
+    }
+    host.scheduler.run_until(60);
+    ASSERT_GT(calls, 0);
+    calls = 0;
+    box.reset();
+    host.scheduler.run_until(1000);
+    EXPECT_EQ(calls, 0);
+}
+
+}  // namespace
+
+}  // namespace tq::test
