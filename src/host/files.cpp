@@ -117,12 +117,15 @@ std::string path_in_folder(const std::string& folder, const std::string& name) {
     return folder.empty() ? name : (fs::path(folder) / name).string();
 }
 
+LocatedFile located(const std::string& path) {
+    return {fs::path(path).filename().string(), fs::path(path).parent_path().string()};
+}
+
 std::optional<LocatedFile> locatefile_extended(const std::string& name, const std::string& folder) {
     std::error_code ignored;
     for (const std::string& candidate : {name, path_in_folder(folder, name)}) {
         if (candidate.empty() || !fs::exists(candidate, ignored)) continue;
-        fs::path path(candidate);
-        return LocatedFile{path.filename().string(), path.parent_path().string()};
+        return located(candidate);
     }
     return {};
 }

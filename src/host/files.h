@@ -19,6 +19,8 @@ struct LocatedFile {
 };
 /// Looks the name up as a path, then in `folder`; none when there is no such file.
 std::optional<LocatedFile> locatefile_extended(const std::string& name, const std::string& folder);
+/// A path taken apart.
+LocatedFile located(const std::string& path);
 /// The path of a file in a folder; an absolute name stays as it is.
 std::string path_in_folder(const std::string& folder, const std::string& name);
 

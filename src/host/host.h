@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -21,6 +22,12 @@ struct Patch {
     std::function<void(Object&, int outlet, Symbol selector, AtomSpan)> outlet = [](auto&&...) {};
     std::function<void(Object&, Symbol selector, AtomSpan)> dumpout = [](auto&&...) {};
     std::function<void(Object&)> redraw = [](auto&&...) {};
+    /// Asks the user for a file to open, or where to save (with a name to begin with); a path, or none when the user
+    /// cancels.
+    std::function<std::optional<std::string>()> open_dialog = [] { return std::nullopt; };
+    std::function<std::optional<std::string>(const std::string& name)> save_dialog = [](auto&&...) { return std::nullopt; };
+    /// Keeps the text of a document that has not been saved and is about to be replaced.
+    std::function<void(const Object&, const std::string& text)> keep_copy = [](auto&&...) {};
     /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
     /// named), or none.
     std::function<std::unique_ptr<Object>(Symbol)> make_receiver = [](auto&&...) { return nullptr; };

@@ -49,7 +49,9 @@ void add_messages(Class& c) {
     class_addmethod(c, "undoredo_dump", prseq_undoredo_dump);
     class_addmethod(c, "maxtime", prseq_resize_maxtime);
     class_addmethod(c, "read", TQ_Prseq_Json_ReadFromReadMessage);
+    class_addmethod(c, "readagain", TQ_Prseq_Json_ReadFromReadagainMessage);
     class_addmethod(c, "write", TQ_Prseq_Json_WriteFromWriteMessage);
+    class_addmethod(c, "writeagain", TQ_Prseq_Json_WriteFromWriteAgainMessage);
     class_addmethod(c, "int", prseq_int);
     class_addmethod(c, "dump_selected", prseq_dump_selected);
     class_addmethod(c, "getdirty", prseq_getdirty_out);

@@ -33,6 +33,7 @@ struct DocumentInfo {
     std::string filename;  ///< empty: untitled
     std::string folder;    ///< empty: the working folder
     long untitledcounter = 1;
+    bool dialogcancelled = false;  ///< the last file dialog was
     bool dirty = false;  ///< differs from its file
 };
 

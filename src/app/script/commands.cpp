@@ -112,6 +112,11 @@ struct ScriptCommands {
         words.end();
         script.session_.make_receiver(gensym(name));
     }
+    static void answer(Script& script, Words& words) {
+        std::string file = words.word("a file, or cancel");
+        words.end();
+        script.answers_.push_back(file == "cancel" ? std::nullopt : std::optional(file));
+    }
     static void show(Script& script, Words& words) {
         std::string what = words.word("what to show");
         words.end();
@@ -133,7 +138,8 @@ constexpr CommandRow commands[] = {
     {".paint", ScriptCommands::paint},         {".wheel", ScriptCommands::wheel},
     {".focus", ScriptCommands::focus},         {".tempo", ScriptCommands::tempo},
     {".transport", ScriptCommands::transport}, {".feedback", ScriptCommands::feedback},
-    {".receiver", ScriptCommands::receiver},   {".show", ScriptCommands::show},
+    {".receiver", ScriptCommands::receiver},   {".answer", ScriptCommands::answer},
+    {".show", ScriptCommands::show},
 };
 
 }  // namespace

@@ -27,6 +27,14 @@ Script::Script(const ScriptOptions& options, std::ostream& out) : out_(out), tim
     session_.box().width = options.width;
     session_.box().height = options.height;
     session_.listen(*this);
+    session_.host().patch.open_dialog = [this] {
+        say("dialog open");
+        return take_answer();
+    };
+    session_.host().patch.save_dialog = [this](const std::string& name) {
+        say("dialog save " + name);
+        return take_answer();
+    };
     paint_if_asked();  // a document's view is meant for the box as it is laid out
     if (!options.document.empty()) session_.open(options.document);
     paint_if_asked();
@@ -50,6 +58,13 @@ void Script::run_line(const std::string& line) {
     if (line.empty() || line[0] == '#') return;
     if (is_driver_line(line)) run_command(*this, line);
     else session_.send(line);
+}
+
+std::optional<std::string> Script::take_answer() {
+    if (answers_.empty()) return {};
+    std::optional<std::string> answer = std::move(answers_.front());
+    answers_.pop_front();
+    return answer;
 }
 
 void Script::paint_if_asked() {

@@ -1,7 +1,9 @@
 // The script driver: drives one box in virtual time, line by line, and prints everything that it says.
 #pragma once
 
+#include <deque>
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "app/patch/paint_offscreen.h"
@@ -43,7 +45,11 @@ class Script : private SessionListener {
     void say_message(const std::string& from, Symbol selector, AtomSpan atoms);
     void paint_if_asked();
 
+    /// What the next file dialog is answered with; none left: it is cancelled.
+    std::optional<std::string> take_answer();
+
     Session session_;
+    std::deque<std::optional<std::string>> answers_;
     OffscreenPainter painter_;
     std::ostream& out_;
     bool times_;

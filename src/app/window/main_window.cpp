@@ -1,6 +1,7 @@
 #include "app/window/main_window.h"
 
 #include <QDragEnterEvent>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMimeData>
@@ -8,10 +9,15 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <cstdio>
+
 #include "app/patch/import.h"
+#include "app/patch/kept_copies.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/transport_bar.h"
+#include "file/document_writer.h"
+#include "shell/change.h"
 #include "view/zoom_commands.h"
 
 namespace tq {
@@ -19,6 +25,23 @@ namespace tq {
 namespace {
 
 constexpr int first_width = 1200, first_height = 740, console_height = 160;
+
+struct KeyedMessage {
+    QKeySequence::StandardKey key;
+    const char* message;
+};
+constexpr KeyedMessage keyed_messages[] = {{QKeySequence::Undo, "undo"},
+                                           {QKeySequence::Redo, "redo"},
+                                           {QKeySequence::Open, "read"},
+                                           {QKeySequence::Save, "writeagain"},
+                                           {QKeySequence::SaveAs, "write"}};
+
+const char* const document_files = "Documents (*.json);;All files (*)";
+
+/// None when the dialog was cancelled.
+std::optional<std::string> chosen(const QString& path) {
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
 
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
@@ -72,10 +95,26 @@ void MainWindow::connect_parts() {
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
     bar_->tempo = [this](double bpm) { timer_.act([&] { itm_settempo(*session_.box().transport, bpm); }); };
     bar_->console = [this](bool open) { show_console(open); };
+    Patch& patch = session_.host().patch;
+    patch.open_dialog = [this] { return chosen(QFileDialog::getOpenFileName(this, "Open", {}, document_files)); };
+    patch.save_dialog = [this](const std::string& name) {
+        return chosen(QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files));
+    };
+    patch.keep_copy = [this](const Object& box, const std::string& text) {
+        std::string fault;
+        std::optional<std::string> path = keep_copy(session_.box().info.filename, text, fault);
+        std::string told = path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
+        std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
+        object_post(box, told);
+    };
     auto* space = new QShortcut(Qt::Key_Space, this);
     connect(space, &QShortcut::activated, this, [this] { toggle_play(); });
     auto* console = new QShortcut(Qt::CTRL | Qt::Key_K, this);
     connect(console, &QShortcut::activated, this, [this] { show_console(console_->isHidden()); });
+    for (const KeyedMessage& row : keyed_messages) {
+        auto* shortcut = new QShortcut(QKeySequence(row.key), this);
+        connect(shortcut, &QShortcut::activated, this, [this, message = row.message] { send(message); });
+    }
     auto* quit = new QShortcut(QKeySequence::Quit, this);
     connect(quit, &QShortcut::activated, this, &QWidget::close);
 }
@@ -132,6 +171,12 @@ void MainWindow::refresh() {
     const QString file = QFileInfo(QString::fromStdString(box.info.filename)).fileName();
     setWindowTitle((file.isEmpty() ? QString::fromStdString(box.info.title) : file) + "[*] – sorvo");
     setWindowModified(box.info.dirty);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    Prseq& box = session_.box();
+    if (prseq_getdirtyflag(box)) session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+    QWidget::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

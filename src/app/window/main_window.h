@@ -26,6 +26,7 @@ class MainWindow : public QWidget {
     Session& session() { return session_; }
 
  protected:
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
