@@ -23,8 +23,9 @@ std::unique_ptr<Session> document(size_t events, size_t tracks, double step) {
         Track& track = *TQ_Prseq_Tracks_GetActiveTrack(box);
         std::vector<EventRef> list;
         for (size_t i = t; i < events; i += tracks) {
-            EventRef event = TQ_Prseq_Events_MakeEvent(box, static_cast<long>(static_cast<double>(i) * step), 36 + static_cast<double>(i * 7 % 48),
-                                                       100, 200, {}, {});
+            EventRef event =
+                TQ_Prseq_Events_MakeEvent(box, static_cast<long>(static_cast<double>(i) * step),
+                                          36 + static_cast<double>(i * 7 % 48), 100, 200, {}, {});
             TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
             list.push_back(std::move(event));
         }
@@ -50,7 +51,8 @@ std::string midi_file(size_t notes, size_t tracks) {
         parts[t].name = "Part " + std::to_string(t);
         parts[t].program = static_cast<int>(t);
         for (size_t i = t; i < notes; i += tracks)
-            parts[t].notes.push_back({static_cast<double>(i) * 2, 30, 36 + static_cast<double>(i * 7 % 48), 100, {}});
+            parts[t].notes.push_back(
+                {static_cast<double>(i) * 2, 30, 36 + static_cast<double>(i * 7 % 48), 100, {}});
     }
     std::vector<std::byte> bytes = write_midi_file(parts);
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};

@@ -25,7 +25,9 @@ using namespace tq;
 
 namespace {
 
-std::string scratch(const std::string& name) { return (std::filesystem::temp_directory_path() / name).string(); }
+std::string scratch(const std::string& name) {
+    return (std::filesystem::temp_directory_path() / name).string();
+}
 
 std::string count_name(size_t count) {
     return count >= 1000000 ? std::to_string(count / 1000000) + " M" : std::to_string(count / 1000) + " k";
@@ -124,24 +126,28 @@ double ms_per_paint(size_t events) {
     prseq_horzoom(box, (zoom - bar.minimumzoom) / (bar.maximumzoom - bar.minimumzoom));
     prseq_horscroll(box, 0.5);
     painter.paint(box);
-    return best_cpu_of(30, [&] {
-               prseq_show(box, Change::MainDisplay);
-               painter.paint(box);
-           }) * 1e3;
+    return best_cpu_of(30,
+                       [&] {
+                           prseq_show(box, Change::MainDisplay);
+                           painter.paint(box);
+                       }) *
+           1e3;
 }
 
 void paint_rows() {
     double small = ms_per_paint(1000);
     row("paint 1600x900, 1000 events in view, of 1 k", small, "ms");
     for (size_t events : {100000UL, 1000000UL})
-        row("paint 1600x900, 1000 events in view, of " + count_name(events), ms_per_paint(events), "ms", {"of 1 k", small});
+        row("paint 1600x900, 1000 events in view, of " + count_name(events), ms_per_paint(events), "ms",
+            {"of 1 k", small});
 }
 
 /// CPU ns an event sent while playing 1000 events.
 double ns_per_played_event(size_t events) {
     auto session = document(events, 16, 10);
     Scheduler& scheduler = session->host().scheduler;
-    double from = static_cast<double>(events) * 10 / 2, stretch = std::min(static_cast<double>(events), 20000.) * 10 / 2;
+    double from = static_cast<double>(events) * 10 / 2,
+           stretch = std::min(static_cast<double>(events), 20000.) * 10 / 2;
     Itm& itm = *session->box().transport;
     itm_setticks(itm, itm_mstoticks(itm, from));
     session->send("int 1");
@@ -160,7 +166,8 @@ void playback_rows() {
     double small = best_played(1000, 20);
     row("play an event on 16 tracks, of 1 k", small, "ns");
     for (size_t events : {10000UL, 100000UL, 1000000UL})
-        row("play an event on 16 tracks, of " + count_name(events), best_played(events, 3), "ns", {"of 1 k", small});
+        row("play an event on 16 tracks, of " + count_name(events), best_played(events, 3), "ns",
+            {"of 1 k", small});
 }
 
 struct Group {
@@ -168,11 +175,13 @@ struct Group {
     void (*run)();
 };
 
-constexpr Group groups[] = {{"messages", event_message_rows}, {"midi", midi_rows},   {"memory", memory_rows},
-                            {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows}};
+constexpr Group groups[] = {
+    {"messages", event_message_rows}, {"midi", midi_rows},   {"memory", memory_rows},
+    {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
-    return argc < 2 || std::any_of(argv + 1, argv + argc, [&](const char* part) { return name.find(part) != name.npos; });
+    return argc < 2 ||
+           std::any_of(argv + 1, argv + argc, [&](const char* part) { return name.find(part) != name.npos; });
 }
 
 }  // namespace

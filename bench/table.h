@@ -36,8 +36,10 @@ struct Yardstick {
     double figure = 0;
 };
 
-inline void row(const std::string& name, double figure, const std::string& unit, const Yardstick& yardstick = {}) {
-    std::string beside = yardstick.name.empty() ? "" : fmt::format("{} {:.4g}", yardstick.name, yardstick.figure);
+inline void row(const std::string& name, double figure, const std::string& unit,
+                const Yardstick& yardstick = {}) {
+    std::string beside =
+        yardstick.name.empty() ? "" : fmt::format("{} {:.4g}", yardstick.name, yardstick.figure);
     std::string ratio = yardstick.name.empty() ? "" : fmt::format("{:.2f}", figure / yardstick.figure);
     fmt::print("{:<58} {:>10.4g} {:<8} {:<34} {:>7}\n", name, figure, unit, beside, ratio);
     std::fflush(stdout);

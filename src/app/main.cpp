@@ -17,7 +17,8 @@ int main(int argc, char** argv) {
     play_app->add_flag("--print", play.print, "print what is sent, with its logical time in ms");
 
     RenderCommand render;
-    CLI::App* render_app = app.add_subcommand("render", "write sound, notes or picture to files, faster than real time");
+    CLI::App* render_app =
+        app.add_subcommand("render", "write sound, notes or picture to files, faster than real time");
     render_app->add_option("FILE", render.file, "a document or a Standard MIDI File")->required();
     render_app->add_option("--wav", render.wav, "the sound, as a WAV file");
     render_app->add_option("--midi", render.midi, "the notes, as a Standard MIDI File");

@@ -17,14 +17,16 @@ namespace {
 constexpr size_t longest_located_name = 2047, longest_chosen_name = 511;
 
 void empty_document(Prseq& object) {
-    if (prseq_getdirtyflag(object)) object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
+    if (prseq_getdirtyflag(object))
+        object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
     TQ_Prseq_NewFile(object);
     prseq_show(object, Change::Everything);
 }
 
 /// Reads the document's own file into the emptied box.
 bool read_own_file(Prseq& object) {
-    std::optional<DictionaryFile> file = dictionary_read(object, path_in_folder(object.info.folder, object.info.filename));
+    std::optional<DictionaryFile> file =
+        dictionary_read(object, path_in_folder(object.info.folder, object.info.filename));
     bool read = file && TQ_Prseq_Json_ParseDictionary(object, file->root());
     prseq_show(object, Change::Everything);
     return read;
@@ -64,16 +66,20 @@ bool take_choice(DocumentInfo& info, const std::optional<std::string>& path) {
 void TQ_Prseq_Json_ReadFromReadMessage(Prseq& object, OptionalSymbol name) {
     std::string folder = object.info.folder;
     empty_document(object);
-    if (name.symbol.empty()) defer_low(object, read_chosen);
-    else defer_low(object, [name, folder](Prseq& o) { read_by_name(o, name.symbol.text(), folder); });
+    if (name.symbol.empty())
+        defer_low(object, read_chosen);
+    else
+        defer_low(object, [name, folder](Prseq& o) { read_by_name(o, name.symbol.text(), folder); });
 }
 
 void TQ_Prseq_Json_ReadFromReadagainMessage(Prseq& object) {
     // The document's own file first, not one of the same name in the working folder.
     std::string name = object.info.filename, path = path_in_folder(object.info.folder, name);
     empty_document(object);
-    if (name.empty()) defer_low(object, read_chosen);
-    else defer_low(object, [path](Prseq& o) { read_by_name(o, path, ""); });
+    if (name.empty())
+        defer_low(object, read_chosen);
+    else
+        defer_low(object, [path](Prseq& o) { read_by_name(o, path, ""); });
 }
 
 void TQ_Prseq_Json_ReadFromOpen(Prseq& object) {
@@ -89,8 +95,10 @@ void TQ_Prseq_Json_WriteFromWriteMessage(Prseq& object, OptionalSymbol name) {
 
 void TQ_Prseq_Json_WriteFromWriteAgainMessage(Prseq& object) {
     defer_low(object, [](Prseq& o) {
-        if (o.info.filename.empty()) write_chosen(o, TQ_Prseq_Json_MakeUntitledFileName(o));
-        else TQ_Prseq_Json_WriteDictionary(o);
+        if (o.info.filename.empty())
+            write_chosen(o, TQ_Prseq_Json_MakeUntitledFileName(o));
+        else
+            TQ_Prseq_Json_WriteDictionary(o);
     });
 }
 
@@ -106,7 +114,9 @@ std::string TQ_Prseq_Json_MakeUntitledFileName(const Prseq& object) {
     return fmt::sprintf("untitled%ld.json", object.info.untitledcounter);
 }
 
-bool TQ_Prseq_Json_OpenDialog(Prseq& object) { return take_choice(object.info, object.host().patch.open_dialog()); }
+bool TQ_Prseq_Json_OpenDialog(Prseq& object) {
+    return take_choice(object.info, object.host().patch.open_dialog());
+}
 
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name) {
     return take_choice(object.info, object.host().patch.save_dialog(name));

@@ -1,4 +1,5 @@
-// The ways in which documents are read and written. File work and dialogs are deferred until the message is over.
+// The ways in which documents are read and written. File work and dialogs are deferred until the message is
+// over.
 #pragma once
 
 #include <string>

@@ -33,7 +33,8 @@ void read_header(DocumentInfo& info, const Dictionary& header) {
 }
 
 void read_timeline(Prseq& object, const Dictionary& root) {
-    if (auto active = root.getlong("activetrack"); active && track_at(object, *active)) object.activetrack = *active;
+    if (auto active = root.getlong("activetrack"); active && track_at(object, *active))
+        object.activetrack = *active;
     if (auto length = root.getfloat("maxtime"); length && *length > 0) {
         object.timelinelength = *length;
         synchronise_view(object);
@@ -41,7 +42,8 @@ void read_timeline(Prseq& object, const Dictionary& root) {
     }
     root.getarray("meters").for_each([&](const Dictionary& region) {
         long measure = region.getlong("measure").value_or(0), first = object.meter.firstbarnumber;
-        long bar = measure < std::numeric_limits<long>::max() - first ? measure + first : -1;  // no bar has number -1
+        long bar = measure < std::numeric_limits<long>::max() - first ? measure + first
+                                                                      : -1;  // no bar has number -1
         prseq_bar(object, bar, region.getlong("beats").value_or(0), region.getlong("notevalue").value_or(0));
     });
 }
@@ -59,7 +61,8 @@ void read_switches(Prseq& object, const Dictionary& root) {
     for (const Row& row : rows)
         if (auto value = root.getlong(row.key)) object.*row.field = *value != 0;
     if (auto value = root.getlong("linecursorfollow")) object.linecursor.follow = *value != 0;
-    if (auto value = root.getlong("timedisplaytype"); value && *value >= 0 && *value <= 2) object.timedisplaytype = *value;
+    if (auto value = root.getlong("timedisplaytype"); value && *value >= 0 && *value <= 2)
+        object.timedisplaytype = *value;
 }
 
 void read_view(Prseq& object, const Dictionary& root) {

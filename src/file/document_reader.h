@@ -7,7 +7,8 @@ namespace tq {
 
 struct Prseq;
 
-/// Reads a dictionary into the emptied document. False, and why is posted, when it is no document of this version.
+/// Reads a dictionary into the emptied document. False, and why is posted, when it is no document of this
+/// version.
 bool TQ_Prseq_Json_ParseDictionary(Prseq& object, const Dictionary& dictionary);
 
 }  // namespace tq

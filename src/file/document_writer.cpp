@@ -173,7 +173,8 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
 
 bool TQ_Prseq_Json_WriteDictionary(Prseq& object) {
     std::string text = TQ_Prseq_Json_MakeDictionary(object, true) + "\n";
-    if (!dictionary_write(object, path_in_folder(object.info.folder, object.info.filename), text)) return false;
+    if (!dictionary_write(object, path_in_folder(object.info.folder, object.info.filename), text))
+        return false;
     prseq_setdirtyflag(object, false);
     return true;
 }

@@ -33,26 +33,29 @@ void read_flags(Prseq& object, long index, const Dictionary& dictionary) {
     for (const Row& row : rows)
         if (auto value = dictionary.getlong(row.key)) row.set(object, index, *value != 0);
     if (auto hue = dictionary.getfloat("color"))
-        TQ_Prseq_Tracks_SetColorFromHSL(object, index, *hue, object.defaults.saturation, object.defaults.luminosity);
+        TQ_Prseq_Tracks_SetColorFromHSL(object, index, *hue, object.defaults.saturation,
+                                        object.defaults.luminosity);
     if (dictionary.getstring("destination"))
         TQ_Prseq_Tracks_SetDestination(object, index, symbol_of(dictionary, "destination"));
 }
 
 void read_types(Prseq& object, Track& track, const Dictionary& dictionary) {
     dictionary.getarray("bpftypes").for_each([&](const Dictionary& type) {
-        TQ_Prseq_Tracks_AddBpfTypeToTrack(object, track.index, symbol_of(type, "name"),
-                                          type.getfloat("minvalue").value_or(0), type.getfloat("maxvalue").value_or(0),
-                                          type.getfloat("defaultvalue").value_or(0));
+        TQ_Prseq_Tracks_AddBpfTypeToTrack(
+            object, track.index, symbol_of(type, "name"), type.getfloat("minvalue").value_or(0),
+            type.getfloat("maxvalue").value_or(0), type.getfloat("defaultvalue").value_or(0));
     });
     dictionary.getarray("paramtypes").for_each([&](const Dictionary& type) {
         ParameterType* added = TQ_Prseq_Parameters_AddParameterTypeToTrack(
-            track, symbol_of(type, "Name"), type.getfloat("Minimum").value_or(0), type.getfloat("Maximum").value_or(0),
-            type.getfloat("Default").value_or(0), type.getlong("Steps").value_or(0));
+            track, symbol_of(type, "Name"), type.getfloat("Minimum").value_or(0),
+            type.getfloat("Maximum").value_or(0), type.getfloat("Default").value_or(0),
+            type.getlong("Steps").value_or(0));
         if (added) added->id = type.getlong("ID");
     });
 }
 
-/// The points in order of x, completed by an end at 0 or 1 that is missing; points outside 0 to 1 are left out.
+/// The points in order of x, completed by an end at 0 or 1 that is missing; points outside 0 to 1 are left
+/// out.
 BpfPoints read_points(const DictionaryArray& list) {
     BpfPoints points;
     list.for_each([&](const Dictionary& point) {
@@ -124,7 +127,8 @@ void read_track(Prseq& object, const Dictionary& dictionary) {
     if (!track) return;
     read_flags(object, track->index, dictionary);
     read_types(object, *track, dictionary);
-    dictionary.getarray("events").for_each([&](const Dictionary& event) { read_event(object, *track, event); });
+    dictionary.getarray("events").for_each(
+        [&](const Dictionary& event) { read_event(object, *track, event); });
 }
 
 }  // namespace tq

@@ -7,8 +7,8 @@ namespace tq {
 
 struct Prseq;
 
-/// Makes a track of a dictionary and makes it active. A dictionary without a name makes none: what it says, and
-/// its events, go to the active track.
+/// Makes a track of a dictionary and makes it active. A dictionary without a name makes none: what it says,
+/// and its events, go to the active track.
 void read_track(Prseq& object, const Dictionary& dictionary);
 
 }  // namespace tq

@@ -9,8 +9,8 @@ struct Prseq;
 
 /// Every "event" message begins here: the first of a burst starts the capture clock.
 void open_event_capture(Prseq& object);
-/// Before an event is inserted or modified: a burst of the other kind is closed, while the document is still what
-/// it left.
+/// Before an event is inserted or modified: a burst of the other kind is closed, while the document is still
+/// what it left.
 void expect_insertion(Prseq& object);
 void expect_modification(Prseq& object);
 void capture_inserted_event(Prseq& object, EventRef event);

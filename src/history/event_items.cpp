@@ -8,8 +8,8 @@ namespace tq {
 namespace {
 
 constexpr KindName inserted{"Insert Event", "Insert Events"}, pasted{"Paste Event", "Paste Events"},
-    copied{"Copy Event", "Copy Events"}, deleted{"Delete Event", "Delete Events"}, cut{"Cut Event", "Cut Events"},
-    sliced{"Slice Event", "Slice Event"}, glued{"Glue Events", "Glue Events"};
+    copied{"Copy Event", "Copy Events"}, deleted{"Delete Event", "Delete Events"},
+    cut{"Cut Event", "Cut Events"}, sliced{"Slice Event", "Slice Event"}, glued{"Glue Events", "Glue Events"};
 
 /// Events that stand in for others; either side may be empty.
 struct ExchangeItem : UndoItem {
@@ -58,12 +58,14 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Prseq& object, std::vector<Even
     record_going(object, cut, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Prseq& object, TrackRef track, EventRef event, EventRef left, EventRef right) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Prseq& object, TrackRef track, EventRef event,
+                                                  EventRef left, EventRef right) {
     record<ExchangeItem>(object, sliced, std::vector<PlacedEvent>{{event, track}},
                          std::vector<PlacedEvent>{{left, track}, {right, track}});
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Prseq& object, TrackRef track, EventRef event, EventRef first, EventRef second) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Prseq& object, TrackRef track, EventRef event,
+                                                  EventRef first, EventRef second) {
     record<ExchangeItem>(object, glued, std::vector<PlacedEvent>{{first, track}, {second, track}},
                          std::vector<PlacedEvent>{{event, track}});
 }

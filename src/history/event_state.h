@@ -10,7 +10,8 @@ namespace tq {
 
 struct Prseq;
 
-/// An event's values at one moment. Curves keep their identity: each is written back into the curve it came from.
+/// An event's values at one moment. Curves keep their identity: each is written back into the curve it came
+/// from.
 struct EventState {
     Ref<Track> track;
     double start = 0, duration = 0, pitch = 0, velocity = 0;

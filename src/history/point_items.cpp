@@ -11,7 +11,8 @@ constexpr KindName added{"Add Bpf Point", "Add Bpf Point"}, deleted{"Delete Bpf 
     moved{"Move Bpf Point", "Move Bpf Points"};
 
 struct PointsItem : UndoItem {
-    PointsItem(std::string t, BpfRef b, BpfPoints points) : text(std::move(t)), bpf(std::move(b)), before(std::move(points)), after(bpf->points) {}
+    PointsItem(std::string t, BpfRef b, BpfPoints points)
+        : text(std::move(t)), bpf(std::move(b)), before(std::move(points)), after(bpf->points) {}
     std::string text;
     BpfRef bpf;
     BpfPoints before, after;
@@ -31,7 +32,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Prseq& object, BpfRef bpf
     record<PointsItem>(object, std::move(text), std::move(bpf), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before, size_t count) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before,
+                                                     size_t count) {
     record<PointsItem>(object, moved.of(count), std::move(bpf), std::move(before));
 }
 

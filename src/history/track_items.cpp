@@ -19,7 +19,8 @@ void show_tracks(Prseq& object) {
 
 void take_track(Prseq& object, const TrackRef& track, long active_after) {
     if (in_document(track)) TQ_Prseq_Tracks_DeleteTrackReference(object, track->index);
-    object.activetrack = track_at(object, active_after) ? active_after : static_cast<long>(object.tracks.size()) - 1;
+    object.activetrack =
+        track_at(object, active_after) ? active_after : static_cast<long>(object.tracks.size()) - 1;
     show_tracks(object);
 }
 
@@ -30,7 +31,8 @@ void put_track(Prseq& object, const TrackRef& track, long index, long active_aft
 }
 
 struct AddTrackItem : UndoItem {
-    AddTrackItem(TrackRef added, long before) : track(std::move(added)), index(track->index), active_before(before) {}
+    AddTrackItem(TrackRef added, long before)
+        : track(std::move(added)), index(track->index), active_before(before) {}
     TrackRef track;
     long index, active_before;
     std::string name() const override { return "Add Track"; }
@@ -57,7 +59,8 @@ struct ActiveTrackItem : UndoItem {
 };
 
 struct TrackColorItem : UndoItem {
-    TrackColorItem(TrackRef t, double before, double after) : track(std::move(t)), previous(before), next(after) {}
+    TrackColorItem(TrackRef t, double before, double after)
+        : track(std::move(t)), previous(before), next(after) {}
     TrackRef track;
     double previous, next;
     std::string name() const override { return "Change Track Color"; }
@@ -65,13 +68,15 @@ struct TrackColorItem : UndoItem {
     void redo(Prseq& object) override { set(object, next); }
     void set(Prseq& object, double hue) const {
         if (!in_document(track)) return;
-        TQ_Prseq_Tracks_SetColorFromHSL(object, track->index, hue, object.defaults.saturation, object.defaults.luminosity);
+        TQ_Prseq_Tracks_SetColorFromHSL(object, track->index, hue, object.defaults.saturation,
+                                        object.defaults.luminosity);
         show_tracks(object);
     }
 };
 
 struct TrackNameItem : UndoItem {
-    TrackNameItem(TrackRef t, std::string before) : track(std::move(t)), previous(std::move(before)), next(track->name) {}
+    TrackNameItem(TrackRef t, std::string before)
+        : track(std::move(t)), previous(std::move(before)), next(track->name) {}
     TrackRef track;
     std::string previous, next;
     std::string name() const override { return "Change Track Name"; }
@@ -90,7 +95,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Prseq& object, TrackRef track, l
     record<AddTrackItem>(object, std::move(track), previously_active);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Prseq& object, TrackRef track, long active_before, long active_after) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Prseq& object, TrackRef track, long active_before,
+                                                   long active_after) {
     record<DeleteTrackItem>(object, std::move(track), active_before, active_after);
 }
 
@@ -98,7 +104,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Prseq& object, long ind
     record<ActiveTrackItem>(object, index, previous);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Prseq& object, TrackRef track, double previous, double hue) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Prseq& object, TrackRef track, double previous,
+                                                        double hue) {
     record<TrackColorItem>(object, std::move(track), previous, hue);
 }
 

@@ -20,7 +20,8 @@ void show_types(Prseq& object, const TrackRef& track) {
 /// A type that came (undo takes it off) or went (undo puts it back).
 template <typename Removed, Removed (*take)(Track&, long), void (*put)(Track&, const Removed&)>
 struct TypeItem : UndoItem {
-    TypeItem(const char* t, TrackRef tr, Removed r, bool c) : text(t), track(std::move(tr)), removed(std::move(r)), came(c) {}
+    TypeItem(const char* t, TrackRef tr, Removed r, bool c)
+        : text(t), track(std::move(tr)), removed(std::move(r)), came(c) {}
     const char* text;
     TrackRef track;
     Removed removed;
@@ -29,8 +30,10 @@ struct TypeItem : UndoItem {
     void undo(Prseq& object) override { step(object, !came); }
     void redo(Prseq& object) override { step(object, came); }
     void step(Prseq& object, bool put_back) {
-        if (put_back) put(*track, removed);
-        else removed = take(*track, removed.index);
+        if (put_back)
+            put(*track, removed);
+        else
+            removed = take(*track, removed.index);
         show_types(object, track);
     }
 };
@@ -84,20 +87,26 @@ struct ChangeBpfItem : UndoItem {
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Prseq& object, TrackRef track, long index) {
     RemovedParameterType added{TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index), index, {}};
-    record<ParameterTypeItem>(object, "Add Parameter Type To Track", std::move(track), std::move(added), true);
+    record<ParameterTypeItem>(object, "Add Parameter Type To Track", std::move(track), std::move(added),
+                              true);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(Prseq& object, TrackRef track, RemovedParameterType removed) {
-    record<ParameterTypeItem>(object, "Delete Parameter Type From Track", std::move(track), std::move(removed), false);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(Prseq& object, TrackRef track,
+                                                           RemovedParameterType removed) {
+    record<ParameterTypeItem>(object, "Delete Parameter Type From Track", std::move(track),
+                              std::move(removed), false);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(Prseq& object, TrackRef track, long index, ParameterTypeRef previous) {
-    ParameterTypeRef next = TQ_Prseq_Parameters_CopyDictionary(*TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(Prseq& object, TrackRef track, long index,
+                                                                  ParameterTypeRef previous) {
+    ParameterTypeRef next =
+        TQ_Prseq_Parameters_CopyDictionary(*TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index));
     record<ChangeParameterItem>(object, std::move(track), index, std::move(previous), std::move(next));
 }
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(Prseq& object, TrackRef track, long index) {
-    RemovedBpfType added{TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index), index, track->activebpfindex, {}};
+    RemovedBpfType added{
+        TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index), index, track->activebpfindex, {}};
     record<BpfTypeItem>(object, "Add Bpf Type To Track", std::move(track), std::move(added), true);
 }
 
@@ -105,7 +114,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(Prseq& object, TrackRef tra
     record<BpfTypeItem>(object, "Delete Bpf Type From Track", std::move(track), std::move(removed), false);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Prseq& object, TrackRef track, BpfTypeRef type, BpfTypeValues previous) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Prseq& object, TrackRef track, BpfTypeRef type,
+                                                     BpfTypeValues previous) {
     BpfTypeValues next{type->name, type->minimum, type->maximum, type->default_};
     record<ChangeBpfItem>(object, std::move(track), std::move(type), previous, next);
 }

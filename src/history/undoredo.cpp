@@ -10,7 +10,9 @@ namespace tq {
 
 namespace {
 
-void report(Prseq& object, const Atoms& atoms) { outlet_anything(object, OutletSystemInfo, tq_sym_undoredo, atoms); }
+void report(Prseq& object, const Atoms& atoms) {
+    outlet_anything(object, OutletSystemInfo, tq_sym_undoredo, atoms);
+}
 
 UndoItem* item_at(const History& history, long index) {
     bool exists = index >= 0 && index < static_cast<long>(history.items.size());

@@ -24,8 +24,8 @@ void TQ_Prseq_Undoredo_Dump(Prseq& object);
 /// Reports the cursor.
 void TQ_Prseq_Undoredo_DumpSlot(Prseq& object);
 
-/// Messages "undo", "redo" and "undoredo" (moves the cursor to a slot, as far as there are items), and those that
-/// clear and report.
+/// Messages "undo", "redo" and "undoredo" (moves the cursor to a slot, as far as there are items), and those
+/// that clear and report.
 void prseq_undo(Prseq& object);
 void prseq_redo(Prseq& object);
 void prseq_undoredo(Prseq& object, long slot);

@@ -10,8 +10,10 @@ namespace tq {
 
 namespace {
 
-constexpr KindName moved{"Move Event", "Move Events"}, start_changed{"Change Event Start", "Change Events Start"},
-    duration_changed{"Change Event Duration", "Change Events Duration"}, modified{"Modify Event", "Modify Events"},
+constexpr KindName moved{"Move Event", "Move Events"},
+    start_changed{"Change Event Start", "Change Events Start"},
+    duration_changed{"Change Event Duration", "Change Events Duration"},
+    modified{"Modify Event", "Modify Events"},
     velocity_changed{"Change Event Velocity", "Change Events Velocity"},
     parameter_changed{"Change Event Parameter", "Change Events Parameter"};
 
@@ -19,7 +21,8 @@ constexpr KindName moved{"Move Event", "Move Events"}, start_changed{"Change Eve
 struct TimesItem : UndoItem {
     TimesItem(const KindName& k, std::vector<UndoEventSnapshot> b) : kind(k), before(std::move(b)) {
         after.reserve(before.size());
-        for (const UndoEventSnapshot& s : before) after.push_back({s.event->start, s.event->duration, s.event->pitch, s.event});
+        for (const UndoEventSnapshot& s : before)
+            after.push_back({s.event->start, s.event->duration, s.event->pitch, s.event});
     }
     KindName kind;
     std::vector<UndoEventSnapshot> before, after;
@@ -37,13 +40,15 @@ struct TimesItem : UndoItem {
 
 /// Everything that events hold.
 struct StateItem : UndoItem {
-    StateItem(std::string t, std::vector<EventModification> m) : text(std::move(t)), modifications(std::move(m)) {}
+    StateItem(std::string t, std::vector<EventModification> m)
+        : text(std::move(t)), modifications(std::move(m)) {}
     std::string text;
     std::vector<EventModification> modifications;
     std::string name() const override { return text; }
     void undo(Prseq& object) override {
         // Backwards: one event may have been changed several times.
-        for (auto m = modifications.rbegin(); m != modifications.rend(); ++m) restore_event_state(object, *m->event, m->previous);
+        for (auto m = modifications.rbegin(); m != modifications.rend(); ++m)
+            restore_event_state(object, *m->event, m->previous);
     }
     void redo(Prseq& object) override {
         for (const EventModification& m : modifications) restore_event_state(object, *m.event, m.next);
@@ -64,8 +69,10 @@ struct ParameterItem : UndoItem {
         for (const ValueChange& change : changes) set(*change.event, change.next);
     }
     void set(Event& event, double value) const {
-        if (parameter == tq_sym_Velocity) event.velocity = value;
-        else TQ_Prseq_Parameters_SetEventParameterValue(event, parameter, value);
+        if (parameter == tq_sym_Velocity)
+            event.velocity = value;
+        else
+            TQ_Prseq_Parameters_SetEventParameterValue(event, parameter, value);
     }
 };
 
@@ -82,15 +89,18 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(Prseq& object, std::vector<Und
     record<TimesItem>(object, moved, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Prseq& object, std::vector<UndoEventSnapshot> before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Prseq& object,
+                                                         std::vector<UndoEventSnapshot> before) {
     record<TimesItem>(object, start_changed, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Prseq& object, std::vector<UndoEventSnapshot> before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Prseq& object,
+                                                          std::vector<UndoEventSnapshot> before) {
     record<TimesItem>(object, duration_changed, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Prseq& object, std::vector<EventModification> modifications) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Prseq& object,
+                                                    std::vector<EventModification> modifications) {
     std::string text = modified.of(modifications.size());
     record<StateItem>(object, std::move(text), std::move(modifications));
 }
@@ -103,19 +113,23 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage(Prseq& object, EventR
     record_state(object, "Change Event Message", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Prseq& object, EventRef event, EventState before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Prseq& object, EventRef event,
+                                                              EventState before) {
     record_state(object, "Change Event MSP Buffer", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Prseq& object, EventRef event, EventState before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Prseq& object, EventRef event,
+                                                               EventState before) {
     record_state(object, "Link MSP Buffer/Event Size", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Prseq& object, EventRef event, EventState before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Prseq& object, EventRef event,
+                                                               EventState before) {
     record_state(object, "Change Event MSP Buffer Start", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Prseq& object, EventRef event, EventState before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Prseq& object, EventRef event,
+                                                             EventState before) {
     record_state(object, "Change Event MSP Buffer End", std::move(event), std::move(before));
 }
 
@@ -123,7 +137,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Prseq& object, std::
     record<ParameterItem>(object, std::move(changes), tq_sym_Velocity);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Prseq& object, std::vector<ValueChange> changes, Symbol parameter) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Prseq& object, std::vector<ValueChange> changes,
+                                                             Symbol parameter) {
     record<ParameterItem>(object, std::move(changes), parameter);
 }
 

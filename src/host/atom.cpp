@@ -15,7 +15,8 @@ bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; 
 std::optional<Atom> number_from(std::string_view token) {
     std::string_view digits = token;
     if (!digits.empty() && (digits[0] == '+' || digits[0] == '-')) digits.remove_prefix(1);
-    if (digits.empty() || !(std::isdigit(static_cast<unsigned char>(digits[0])) || digits[0] == '.')) return {};
+    if (digits.empty() || !(std::isdigit(static_cast<unsigned char>(digits[0])) || digits[0] == '.'))
+        return {};
     if (token[0] == '+') token.remove_prefix(1);
     const char* end = token.data() + token.size();
 
@@ -74,9 +75,12 @@ double Atom::as_double() const {
 bool operator==(const Atom& a, const Atom& b) {
     if (a.type_ != b.type_) return false;
     switch (a.type_) {
-        case Atom::Type::Int: return a.integer_ == b.integer_;
-        case Atom::Type::Float: return a.number_ == b.number_;
-        case Atom::Type::Symbol: return a.symbol_ == b.symbol_;
+        case Atom::Type::Int:
+            return a.integer_ == b.integer_;
+        case Atom::Type::Float:
+            return a.number_ == b.number_;
+        case Atom::Type::Symbol:
+            return a.symbol_ == b.symbol_;
     }
     return false;
 }
@@ -86,9 +90,15 @@ std::string atom_gettext(AtomSpan atoms) {
     for (const Atom& atom : atoms) {
         if (!out.empty()) out += ' ';
         switch (atom.type()) {
-            case Atom::Type::Int: out += std::to_string(atom.as_long()); break;
-            case Atom::Type::Float: append_float(out, static_cast<float>(atom.as_double())); break;
-            case Atom::Type::Symbol: append_symbol(out, atom.as_symbol().text()); break;
+            case Atom::Type::Int:
+                out += std::to_string(atom.as_long());
+                break;
+            case Atom::Type::Float:
+                append_float(out, static_cast<float>(atom.as_double()));
+                break;
+            case Atom::Type::Symbol:
+                append_symbol(out, atom.as_symbol().text());
+                break;
         }
     }
     return out;

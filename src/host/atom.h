@@ -12,7 +12,7 @@ namespace tq {
 
 /// An int, a float or a symbol. A float atom holds single precision: what goes in is rounded to it.
 class Atom {
-  public:
+ public:
     enum class Type : unsigned char { Int, Float, Symbol };
 
     Atom() : Atom(0L) {}
@@ -36,7 +36,7 @@ class Atom {
 
     friend bool operator==(const Atom& a, const Atom& b);
 
-  private:
+ private:
     union {
         long integer_;
         float number_;

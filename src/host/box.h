@@ -7,7 +7,7 @@
 namespace tq {
 
 class Box : public Object {
-  public:
+ public:
     using Object::Object;
     /// Width and height in pixels of the view (its position does not matter to what is inside).
     double width = 400, height = 300;

@@ -34,16 +34,21 @@ namespace {
 std::optional<Atoms> fitting_values(const Attribute& attribute, AtomSpan atoms) {
     bool rgba = attribute.type == Attribute::Type::Rgba;
     if (rgba ? (atoms.size() < 3 || atoms.size() > 4) : atoms.empty()) return {};
-    if (!std::all_of(atoms.begin(), atoms.end(), [](const Atom& atom) { return atom.is_number(); })) return {};
+    if (!std::all_of(atoms.begin(), atoms.end(), [](const Atom& atom) { return atom.is_number(); }))
+        return {};
 
     Atoms values(atoms.begin(), rgba ? atoms.end() : atoms.begin() + 1);
     if (values.size() == 3) values.emplace_back(1.0);
     auto clip = rgba ? std::optional(std::pair(0.0, 1.0)) : attribute.clip;
     for (Atom& value : values) {
-        if (attribute.type == Attribute::Type::Char || attribute.type == Attribute::Type::Long) value = value.as_long();
+        if (attribute.type == Attribute::Type::Char || attribute.type == Attribute::Type::Long)
+            value = value.as_long();
         if (!clip) continue;
-        if (value.is_int()) value = std::clamp(value.as_long(), static_cast<long>(clip->first), static_cast<long>(clip->second));
-        else value = std::clamp(value.as_double(), clip->first, clip->second);
+        if (value.is_int())
+            value =
+                std::clamp(value.as_long(), static_cast<long>(clip->first), static_cast<long>(clip->second));
+        else
+            value = std::clamp(value.as_double(), clip->first, clip->second);
     }
     return values;
 }
@@ -58,7 +63,8 @@ bool answer_attribute_query(Object& object, std::string_view message) {
 
 }  // namespace
 
-std::optional<std::string> object_attr_setvalueof(Object& object, const Attribute& attribute, AtomSpan atoms) {
+std::optional<std::string> object_attr_setvalueof(Object& object, const Attribute& attribute,
+                                                  AtomSpan atoms) {
     std::optional<Atoms> values = fitting_values(attribute, atoms);
     if (!values) return fmt::sprintf("bad arguments for attribute \"%s\"", attribute.name.text());
     attribute.write(object, *values);
@@ -85,8 +91,10 @@ bool object_method_typed(Object& object, Symbol message, AtomSpan arguments) {
     }
     if (const Attribute* attribute = c.find_attribute(message)) {
         std::optional<std::string> fault = object_attr_setvalueof(object, *attribute, arguments);
-        if (fault) object_error(object, *fault);
-        else if (attribute->paint) object.host().patch.redraw(object);
+        if (fault)
+            object_error(object, *fault);
+        else if (attribute->paint)
+            object.host().patch.redraw(object);
         return !fault;
     }
     if (answer_attribute_query(object, message.text()) || object.anything(message, arguments)) return true;

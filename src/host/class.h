@@ -26,7 +26,7 @@ struct Method {
 };
 
 class Class {
-  public:
+ public:
     explicit Class(std::string_view name) : name_(gensym(name)) {}
     Symbol name() const { return name_; }
     const std::vector<Method>& methods() const { return methods_; }
@@ -37,7 +37,7 @@ class Class {
     void add(Method method);
     Attribute& add(Attribute attribute);
 
-  private:
+ private:
     Symbol name_;
     std::vector<Method> methods_;
     std::vector<Attribute> attributes_;
@@ -62,8 +62,10 @@ std::optional<T> take_argument(AtomSpan& atoms) {
         static_assert(std::same_as<T, long> || std::same_as<T, double>);
         if (!atom.is_number()) return {};
         atoms = atoms.subspan(1);
-        if constexpr (std::same_as<T, long>) return atom.as_long();
-        else return atom.as_double();
+        if constexpr (std::same_as<T, long>)
+            return atom.as_long();
+        else
+            return atom.as_double();
     }
 }
 
@@ -100,7 +102,8 @@ Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
     if constexpr (std::same_as<Field, Rgba>) {
         attribute.type = Attribute::Type::Rgba;
         attribute.write = [field](Object& object, AtomSpan a) {
-            static_cast<T&>(object).*field = {a[0].as_double(), a[1].as_double(), a[2].as_double(), a[3].as_double()};
+            static_cast<T&>(object).*
+                field = {a[0].as_double(), a[1].as_double(), a[2].as_double(), a[3].as_double()};
         };
         attribute.read = [field](const Object& object) {
             const Rgba& color = static_cast<const T&>(object).*field;
@@ -108,8 +111,12 @@ Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
         };
     } else if constexpr (std::same_as<Field, double>) {
         attribute.type = Attribute::Type::Float;
-        attribute.write = [field](Object& object, AtomSpan a) { static_cast<T&>(object).*field = a[0].as_double(); };
-        attribute.read = [field](const Object& object) { return Atoms{static_cast<const T&>(object).*field}; };
+        attribute.write = [field](Object& object, AtomSpan a) {
+            static_cast<T&>(object).*field = a[0].as_double();
+        };
+        attribute.read = [field](const Object& object) {
+            return Atoms{static_cast<const T&>(object).*field};
+        };
     } else {
         attribute.type = std::same_as<Field, long> ? Attribute::Type::Long : Attribute::Type::Char;
         attribute.write = [field](Object& object, AtomSpan a) {

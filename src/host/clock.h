@@ -8,7 +8,7 @@
 namespace tq {
 
 class Clock {
-  public:
+ public:
     Clock(Scheduler& scheduler, const Object& owner, std::function<void()> callback)
         : scheduler_(scheduler), owner_(owner), callback_(std::move(callback)) {}
     ~Clock() { scheduler_.cancel(ticket_); }
@@ -18,7 +18,7 @@ class Clock {
     friend void clock_fdelay(Clock& clock, double ms);
     friend void clock_unset(Clock& clock);
 
-  private:
+ private:
     Scheduler& scheduler_;
     const Object& owner_;
     std::function<void()> callback_;

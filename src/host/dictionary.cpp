@@ -17,10 +17,14 @@ namespace {
 
 std::optional<double> finite_number(const json::value& value) {
     double number;
-    if (const double* d = value.if_double()) number = *d;
-    else if (const std::int64_t* i = value.if_int64()) number = static_cast<double>(*i);
-    else if (const std::uint64_t* u = value.if_uint64()) number = static_cast<double>(*u);
-    else return {};
+    if (const double* d = value.if_double())
+        number = *d;
+    else if (const std::int64_t* i = value.if_int64())
+        number = static_cast<double>(*i);
+    else if (const std::uint64_t* u = value.if_uint64())
+        number = static_cast<double>(*u);
+    else
+        return {};
     return std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
@@ -64,7 +68,9 @@ DictionaryArray Dictionary::getarray(std::string_view key) const {
 }
 
 size_t DictionaryArray::size() const { return array_ ? array_->size() : 0; }
-Dictionary DictionaryArray::operator[](size_t index) const { return Dictionary((*array_)[index].if_object()); }
+Dictionary DictionaryArray::operator[](size_t index) const {
+    return Dictionary((*array_)[index].if_object());
+}
 
 DictionaryFile::DictionaryFile() = default;
 DictionaryFile::~DictionaryFile() = default;
@@ -75,9 +81,11 @@ Dictionary DictionaryFile::root() const { return Dictionary(value_->if_object())
 std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault) {
     json::error_code code;
     // Nothing of it is freed or changed before all of it is: one growing piece of memory serves best.
-    ExactJsonParser parser(json::parse_options(), json::make_shared_resource<json::monotonic_resource>(text.size() + 1024));
+    ExactJsonParser parser(json::parse_options(),
+                           json::make_shared_resource<json::monotonic_resource>(text.size() + 1024));
     size_t read = parser.write_some(false, text.data(), text.size(), code);
-    if (!code && text.find_first_not_of(" \t\r\n", read) != text.npos) code = json::make_error_code(json::error::extra_data);
+    if (!code && text.find_first_not_of(" \t\r\n", read) != text.npos)
+        code = json::make_error_code(json::error::extra_data);
     if (code) {
         fault = fmt::sprintf("%s at byte %zu", code.message(), read);
         return {};

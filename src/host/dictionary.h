@@ -18,10 +18,10 @@ namespace tq {
 class Object;
 class DictionaryArray;
 
-/// Looks into a dictionary that was read. A key that is missing, or whose value is of another kind, gives nothing;
-/// numbers count as longs and floats alike, as long as they are finite and fit.
+/// Looks into a dictionary that was read. A key that is missing, or whose value is of another kind, gives
+/// nothing; numbers count as longs and floats alike, as long as they are finite and fit.
 class Dictionary {
-  public:
+ public:
     Dictionary() = default;
     explicit Dictionary(const boost::json::object* object) : object_(object) {}
 
@@ -33,13 +33,13 @@ class Dictionary {
     /// Empty when there is none.
     DictionaryArray getarray(std::string_view key) const;
 
-  private:
+ private:
     const boost::json::object* object_ = nullptr;
 };
 
 /// An array of dictionaries; an element that is something else counts as an empty dictionary.
 class DictionaryArray {
-  public:
+ public:
     DictionaryArray() = default;
     explicit DictionaryArray(const boost::json::array* array) : array_(array) {}
     size_t size() const;
@@ -50,20 +50,20 @@ class DictionaryArray {
         for (size_t i = 0, n = size(); i < n; ++i) visit((*this)[i]);
     }
 
-  private:
+ private:
     const boost::json::array* array_ = nullptr;
 };
 
 /// A dictionary that was read, and its memory.
 class DictionaryFile {
-  public:
+ public:
     DictionaryFile();
     ~DictionaryFile();
     DictionaryFile(DictionaryFile&&) noexcept;
     DictionaryFile& operator=(DictionaryFile&&) noexcept;
     Dictionary root() const;
 
-  private:
+ private:
     friend std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault);
     std::unique_ptr<boost::json::value> value_;
 };
@@ -72,13 +72,13 @@ class DictionaryFile {
 std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault);
 /// A dictionary from a JSON file. What is wrong is posted as an error of `object`; none then.
 std::optional<DictionaryFile> dictionary_read(const Object& object, const std::string& path);
-/// Writes a dictionary's text to a file, beside it first and then renamed over it. What goes wrong is posted as an
-/// error of `object` and leaves the old file as it was; false then.
+/// Writes a dictionary's text to a file, beside it first and then renamed over it. What goes wrong is posted
+/// as an error of `object` and leaves the old file as it was; false then.
 bool dictionary_write(const Object& object, const std::string& path, std::string_view text);
 
 /// Writes a dictionary as JSON text, its keys in the order in which they are appended.
 class DictionaryWriter {
-  public:
+ public:
     /// With `lines`, dictionaries down to that depth stand one key a line; deeper ones on one line each.
     explicit DictionaryWriter(int lines = 0) : lines_(lines) {}
 
@@ -93,7 +93,7 @@ class DictionaryWriter {
 
     const std::string& text() const { return text_; }
 
-  private:
+ private:
     void begin(std::string_view key);
     void open(std::string_view key, char bracket);
     void close(char bracket);

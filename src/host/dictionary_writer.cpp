@@ -13,7 +13,8 @@ void DictionaryWriter::appendlong(std::string_view key, long value) {
 void DictionaryWriter::appendfloat(std::string_view key, double value) {
     begin(key);
     char digits[64];
-    std::string_view shortest(digits, static_cast<size_t>(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+    std::string_view shortest(
+        digits, static_cast<size_t>(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
     text_ += shortest;
     if (shortest.find_first_of(".e") == shortest.npos) text_ += ".0";  // a float stays one when it is read
 }

@@ -17,8 +17,9 @@ namespace fs = std::filesystem;
 
 /// An open file that is closed when it goes away.
 class File {
-  public:
-    File(const std::string& path, int flags, mode_t mode = 0) : descriptor_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+ public:
+    File(const std::string& path, int flags, mode_t mode = 0)
+        : descriptor_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
     ~File() { close(); }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
@@ -30,7 +31,7 @@ class File {
         return closing < 0 || ::close(closing) == 0;
     }
 
-  private:
+ private:
     int descriptor_;
 };
 
@@ -58,7 +59,8 @@ bool is_device(const std::string& path) {
 
 void sync_folder_of(const fs::path& path) {
     fs::path folder = path.parent_path();
-    if (File file(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY); file) ::fsync(file.descriptor());
+    if (File file(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY); file)
+        ::fsync(file.descriptor());
 }
 
 }  // namespace
@@ -104,7 +106,8 @@ bool write_file(const std::string& path, std::string_view bytes, std::string& fa
     struct stat status {};
     mode_t mode = ::stat(target.c_str(), &status) == 0 ? status.st_mode & 07777 : 0666;
     std::string beside = target.string() + "." + std::to_string(::getpid()) + ".new";
-    if (!S_ISDIR(status.st_mode) && write_beside(beside, bytes, mode) && ::rename(beside.c_str(), target.c_str()) == 0) {
+    if (!S_ISDIR(status.st_mode) && write_beside(beside, bytes, mode) &&
+        ::rename(beside.c_str(), target.c_str()) == 0) {
         sync_folder_of(target);
         return true;
     }

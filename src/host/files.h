@@ -1,4 +1,5 @@
-// Files: finding them, reading them whole, and writing them so that the old one or the new one is always whole.
+// Files: finding them, reading them whole, and writing them so that the old one or the new one is always
+// whole.
 #pragma once
 
 #include <optional>

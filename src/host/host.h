@@ -22,10 +22,12 @@ struct Patch {
     std::function<void(Object&, int outlet, Symbol selector, AtomSpan)> outlet = [](auto&&...) {};
     std::function<void(Object&, Symbol selector, AtomSpan)> dumpout = [](auto&&...) {};
     std::function<void(Object&)> redraw = [](auto&&...) {};
-    /// Asks the user for a file to open, or where to save (with a name to begin with); a path, or none when the user
-    /// cancels.
+    /// Asks the user for a file to open, or where to save (with a name to begin with); a path, or none when
+    /// the user cancels.
     std::function<std::optional<std::string>()> open_dialog = [] { return std::nullopt; };
-    std::function<std::optional<std::string>(const std::string& name)> save_dialog = [](auto&&...) { return std::nullopt; };
+    std::function<std::optional<std::string>(const std::string& name)> save_dialog = [](auto&&...) {
+        return std::nullopt;
+    };
     /// Keeps the text of a document that has not been saved and is about to be replaced.
     std::function<void(const Object&, const std::string& text)> keep_copy = [](auto&&...) {};
     /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
@@ -37,8 +39,8 @@ struct Host {
     Scheduler scheduler;
     Patch patch;
     std::map<std::string, std::unique_ptr<Itm>> transports;
-    std::unordered_map<Symbol, Object*> things;         ///< the objects bound to a name
-    std::vector<std::unique_ptr<Object>> receivers;     ///< those that make_receiver made
+    std::unordered_map<Symbol, Object*> things;      ///< the objects bound to a name
+    std::vector<std::unique_ptr<Object>> receivers;  ///< those that make_receiver made
 
     Host() = default;
     Host(const Host&) = delete;
@@ -50,14 +52,14 @@ Object* symbol_thing(Host& host, Symbol name);
 
 /// A relay behind a name: what is sent to it goes to whoever listens to that name.
 class Through : public Object {
-  public:
+ public:
     using Listener = std::function<void(Symbol selector, AtomSpan)>;
     /// Binds itself to `name` for as long as it lives.
     Through(Host& host, Symbol name, Listener listener);
     ~Through() override;
     bool anything(Symbol selector, AtomSpan atoms) override;
 
-  private:
+ private:
     Symbol name_;
     Listener listener_;
 };

@@ -16,7 +16,8 @@ Object::~Object() {
 Symbol object_classname(const Object& object) { return object.object_class().name(); }
 
 void object_attach_byptr(Object& watcher, Object& watched) {
-    if (std::find(watched.watchers_.begin(), watched.watchers_.end(), &watcher) != watched.watchers_.end()) return;
+    if (std::find(watched.watchers_.begin(), watched.watchers_.end(), &watcher) != watched.watchers_.end())
+        return;
     watched.watchers_.push_back(&watcher);
     watcher.watched_.push_back(&watched);
 }
@@ -28,7 +29,8 @@ void object_detach_byptr(Object& watcher, Object& watched) {
 
 void object_notify(Object& sender, Symbol message, Symbol data) {
     // By index: a watcher may attach or detach while it is being told.
-    for (size_t i = 0; i < sender.watchers_.size(); ++i) sender.watchers_[i]->notify({&sender, message, data});
+    for (size_t i = 0; i < sender.watchers_.size(); ++i)
+        sender.watchers_[i]->notify({&sender, message, data});
 }
 
 void object_post(const Object& object, const std::string& text) { object.host().patch.post(object, text); }

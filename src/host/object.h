@@ -20,7 +20,7 @@ struct Notification {
 };
 
 class Object {
-  public:
+ public:
     Object(Host& host, const Class& object_class) : host_(host), class_(object_class) {}
     /// Detaches from everything and takes the object's pending calls out of the scheduler.
     virtual ~Object();
@@ -35,7 +35,7 @@ class Object {
     /// Takes a message that the class has no method for; false when it does not.
     virtual bool anything(Symbol, AtomSpan) { return false; }
 
-  private:
+ private:
     friend void object_attach_byptr(Object& watcher, Object& watched);
     friend void object_detach_byptr(Object& watcher, Object& watched);
     friend void object_notify(Object& sender, Symbol message, Symbol data);

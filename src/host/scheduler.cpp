@@ -64,8 +64,7 @@ bool Scheduler::run_low() {
 
 void Scheduler::run_until(double until) {
     // Low-priority work waits only for what is due at the same moment, not for the whole stretch.
-    while (run_next(now_) || run_low() || run_next(until)) {
-    }
+    while (run_next(now_) || run_low() || run_next(until)) {}
     now_ = std::max(now_, until);
 }
 

@@ -16,7 +16,7 @@ class Object;
 double on_time_grid(double ms);
 
 class Scheduler {
-  public:
+ public:
     using Callback = std::function<void()>;
     using Ticket = std::uint64_t;  ///< names a pending call; 0 names none
     /// Among calls due at the same time, positions on the timeline come before what was merely waited for.
@@ -41,7 +41,7 @@ class Scheduler {
     /// Runs what is due at this very moment, and the low-priority work that waits.
     void run_due() { run_until(now_); }
 
-  private:
+ private:
     struct Call {
         double due;
         Rank rank;

@@ -9,7 +9,7 @@ namespace tq {
 
 /// A name that is compared by identity. The default symbol is the empty one: "no value".
 class Symbol {
-  public:
+ public:
     Symbol();
     const std::string& text() const { return *text_; }
     const char* c_str() const { return text_->c_str(); }
@@ -17,7 +17,7 @@ class Symbol {
 
     friend bool operator==(Symbol a, Symbol b) { return a.text_ == b.text_; }
 
-  private:
+ private:
     friend Symbol gensym(std::string_view text);
     friend struct std::hash<Symbol>;
     explicit Symbol(const std::string* text) : text_(text) {}

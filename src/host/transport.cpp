@@ -29,7 +29,9 @@ double itm_getticks(const Itm& itm) {
 
 double itm_gettempo(const Itm& itm) { return itm.tempo_; }
 bool itm_getstate(const Itm& itm) { return itm.running_; }
-double itm_tickstoms(const Itm& itm, double ticks) { return on_time_grid(ticks * ms_tempo_per_tick / itm.tempo_); }
+double itm_tickstoms(const Itm& itm, double ticks) {
+    return on_time_grid(ticks * ms_tempo_per_tick / itm.tempo_);
+}
 double itm_mstoticks(const Itm& itm, double ms) { return ms * itm.tempo_ / ms_tempo_per_tick; }
 
 /// Makes now the moment from which the position is counted; before anything that bends the line.
@@ -114,13 +116,15 @@ void TimeObject::rearm() {
     // A position is reached by moving up to it, not by jumping onto it or past it.
     if (location && itm_tickstoms(itm_, target_ticks_ - itm_getticks(itm_)) <= 0) return;
     double due = itm_.base_now_ + itm_tickstoms(itm_, target_ticks_ - itm_.base_ticks_);
-    ticket_ = scheduler.schedule_at(due, owner_, [this] { fire(); },
-                                    location ? Scheduler::Rank::Position : Scheduler::Rank::Wait);
+    ticket_ = scheduler.schedule_at(
+        due, owner_, [this] { fire(); }, location ? Scheduler::Rank::Position : Scheduler::Rank::Wait);
 }
 
 void TimeObject::fire() {
-    if (flags_ & TIME_FLAGS_LOCATION) ticket_ = 0;  // stays armed: the transport may come by again
-    else time_stop(*this);
+    if (flags_ & TIME_FLAGS_LOCATION)
+        ticket_ = 0;  // stays armed: the transport may come by again
+    else
+        time_stop(*this);
     callback_();
 }
 

@@ -13,10 +13,10 @@ class TimeObject;
 
 /// 480 ticks a quarter note; 120 quarter notes a minute to begin with; at tick 0 and paused when made.
 class Itm : public Object {
-  public:
+ public:
     explicit Itm(Host& host);
 
-  private:
+ private:
     friend class TimeObject;
     friend double itm_getticks(const Itm& itm);
     friend double itm_gettempo(const Itm& itm);
@@ -58,23 +58,23 @@ Itm& itm_getnamed(Host& host, Symbol name);
 
 /// What the host's time objects can be told; the values are the host's.
 enum TimeFlags : int {
-    TIME_FLAGS_LOCATION = 1,       ///< the value is a position on the transport, not a distance from now
-    TIME_FLAGS_TICKSONLY = 2,      ///< the value is in ticks, not in ms
-    TIME_FLAGS_USECLOCK = 16,      ///< calls back
-    TIME_FLAGS_PERMANENT = 128,    ///< setting the value arms it
-    TIME_FLAGS_POSITIVE = 16384,   ///< a distance below zero counts as zero
+    TIME_FLAGS_LOCATION = 1,      ///< the value is a position on the transport, not a distance from now
+    TIME_FLAGS_TICKSONLY = 2,     ///< the value is in ticks, not in ms
+    TIME_FLAGS_USECLOCK = 16,     ///< calls back
+    TIME_FLAGS_PERMANENT = 128,   ///< setting the value arms it
+    TIME_FLAGS_POSITIVE = 16384,  ///< a distance below zero counts as zero
 };
 
-/// Calls back after a distance in ticks of the running transport (once), at a position in ticks (each time the
-/// transport reaches it), or after a number of ms of logical time (once).
+/// Calls back after a distance in ticks of the running transport (once), at a position in ticks (each time
+/// the transport reaches it), or after a number of ms of logical time (once).
 class TimeObject {
-  public:
+ public:
     TimeObject(Itm& itm, const Object& owner, std::function<void()> callback, int flags);
     ~TimeObject();
     TimeObject(const TimeObject&) = delete;
     TimeObject& operator=(const TimeObject&) = delete;
 
-  private:
+ private:
     friend class Itm;
     friend void itm_setticks(Itm& itm, double ticks);
     friend void time_setvalue(TimeObject& time, double value);

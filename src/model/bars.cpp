@@ -17,10 +17,13 @@ constexpr long no_end = 1L << 52;  // more bars than a double could number
 
 Measure bar_of(const MeasureSpan& span, long index) {
     auto nth = static_cast<double>(index - span.firstmeasure);
-    return {index, span.start + nth * span.length, span.start + (nth + 1) * span.length, span.beats, span.notevalue};
+    return {index, span.start + nth * span.length, span.start + (nth + 1) * span.length, span.beats,
+            span.notevalue};
 }
 
-bool is_note_value(long value) { return value >= 1 && value <= 128 && std::has_single_bit(static_cast<unsigned long>(value)); }
+bool is_note_value(long value) {
+    return value >= 1 && value <= 128 && std::has_single_bit(static_cast<unsigned long>(value));
+}
 
 }  // namespace
 
@@ -39,8 +42,10 @@ void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long no
     auto& regions = meter.barregions;
     auto found = std::lower_bound(regions.begin(), regions.end(), measure,
                                   [](const BarRegion& region, long m) { return region.measure < m; });
-    if (found != regions.end() && found->measure == measure) *found = {measure, beats, notevalue};
-    else regions.insert(found, {measure, beats, notevalue});
+    if (found != regions.end() && found->measure == measure)
+        *found = {measure, beats, notevalue};
+    else
+        regions.insert(found, {measure, beats, notevalue});
 }
 
 const BarRegion* TQ_Prseq_Meter_FindBarRegionFromBarNumber(const Meter& meter, long measure) {
@@ -55,10 +60,12 @@ void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength) {
     long first = 0;
     for (size_t r = 0; r < meter.barregions.size() && start <= timelinelength; ++r) {
         const BarRegion& region = meter.barregions[r];
-        double length = static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * whole_note_ms;
+        double length =
+            static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * whole_note_ms;
         long next_change = r + 1 < meter.barregions.size() ? meter.barregions[r + 1].measure : no_end;
         // A bar that starts exactly at the timeline's end is made.
-        double left = std::min(std::floor((timelinelength - start) / length) + 1, static_cast<double>(no_end));
+        double left =
+            std::min(std::floor((timelinelength - start) / length) + 1, static_cast<double>(no_end));
         long count = std::min(static_cast<long>(left), next_change - first);
         meter.spans.push_back({first, count, start, length, region.beats, region.notevalue});
         first += count;

@@ -10,8 +10,8 @@ namespace tq {
 struct Prseq;
 
 /// Sets the time signature from a bar on (bar numbers count from the meter's first bar number). Posts
-/// "bad value" and changes nothing for a note value that is no power of two from 1 to 128, for fewer than 1 beat,
-/// and for a bar before the first.
+/// "bad value" and changes nothing for a note value that is no power of two from 1 to 128, for fewer than 1
+/// beat, and for a bar before the first.
 void prseq_bar(Prseq& object, long bar, long beats, long notevalue);
 
 /// A region at a measure that has one replaces its signature.

@@ -18,7 +18,8 @@ void set_points_from_numbers(const Prseq& object, const Event& event, Bpf& bpf, 
     for (size_t i = 0; i + 1 < numbers.size(); i += 2) {
         double time = numbers[i].as_double(), value = numbers[i + 1].as_double();
         if (time > event.duration) {
-            object_error(object, fmt::sprintf("Point Time Value (%f) exceeds the events duration (%f)", time, event.duration));
+            object_error(object, fmt::sprintf("Point Time Value (%f) exceeds the events duration (%f)", time,
+                                              event.duration));
             continue;
         }
         double x = event.duration > 0 ? std::clamp(time / event.duration, 0.0, 1.0) : 0;
@@ -43,17 +44,22 @@ double bpf_unity_value(const Bpf& bpf, double value) {
 }
 
 void put_bpf_point(BpfPoints& points, BpfPoint point) {
-    auto same_x = std::find_if(points.begin(), points.end(), [&](const BpfPoint& p) { return p.x == point.x; });
-    if (same_x != points.end()) *same_x = point;
-    else points.push_back(point);
+    auto same_x =
+        std::find_if(points.begin(), points.end(), [&](const BpfPoint& p) { return p.x == point.x; });
+    if (same_x != points.end())
+        *same_x = point;
+    else
+        points.push_back(point);
 }
 
 void sort_bpf_points(BpfPoints& points) {
-    std::stable_sort(points.begin(), points.end(), [](const BpfPoint& a, const BpfPoint& b) { return a.x < b.x; });
+    std::stable_sort(points.begin(), points.end(),
+                     [](const BpfPoint& a, const BpfPoint& b) { return a.x < b.x; });
 }
 
 long TQ_Prseq_Events_AddBpfPoint(Bpf& bpf, BpfPoint point) {
-    auto behind = std::find_if(bpf.points.begin(), bpf.points.end(), [&](const BpfPoint& p) { return p.x >= point.x; });
+    auto behind =
+        std::find_if(bpf.points.begin(), bpf.points.end(), [&](const BpfPoint& p) { return p.x >= point.x; });
     if (behind == bpf.points.end()) return -1;
     auto inserted = bpf.points.insert(behind, point);  // may move all points
     return inserted - bpf.points.begin();

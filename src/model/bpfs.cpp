@@ -13,7 +13,8 @@ namespace tq {
 namespace {
 
 /// The name that a new type gets on the track; none when an identical type is there.
-std::optional<Symbol> free_type_name(const Track& track, Symbol name, double minimum, double maximum, double default_) {
+std::optional<Symbol> free_type_name(const Track& track, Symbol name, double minimum, double maximum,
+                                     double default_) {
     for (const BpfTypeRef& type : track.bpftypes) {
         if (type->name != name || name == tq_sym_Pitch) continue;
         if (type->minimum == minimum && type->maximum == maximum && type->default_ == default_) return {};
@@ -31,8 +32,8 @@ void take_range(Bpf& bpf, const BpfType& type) {
 
 }  // namespace
 
-BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum, double maximum,
-                                           double default_) {
+BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum,
+                                           double maximum, double default_) {
     Track* track = track_at(object, index);
     if (!track) return nullptr;
     std::optional<Symbol> free = free_type_name(*track, name, minimum, maximum, default_);
@@ -48,7 +49,9 @@ BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol nam
 }
 
 void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type) {
-    track.events.for_each([&](Event& event) { TQ_Prseq_Events_AddBpfToEvent(event, TQ_Prseq_Events_MakeBpfFromBpfType(type)); });
+    track.events.for_each([&](Event& event) {
+        TQ_Prseq_Events_AddBpfToEvent(event, TQ_Prseq_Events_MakeBpfFromBpfType(type));
+    });
 }
 
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index) {
@@ -57,7 +60,8 @@ BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index
 }
 
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name) {
-    return TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(track, name));
+    return TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(
+        track, TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(track, name));
 }
 
 long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol name) {

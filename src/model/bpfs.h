@@ -12,10 +12,11 @@ struct Prseq;
 
 // --- types on a track ---
 
-/// The new type, or none when there is no such track or it has an identical type already. A name that the track
-/// has with other values gets "Bis" appended ("Pitch" never does). Every event of the track gets a curve of it.
-BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum, double maximum,
-                                           double default_);
+/// The new type, or none when there is no such track or it has an identical type already. A name that the
+/// track has with other values gets "Bis" appended ("Pitch" never does). Every event of the track gets a
+/// curve of it.
+BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum,
+                                           double maximum, double default_);
 void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name);
@@ -51,8 +52,8 @@ void TQ_Prseq_Events_SetActiveBpfFromIndex(Event& event, long index);
 
 /// Inserts before the first point whose x is not smaller; −1, and nothing added, when there is none.
 long TQ_Prseq_Events_AddBpfPoint(Bpf& bpf, BpfPoint point);
-/// Sets curves from the numbers of an event message: a name, then times (ms from the event's start) and values by
-/// turns, then perhaps another name. Faults are posted and passed over.
+/// Sets curves from the numbers of an event message: a name, then times (ms from the event's start) and
+/// values by turns, then perhaps another name. Faults are posted and passed over.
 void TQ_Prseq_Events_SetBpfPointsFromAtomArray(const Prseq& object, Event& event, AtomSpan atoms);
 /// Puts in the points that lie at x <= 1, over a flat curve at 0.
 void TQ_Prseq_Events_SetBpfFromDictionary(const BpfDictionary& dictionary, Bpf& bpf);

@@ -11,16 +11,18 @@ namespace tq {
 
 /// Identifiers are given out in order and never used again, so a table of pages serves better than hashing.
 class EventIndex {
-  public:
+ public:
     Event* find(long id) const {
         size_t page = static_cast<size_t>(id) / page_size;
-        return id > 0 && page < pages_.size() && pages_[page] ? (*pages_[page])[static_cast<size_t>(id) % page_size] : nullptr;
+        return id > 0 && page < pages_.size() && pages_[page]
+                   ? (*pages_[page])[static_cast<size_t>(id) % page_size]
+                   : nullptr;
     }
     void add(Event& event) { slot(event.id) = &event; }
     void remove(const Event& event) { slot(event.id) = nullptr; }
     void clear() { pages_.clear(); }
 
-  private:
+ private:
     static constexpr size_t page_size = 1024;
     using Page = std::array<Event*, page_size>;
 

@@ -72,7 +72,8 @@ void EventList::assign(std::vector<EventRef> events, Track& track) {
         double start = event->start, end = event->end();
         entries.push_back({start, end, std::move(event)});
     }
-    if (!std::is_sorted(entries.begin(), entries.end(), in_order)) std::sort(entries.begin(), entries.end(), in_order);
+    if (!std::is_sorted(entries.begin(), entries.end(), in_order))
+        std::sort(entries.begin(), entries.end(), in_order);
     for (EventEntry& entry : entries) tree_.append(std::move(entry));
 }
 
@@ -83,8 +84,10 @@ void EventList::retime(Event& event, double start, double duration) {
     event.start = start;
     event.duration = duration;
     double end = event.end();
-    if (taken) tree().insert({start, end, std::move(taken)}, {start, event.id});
-    else if (held) tree().set_end(key, end);
+    if (taken)
+        tree().insert({start, end, std::move(taken)}, {start, event.id});
+    else if (held)
+        tree().set_end(key, end);
 }
 
 long EventList::index_of(const Event& event) const {

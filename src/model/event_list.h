@@ -10,13 +10,13 @@ namespace tq {
 /// Events ascending by start; events that start together stand in the order of their identifiers, so an event
 /// that leaves and comes back finds its old place.
 ///
-/// A tree of three levels. Finding a place is a few binary searches, inserting moves part of one leaf, and a query
-/// skips whatever ends too early by the branch and by the leaf, however long some notes are.
+/// A tree of three levels. Finding a place is a few binary searches, inserting moves part of one leaf, and a
+/// query skips whatever ends too early by the branch and by the leaf, however long some notes are.
 ///
-/// What comes out of order waits until somebody asks, and goes into the tree then: many at once by one sort, which
-/// in a large list is several times cheaper than finding the way to each place.
+/// What comes out of order waits until somebody asks, and goes into the tree then: many at once by one sort,
+/// which in a large list is several times cheaper than finding the way to each place.
 class EventList {
-  public:
+ public:
     EventList() = default;
     EventList(const EventList&) = delete;
     EventList& operator=(const EventList&) = delete;
@@ -62,7 +62,7 @@ class EventList {
         tree().touching(from, to, visit);
     }
 
-  private:
+ private:
     using Tree = EventBranch<EventBranch<EventLeaf>>;
 
     bool holds(const Event& event) const { return tree().first_from({event.start, event.id}) == &event; }

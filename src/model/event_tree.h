@@ -30,7 +30,7 @@ inline bool in_order(const EventEntry& a, const EventEntry& b) {
 }
 
 class EventLeaf {
-  public:
+ public:
     static constexpr size_t capacity = 64;
 
     bool empty() const { return entries_.empty(); }
@@ -99,18 +99,20 @@ class EventLeaf {
         }
     }
 
-  private:
+ private:
     size_t place(const EventKey& key) const {
-        auto found = std::partition_point(entries_.begin(), entries_.end(), [&](const EventEntry& e) { return key.is_after(e); });
+        auto found = std::partition_point(entries_.begin(), entries_.end(),
+                                          [&](const EventEntry& e) { return key.is_after(e); });
         return static_cast<size_t>(found - entries_.begin());
     }
     std::vector<EventEntry> entries_;
 };
 
-/// Children in order, none of them empty, and of each: where it starts, its latest end, how many events it has.
+/// Children in order, none of them empty, and of each: where it starts, its latest end, how many events it
+/// has.
 template <typename Child>
 class EventBranch {
-  public:
+ public:
     static constexpr size_t capacity = 128;
 
     bool empty() const { return children_.empty(); }
@@ -140,8 +142,10 @@ class EventBranch {
     EventRef take(const EventKey& key) {
         size_t c = child_for(key);
         EventRef event = children_[c].take(key);
-        if (children_[c].empty()) erase_child(c);
-        else summarize(c);
+        if (children_[c].empty())
+            erase_child(c);
+        else
+            summarize(c);
         return event;
     }
     void set_end(const EventKey& key, double end) {
@@ -198,9 +202,9 @@ class EventBranch {
             if (ends_[c] >= from) children_[c].touching(from, to, visit);
     }
 
-  private:
-    /// The child that has the key's place, or ends just before it: the last one that starts before it. Only where
-    /// children start exactly at the key's start are they asked what they hold; it is dear to.
+ private:
+    /// The child that has the key's place, or ends just before it: the last one that starts before it. Only
+    /// where children start exactly at the key's start are they asked what they hold; it is dear to.
     size_t child_for(const EventKey& key) const {
         auto [first, behind] = std::equal_range(starts_.begin(), starts_.end(), key.start);
         long from = std::max(first - starts_.begin() - 1, 0L), to = behind - starts_.begin() - 1;
@@ -213,7 +217,8 @@ class EventBranch {
         if (children_.empty()) append_child();
         size_t c = child_for(key);
         if (!children_[c].full()) return c;
-        if (c + 1 == children_.size() && children_[c].is_before(key)) {  // in order: full children are left full
+        if (c + 1 == children_.size() &&
+            children_[c].is_before(key)) {  // in order: full children are left full
             append_child();
             return c + 1;
         }

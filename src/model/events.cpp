@@ -15,9 +15,10 @@ namespace {
 /// Whether the event has exactly the track's curves and values, in its order.
 bool conforms(const Track& track, const Event& event) {
     auto same_name = [](const auto& own, const auto& type) { return own->name == type->name; };
-    return std::equal(event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(), same_name) &&
-           std::equal(event.parametervalues.begin(), event.parametervalues.end(), track.parametertypes.begin(),
-                      track.parametertypes.end(),
+    return std::equal(event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(),
+                      same_name) &&
+           std::equal(event.parametervalues.begin(), event.parametervalues.end(),
+                      track.parametertypes.begin(), track.parametertypes.end(),
                       [](const ParameterValue& value, const auto& type) { return value.name == type->name; });
 }
 
@@ -89,7 +90,8 @@ void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset) {
         for (BpfPoint& point : bpf->points) point.x = point.x * old_duration / duration + offset / duration;
 }
 
-void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, const EventDictionary& dictionary) {
+void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
+                                               const EventDictionary& dictionary) {
     TQ_Prseq_Events_SetEventTimes(event, dictionary.start.value_or(event.start),
                                   dictionary.duration.value_or(event.duration));
     if (dictionary.pitch) event.pitch = *dictionary.pitch;
@@ -103,7 +105,8 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, cons
     for (const BpfDictionary& curve : dictionary.bpfs)
         if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, curve.name))
             TQ_Prseq_Events_SetBpfFromDictionary(curve, *bpf);
-    for (const auto& [name, value] : dictionary.parameters) TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
+    for (const auto& [name, value] : dictionary.parameters)
+        TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
     if (dictionary.track && event.track && dictionary.track != event.track && dictionary.track->index >= 0)
         move_event_to_track(object, event, *dictionary.track);
 }
@@ -113,13 +116,15 @@ void conform_event_to(const Track& track, Event& event) {
     auto curves = std::move(event.bpfs);
     event.bpfs.clear();
     for (const BpfTypeRef& type : track.bpftypes) {
-        auto own = std::find_if(curves.begin(), curves.end(), [&](const BpfRef& b) { return b->name == type->name; });
+        auto own = std::find_if(curves.begin(), curves.end(),
+                                [&](const BpfRef& b) { return b->name == type->name; });
         event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
     }
     auto values = std::move(event.parametervalues);
     event.parametervalues.clear();
     TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
-    for (const ParameterValue& value : values) TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
+    for (const ParameterValue& value : values)
+        TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
     TQ_Prseq_Events_SetActiveBpfFromIndex(event, track.activebpfindex);
 }
 

@@ -28,11 +28,12 @@ void TQ_Prseq_Events_SetEventDuration(Event& event, double duration);
 /// Both at once, without touching the buffer ratio.
 void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration);
 
-/// Sets the duration without recomputing the buffer ratio and keeps the curves' points in place while the start
-/// moves earlier by `offset` ms.
+/// Sets the duration without recomputing the buffer ratio and keeps the curves' points in place while the
+/// start moves earlier by `offset` ms.
 void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset);
 /// Writes what the dictionary holds. When it names a track, the event moves there.
-void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event, const EventDictionary& dictionary);
+void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
+                                               const EventDictionary& dictionary);
 
 /// Gives the event exactly the curves and values of a track, in its order, keeping its own of the same names.
 void conform_event_to(const Track& track, Event& event);

@@ -16,8 +16,8 @@ ParameterValue default_value(const ParameterType& type) {
 
 }  // namespace
 
-ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minimum, double maximum, double default_,
-                                                       long steps) {
+ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minimum, double maximum,
+                                                       double default_, long steps) {
     ParameterTypeRef type = make_ref<ParameterType>();
     type->name = name;
     type->minimum = minimum;
@@ -27,8 +27,8 @@ ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minim
     return type;
 }
 
-ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol name, double minimum, double maximum,
-                                                           double default_, long steps) {
+ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol name, double minimum,
+                                                           double maximum, double default_, long steps) {
     if (TQ_Prseq_Parameters_GetDictionaryFromName(track, name)) return nullptr;
     ParameterTypeRef type = TQ_Prseq_Parameters_MakeParameterType(name, minimum, maximum, default_, steps);
     track.parametertypes.push_back(type);
@@ -37,15 +37,16 @@ ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol 
 }
 
 ParameterType* TQ_Prseq_Parameters_AddMissingParameterTypeToTrack(Track& track, const ParameterValue& value) {
-    return TQ_Prseq_Parameters_AddParameterTypeToTrack(track, value.name, value.minimum, value.maximum, value.default_,
-                                                       value.steps);
+    return TQ_Prseq_Parameters_AddParameterTypeToTrack(track, value.name, value.minimum, value.maximum,
+                                                       value.default_, value.steps);
 }
 
 void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, const ParameterType& type) {
     track.events.for_each([&](Event& event) { event.parametervalues.push_back(default_value(type)); });
 }
 
-Symbol TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(const Track& track, long index, Symbol name) {
+Symbol TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(const Track& track, long index,
+                                                                 Symbol name) {
     const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index);
     if (!type) return {};
     track.events.for_each([&](Event& event) {
@@ -67,14 +68,15 @@ ParameterType* TQ_Prseq_Parameters_GetDictionaryFromName(const Track& track, Sym
 }
 
 ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type) {
-    ParameterTypeRef copy = TQ_Prseq_Parameters_MakeParameterType(type.name, type.minimum, type.maximum, type.default_,
-                                                                  type.steps);
+    ParameterTypeRef copy = TQ_Prseq_Parameters_MakeParameterType(type.name, type.minimum, type.maximum,
+                                                                  type.default_, type.steps);
     copy->id = type.id;
     return copy;
 }
 
 void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event) {
-    for (const ParameterTypeRef& type : track.parametertypes) event.parametervalues.push_back(default_value(*type));
+    for (const ParameterTypeRef& type : track.parametertypes)
+        event.parametervalues.push_back(default_value(*type));
 }
 
 long TQ_Prseq_Parameters_GetEventParameterIndexFromName(const Event& event, Symbol name) {
@@ -99,10 +101,12 @@ double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Sy
 }
 
 void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value) {
-    if (ParameterValue* found = TQ_Prseq_Parameters_GetEventParameterFromName(event, name)) found->value = value;
+    if (ParameterValue* found = TQ_Prseq_Parameters_GetEventParameterFromName(event, name))
+        found->value = value;
 }
 
-double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name, double unity) {
+double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,
+                                                           double unity) {
     const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, name);
     if (!type) return 0;
     double value = scale(unity, 0, 1, type->minimum, type->maximum);
@@ -114,7 +118,8 @@ double TQ_Prseq_Parameters_CalculateEventParameterValue(const Track& track, Even
     if (track.displayedparameter == tq_sym_Velocity) return event.velocity = unity * 127;
     const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, track.displayedparameter);
     double rounded = TQ_Utilities_RoundValueWithSteps(unity, 1, type ? type->steps : 0);
-    return TQ_Prseq_Parameters_SetEventParameterValueFromUnity(track, event, track.displayedparameter, rounded);
+    return TQ_Prseq_Parameters_SetEventParameterValueFromUnity(track, event, track.displayedparameter,
+                                                               rounded);
 }
 
 }  // namespace tq

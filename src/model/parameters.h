@@ -5,11 +5,12 @@
 
 namespace tq {
 
-ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minimum, double maximum, double default_,
-                                                       long steps);
-/// The new type, or none when the track has a type of that name. Every event of the track gets a value for it.
-ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol name, double minimum, double maximum,
-                                                           double default_, long steps);
+ParameterTypeRef TQ_Prseq_Parameters_MakeParameterType(Symbol name, double minimum, double maximum,
+                                                       double default_, long steps);
+/// The new type, or none when the track has a type of that name. Every event of the track gets a value for
+/// it.
+ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol name, double minimum,
+                                                           double maximum, double default_, long steps);
 /// The same with what an event from elsewhere says of its parameter.
 ParameterType* TQ_Prseq_Parameters_AddMissingParameterTypeToTrack(Track& track, const ParameterValue& value);
 void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, const ParameterType& type);
@@ -30,9 +31,10 @@ double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Sy
 /// Not held in the type's range.
 void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value);
 /// Sets the value for a unity value of the track's type and returns it; 0 when the track has no such type.
-double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name, double unity);
-/// Sets the value that the parameter display shows from the pointer's height there, 0 to 1, rounded to the type's
-/// steps; returns it. The velocity is not rounded.
+double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,
+                                                           double unity);
+/// Sets the value that the parameter display shows from the pointer's height there, 0 to 1, rounded to the
+/// type's steps; returns it. The velocity is not rounded.
 double TQ_Prseq_Parameters_CalculateEventParameterValue(const Track& track, Event& event, double unity);
 
 }  // namespace tq

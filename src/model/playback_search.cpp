@@ -20,7 +20,8 @@ void TQ_Prseq_Tracks_FindNextScheduledEventFromAllTracks(Prseq& object) {
     object.nextevent = nullptr;
     object.nextevent_track = nullptr;
     for (const TrackRef& track : object.tracks) {
-        if (!track->nextevent || (object.nextevent && track->nextevent->start >= object.nextevent->start)) continue;
+        if (!track->nextevent || (object.nextevent && track->nextevent->start >= object.nextevent->start))
+            continue;
         object.nextevent = track->nextevent;
         object.nextevent_track = track;
     }

@@ -45,7 +45,8 @@ void put_back_parameter_type(Track& track, const RemovedParameterType& removed) 
 }
 
 RemovedBpfType remove_bpf_type(Track& track, long index) {
-    RemovedBpfType removed{TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, index), index, track.activebpfindex, {}};
+    RemovedBpfType removed{
+        TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, index), index, track.activebpfindex, {}};
     if (!removed.type) return removed;
     track.events.for_each([&](Event& event) {
         BpfRef bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, removed.type->name);

@@ -52,8 +52,10 @@ void keep_right_of_cut(BpfPoints& points, double stretch) {
 void simplify(BpfPoints& points) {
     for (size_t i = 2; i < points.size();) {
         const BpfPoint &r = points[i - 2], &q = points[i - 1], &p = points[i];
-        if (TQ_Utilities_PointOnLine(r.x, r.y, p.x, p.y, q.x, q.y)) points.erase(points.begin() + static_cast<long>(i) - 1);
-        else ++i;
+        if (TQ_Utilities_PointOnLine(r.x, r.y, p.x, p.y, q.x, q.y))
+            points.erase(points.begin() + static_cast<long>(i) - 1);
+        else
+            ++i;
     }
 }
 
@@ -61,13 +63,15 @@ void simplify(BpfPoints& points) {
 
 std::optional<Slices> TQ_Prseq_Events_SliceEvent(Prseq& object, const Event& event, double position) {
     if (position < event.start + shortest_slice || position >= event.end()) return {};
-    Slices slices{TQ_Prseq_Events_DuplicateEvent(object, event), TQ_Prseq_Events_DuplicateEvent(object, event)};
+    Slices slices{TQ_Prseq_Events_DuplicateEvent(object, event),
+                  TQ_Prseq_Events_DuplicateEvent(object, event)};
     double left_duration = position - event.start, right_duration = event.duration - left_duration;
     TQ_Prseq_Events_SetEventTimes(*slices.left, event.start, left_duration);
     TQ_Prseq_Events_SetEventTimes(*slices.right, position, right_duration);
     slice_buffer_range(event, *slices.left, *slices.right);
     for (const BpfRef& bpf : slices.left->bpfs) keep_left_of_cut(bpf->points, event.duration / left_duration);
-    for (const BpfRef& bpf : slices.right->bpfs) keep_right_of_cut(bpf->points, event.duration / right_duration);
+    for (const BpfRef& bpf : slices.right->bpfs)
+        keep_right_of_cut(bpf->points, event.duration / right_duration);
     return slices;
 }
 

@@ -8,7 +8,9 @@ namespace tq {
 
 namespace {
 
-void send(Prseq& object, const Atoms& atoms) { outlet_anything(object, OutletTrackInfo, tq_sym_tracks, atoms); }
+void send(Prseq& object, const Atoms& atoms) {
+    outlet_anything(object, OutletTrackInfo, tq_sym_tracks, atoms);
+}
 
 void send_color(Prseq& object, Symbol which, const Track& track, const Rgba& color) {
     send(object, {which, track.index, color.red, color.green, color.blue});
@@ -58,8 +60,8 @@ void TQ_Prseq_Tracks_OutputBpfInfo(Prseq& object, const Track& track) {
     Atoms atoms{tq_sym_bpf, track.index};
     for (const BpfTypeRef& type : track.bpftypes) {
         bool pitch = type->name == tq_sym_Pitch;
-        atoms.insert(atoms.end(), {type->name, pitch ? 0.0 : type->minimum, pitch ? Prseq::maximumpitch : type->maximum,
-                                   type->default_});
+        atoms.insert(atoms.end(), {type->name, pitch ? 0.0 : type->minimum,
+                                   pitch ? Prseq::maximumpitch : type->maximum, type->default_});
     }
     send(object, atoms);
 }

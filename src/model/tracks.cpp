@@ -91,9 +91,13 @@ void TQ_Prseq_Tracks_DeleteAllTracksAndFree(Prseq& object) {
     prseq_setdirtyflag(object, true);
 }
 
-void TQ_Prseq_Tracks_SetMute(Prseq& object, long index, bool mute) { set_field(object, index, &Track::mute, mute); }
+void TQ_Prseq_Tracks_SetMute(Prseq& object, long index, bool mute) {
+    set_field(object, index, &Track::mute, mute);
+}
 
-void TQ_Prseq_Tracks_SetSolo(Prseq& object, long index, bool solo) { set_field(object, index, &Track::solo, solo); }
+void TQ_Prseq_Tracks_SetSolo(Prseq& object, long index, bool solo) {
+    set_field(object, index, &Track::solo, solo);
+}
 
 void TQ_Prseq_Tracks_SetVisible(Prseq& object, long index, bool visible) {
     set_field(object, index, &Track::visible, visible);
@@ -111,9 +115,12 @@ void TQ_Prseq_Tracks_SetDiscardDefaultPitchBpfOutput(Prseq& object, long index, 
     set_field(object, index, &Track::discarddefaultpitchbpfoutput, discard);
 }
 
-void TQ_Prseq_Tracks_SetHue(Prseq& object, long index, double hue) { set_field(object, index, &Track::hue, hue); }
+void TQ_Prseq_Tracks_SetHue(Prseq& object, long index, double hue) {
+    set_field(object, index, &Track::hue, hue);
+}
 
-void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation, double luminosity) {
+void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation,
+                                     double luminosity) {
     Track* track = track_at(object, index);
     if (!track) return;
     const auto& palette = object.defaults.palette;
@@ -128,7 +135,8 @@ void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, doub
 void TQ_Prseq_Tracks_SetColor(Prseq& object, double hue) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     if (!track) return;
-    TQ_Prseq_Tracks_SetColorFromHSL(object, track->index, hue, object.defaults.saturation, object.defaults.luminosity);
+    TQ_Prseq_Tracks_SetColorFromHSL(object, track->index, hue, object.defaults.saturation,
+                                    object.defaults.luminosity);
     TQ_Prseq_Tracks_OutputTrackColor(object, *track);
     TQ_Prseq_Tracks_OutputDone(object);
 }
@@ -187,9 +195,11 @@ double TQ_Prseq_Tracks_FindLastEventsEnd(const Track* track) {
     return last ? last->end() : 0;
 }
 
-Event* TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(const Prseq& object, const Track& track, const Event& event) {
+Event* TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(const Prseq& object, const Track& track,
+                                                         const Event& event) {
     Event* next = track.events.next(event);
-    while (next && (next->pitch != event.pitch || next->start <= event.start)) next = track.events.next(*next);
+    while (next && (next->pitch != event.pitch || next->start <= event.start))
+        next = track.events.next(*next);
     return next && next->start - event.start < object.timelinelength ? next : nullptr;
 }
 

@@ -13,12 +13,13 @@ Track* TQ_Prseq_Tracks_GetActiveTrack(const Prseq& object);
 
 /// A new track with the document's default colours; not in the list yet.
 TrackRef TQ_Prseq_Tracks_MakeTrack(const Prseq& object, Symbol name, bool visible, bool mute, bool solo);
-/// Appends the track and returns its index. Deselects the active track's events; which track is active is left
-/// to the caller.
+/// Appends the track and returns its index. Deselects the active track's events; which track is active is
+/// left to the caller.
 long TQ_Prseq_Tracks_AddTrack(Prseq& object, TrackRef track);
 /// Inserts the track at an index (held within the list) and makes it the active track.
 void TQ_Prseq_Tracks_InsertTrack(Prseq& object, TrackRef track, long index);
-/// Takes the track out of the list; whoever refers to it keeps it whole. The active track is left to the caller.
+/// Takes the track out of the list; whoever refers to it keeps it whole. The active track is left to the
+/// caller.
 void TQ_Prseq_Tracks_DeleteTrackReference(Prseq& object, long index);
 void TQ_Prseq_Tracks_DeleteAllTracksAndFree(Prseq& object);
 
@@ -31,12 +32,13 @@ void TQ_Prseq_Tracks_SetDiscardDefaultPitchBpfOutput(Prseq& object, long index, 
 /// The hue alone; the colours stay.
 void TQ_Prseq_Tracks_SetHue(Prseq& object, long index, double hue);
 /// The hue, and the five colours that follow from it.
-void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation, double luminosity);
+void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation,
+                                     double luminosity);
 /// The active track's colours from a hue and the document's saturation and luminosity; reports them.
 void TQ_Prseq_Tracks_SetColor(Prseq& object, double hue);
 
-/// Puts the event in its place in start order, activates the track's active curve in it and extends the timeline
-/// to cover it. False when there is no such track.
+/// Puts the event in its place in start order, activates the track's active curve in it and extends the
+/// timeline to cover it. False when there is no such track.
 bool TQ_Prseq_Tracks_InsertEvent(Prseq& object, long index, EventRef event);
 /// The same for a track of the document.
 void TQ_Prseq_Tracks_InsertEvent(Prseq& object, Track& track, EventRef event);
@@ -49,6 +51,7 @@ void TQ_Prseq_Tracks_InsertAllEvents(Prseq& object, Track& track, std::vector<Ev
 /// When the event that starts last ends, in ms; 0 without events. An earlier event may last longer.
 double TQ_Prseq_Tracks_FindLastEventsEnd(const Track* track);
 /// The event of exactly the same pitch that starts next after `event`, by less than the timeline's length.
-Event* TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(const Prseq& object, const Track& track, const Event& event);
+Event* TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(const Prseq& object, const Track& track,
+                                                         const Event& event);
 
 }  // namespace tq

@@ -32,7 +32,9 @@ void append_parameters(const Event& event, Atoms& atoms) {
     atoms.push_back(tq_sym_tag_parameter_close);
 }
 
-void append_range(const BufferLink& link, Atoms& atoms) { append(atoms, {link.name, link.start, link.end, link.ratio}); }
+void append_range(const BufferLink& link, Atoms& atoms) {
+    append(atoms, {link.name, link.start, link.end, link.ratio});
+}
 
 double point_value(const Event& event, const Bpf& bpf, const BpfPoint& point) {
     return bpf.name == tq_sym_Pitch ? event.pitch + point.y : scale(point.y, 0, 1, bpf.minimum, bpf.maximum);
@@ -52,7 +54,8 @@ void append_playing_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
 /// When selected: each point's ms since the event's start, then its value.
 void append_selected_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
     atoms.push_back(bpf.name);
-    for (const BpfPoint& point : bpf.points) append(atoms, {point.x * event.duration, point_value(event, bpf, point)});
+    for (const BpfPoint& point : bpf.points)
+        append(atoms, {point.x * event.duration, point_value(event, bpf, point)});
 }
 
 /// The relay behind a track's destination; none when nobody listens there.
@@ -62,8 +65,15 @@ Object* relay_of(Prseq& object, const Track& track) {
 }
 
 void output_selected_event(Prseq& object, const Event& event, long position) {
-    Atoms atoms{position, tq_sym_id, event.id, tq_sym_track, event.track ? event.track->index : -1L,
-                tq_sym_start, whole_ms(event.start), tq_sym_duration, whole_ms(event.duration)};
+    Atoms atoms{position,
+                tq_sym_id,
+                event.id,
+                tq_sym_track,
+                event.track ? event.track->index : -1L,
+                tq_sym_start,
+                whole_ms(event.start),
+                tq_sym_duration,
+                whole_ms(event.duration)};
     if (!event.label.empty()) append(atoms, {tq_sym_label, event.label});
     TQ_Prseq_Output_BuildEventForOutputWhenSelected(event, atoms);
     outlet_anything(object, OutletSelected, tq_sym_event, atoms);
@@ -84,8 +94,10 @@ void TQ_Prseq_Output_EventOutputWhilePlaying(Prseq& object) {
     if (track.destination.empty()) append(atoms, {track.index, tq_sym_event});
     append(atoms, {tq_sym_duration, whole_ms(event->duration)});
     TQ_Prseq_Output_BuildEventForOutputWhilePlaying(track, *event, atoms);
-    if (track.destination.empty()) outlet_list(object, OutletPlaying, atoms);
-    else if (Object* relay = relay_of(object, track)) object_method_typed(*relay, tq_sym_event, atoms);
+    if (track.destination.empty())
+        outlet_list(object, OutletPlaying, atoms);
+    else if (Object* relay = relay_of(object, track))
+        object_method_typed(*relay, tq_sym_event, atoms);
 }
 
 void TQ_Prseq_Output_BuildEventForOutputWhilePlaying(const Track& track, const Event& event, Atoms& atoms) {
@@ -123,8 +135,10 @@ void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& 
     }
     if (const BufferLink& link = event.link(); !link.name.empty()) {
         atoms.push_back(tq_sym_tag_buffer_open);
-        if (link.buffer) append_range(link, atoms);
-        else atoms.push_back(Symbol());
+        if (link.buffer)
+            append_range(link, atoms);
+        else
+            atoms.push_back(Symbol());
         atoms.push_back(tq_sym_tag_buffer_close);
     }
     append_parameters(event, atoms);
@@ -136,15 +150,25 @@ void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& 
 
 void TQ_Prseq_Output_Stop(Prseq& object) {
     for (const TrackRef& track : object.tracks) {
-        if (track->destination.empty()) outlet_list(object, OutletPlaying, Atoms{track->index, tq_sym_stop});
-        else if (Object* relay = relay_of(object, *track)) object_method_typed(*relay, tq_sym_stop, {});
+        if (track->destination.empty())
+            outlet_list(object, OutletPlaying, Atoms{track->index, tq_sym_stop});
+        else if (Object* relay = relay_of(object, *track))
+            object_method_typed(*relay, tq_sym_stop, {});
     }
 }
 
-void TQ_Prseq_Output_ScrollHor(Prseq& object) { system_info(object, tq_sym_scrollhor, {object.horscrollbar.scrollunityvalue}); }
-void TQ_Prseq_Output_ScrollVert(Prseq& object) { system_info(object, tq_sym_scrollvert, {object.vertscrollbar.scrollunityvalue}); }
-void TQ_Prseq_Output_ZoomHor(Prseq& object) { system_info(object, tq_sym_zoomhor, {object.horscrollbar.zoomunityvalue}); }
-void TQ_Prseq_Output_ZoomVert(Prseq& object) { system_info(object, tq_sym_zoomvert, {object.vertscrollbar.zoomunityvalue}); }
+void TQ_Prseq_Output_ScrollHor(Prseq& object) {
+    system_info(object, tq_sym_scrollhor, {object.horscrollbar.scrollunityvalue});
+}
+void TQ_Prseq_Output_ScrollVert(Prseq& object) {
+    system_info(object, tq_sym_scrollvert, {object.vertscrollbar.scrollunityvalue});
+}
+void TQ_Prseq_Output_ZoomHor(Prseq& object) {
+    system_info(object, tq_sym_zoomhor, {object.horscrollbar.zoomunityvalue});
+}
+void TQ_Prseq_Output_ZoomVert(Prseq& object) {
+    system_info(object, tq_sym_zoomvert, {object.vertscrollbar.zoomunityvalue});
+}
 
 void TQ_Prseq_Output_ZoomScrollNow(Prseq& object) {
     TQ_Prseq_Output_ZoomVert(object);

@@ -13,7 +13,9 @@ namespace tq {
 
 namespace {
 
-double transport_ms(const Prseq& object) { return itm_tickstoms(*object.transport, itm_getticks(*object.transport)); }
+double transport_ms(const Prseq& object) {
+    return itm_tickstoms(*object.transport, itm_getticks(*object.transport));
+}
 
 void start_player(Prseq& object) {
     object.playing = true;
@@ -88,7 +90,8 @@ void TQ_Prseq_Time_ScheduleNextEvent(Prseq& object) {
 }
 
 void TQ_Prseq_Time_ScheduleLoopEnd(Prseq& object) {
-    time_setvalue(object.loopendtargettime, itm_mstoticks(time_getitm(object.loopendtargettime), object.cycle.end));
+    time_setvalue(object.loopendtargettime,
+                  itm_mstoticks(time_getitm(object.loopendtargettime), object.cycle.end));
 }
 
 void TQ_Prseq_Time_LoopEndCatched(Prseq& object) {

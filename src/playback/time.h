@@ -11,7 +11,8 @@ void prseq_int(Prseq& object, long start);
 void prseq_position(Prseq& object, double ms);
 /// Message "cycle": the loop is on for values above 0.
 void prseq_cycle(Prseq& object, long active);
-/// Message "cyclerange": the loop's start and end in ms, held within the timeline; the start may lie after the end.
+/// Message "cyclerange": the loop's start and end in ms, held within the timeline; the start may lie after
+/// the end.
 void prseq_cyclerange(Prseq& object, double start, double end);
 
 void TQ_Prseq_Time_StartStopPlayer(Prseq& object, long start);

@@ -8,7 +8,8 @@ namespace tq {
 struct AttributeFields {
     Rgba upperdisplaycolor, trackdisplaycolor, menutitletextcolor, timedisplaycolor, timedisplaycyclecolor;
     Rgba linecursorcolor;
-    Rgba keydisplaywhitekeycolor, keydisplaywhitekeybordercolor, keydisplayblackkeycolor, keydisplaylabelcolor;
+    Rgba keydisplaywhitekeycolor, keydisplaywhitekeybordercolor, keydisplayblackkeycolor,
+        keydisplaylabelcolor;
     Rgba keydisplayhighlightcolor;
     Rgba maindisplaywhitekeycolor, maindisplayblackkeycolor;
     Rgba maindisplaysubdivisionlinecolor, maindisplaymaindivisionlinecolor;
@@ -17,7 +18,8 @@ struct AttributeFields {
     bool snaptime = false, snappitch = false;
     bool menudisplay = false, focusdisplay = false, dirtydisplay = false;
     bool trackdisplay = false, keydisplay_shown = false, parameterdisplay = false;
-    bool showlabels = false, showmessages = false, showbpfs = false, showbuffers = false, display_all_bpfs = false;
+    bool showlabels = false, showmessages = false, showbpfs = false, showbuffers = false,
+         display_all_bpfs = false;
     bool border = false, notelanes = false, keyhighlight = false;
     bool zoom_animation = false;
     double linecursor_update = 0;  ///< ms

@@ -25,16 +25,20 @@ constexpr ColorRow colors[] = {
     {"timedisplaycolor", &F::timedisplaycolor, "Time Display Color", "0.68 0.82 0.82 1."},
     {"timedisplaycyclecolor", &F::timedisplaycyclecolor, "Time Display Loop Color", "0.1 1.0 0.2 1.0"},
     {"linecursorcolor", &F::linecursorcolor, "Line Cursor Color", "1. 0. 0. 1."},
-    {"keydisplaywhitekeycolor", &F::keydisplaywhitekeycolor, "Key Display White Key Color", "0.98 0.98 0.98 1."},
+    {"keydisplaywhitekeycolor", &F::keydisplaywhitekeycolor, "Key Display White Key Color",
+     "0.98 0.98 0.98 1."},
     {"keydisplaywhitekeybordercolor", &F::keydisplaywhitekeybordercolor, "Key Display White Key Border Color",
      "0.8 0.8 0.67 1."},
-    {"keydisplayblackkeycolor", &F::keydisplayblackkeycolor, "Key Display Black Key Color", "0.78 0.78 0.78 1."},
+    {"keydisplayblackkeycolor", &F::keydisplayblackkeycolor, "Key Display Black Key Color",
+     "0.78 0.78 0.78 1."},
     {"keydisplaylabelcolor", &F::keydisplaylabelcolor, "Key Display Label Color", "0.2 0.2 0.2 1."},
-    {"keydisplayhighlightcolor", &F::keydisplayhighlightcolor, "Key Display Highlight Color", "0.5 0.5 0.5 1."},
+    {"keydisplayhighlightcolor", &F::keydisplayhighlightcolor, "Key Display Highlight Color",
+     "0.5 0.5 0.5 1."},
     {"maindisplaywhitekeycolor", &F::maindisplaywhitekeycolor, "Main Display White Key Color", "1. 1. 1. 1."},
-    {"maindisplayblackkeycolor", &F::maindisplayblackkeycolor, "Main Display Black Key Color", "0.96 0.96 0.96 1."},
-    {"maindisplaysubdivisionlinecolor", &F::maindisplaysubdivisionlinecolor, "Main Display Subdivision Line Color",
-     "0.92 0.92 0.92 1."},
+    {"maindisplayblackkeycolor", &F::maindisplayblackkeycolor, "Main Display Black Key Color",
+     "0.96 0.96 0.96 1."},
+    {"maindisplaysubdivisionlinecolor", &F::maindisplaysubdivisionlinecolor,
+     "Main Display Subdivision Line Color", "0.92 0.92 0.92 1."},
     {"maindisplaymaindivisionlinecolor", &F::maindisplaymaindivisionlinecolor,
      "Main Display Maindivision Line Color", "0.87 0.87 0.87 1."},
 };
@@ -105,8 +109,8 @@ Attribute& add_number(Class& c, Field F::*field, const NumberRow& row) {
     return attribute;
 }
 
-/// Which change an attribute's change is to the view. Attributes that are not here take effect at the next paint
-/// or use.
+/// Which change an attribute's change is to the view. Attributes that are not here take effect at the next
+/// paint or use.
 const std::unordered_map<Symbol, Change>& changes_by_attribute() {
     static const std::unordered_map<Symbol, Change> changes{
         {gensym("linecursorcolor"), Change::LineCursor},
@@ -144,8 +148,8 @@ void add_attributes(Class& c) {
                {"linecursor_update", "Line Cursor Display Update", "Display", "50", {{10, 200}}});
     add_number(c, &F::base_frequency,
                {"base_frequency", "Base Frequency for Pitch Conversion", "System", "440.", {}});
-    Attribute& color =
-        add_number(c, &F::new_track_color, {"new_track_color", "Color of New Track", "Display", "2", {{0, 2}}});
+    Attribute& color = add_number(c, &F::new_track_color,
+                                  {"new_track_color", "Color of New Track", "Display", "2", {{0, 2}}});
     color.style = "enumindex";
     color.enums = {"Default", "Random", "Rainbow"};
 }

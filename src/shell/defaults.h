@@ -9,8 +9,8 @@ namespace tq {
 
 struct Defaults {
     Rgba marqueefill, marqueeframe;
-    double linecursorwidth = 0;   ///< pixels
-    double eventduration = 0;     ///< ms
+    double linecursorwidth = 0;  ///< pixels
+    double eventduration = 0;    ///< ms
     double hue = 0, saturation = 0, luminosity = 0;
     std::array<Rgba, 6> palette;  ///< of a new track: colours 1 to 6 stand at 0 to 5
 };

@@ -22,18 +22,25 @@ const TagRow tags[] = {
 };
 
 const TagRow* tag_opened_by(Symbol symbol) {
-    auto row = std::find_if(std::begin(tags), std::end(tags), [&](const TagRow& r) { return r.open == symbol; });
+    auto row =
+        std::find_if(std::begin(tags), std::end(tags), [&](const TagRow& r) { return r.open == symbol; });
     return row == std::end(tags) ? nullptr : row;
 }
 
 /// Reads the value of a keyword; false when the keyword is not one or its value is of the wrong kind.
 bool take_value(EventKeywords& keywords, Symbol keyword, const Atom& value) {
-    if (keyword == tq_sym_start && value.is_number()) keywords.start = value.as_double();
-    else if (keyword == tq_sym_duration && value.is_number()) keywords.duration = value.as_double();
-    else if (keyword == tq_sym_track && value.is_number()) keywords.track = value.as_long();
-    else if (keyword == tq_sym_id && value.is_int()) keywords.id = value.as_long();
-    else if (keyword == tq_sym_label && value.is_symbol()) keywords.label = value.as_symbol();
-    else return false;
+    if (keyword == tq_sym_start && value.is_number())
+        keywords.start = value.as_double();
+    else if (keyword == tq_sym_duration && value.is_number())
+        keywords.duration = value.as_double();
+    else if (keyword == tq_sym_track && value.is_number())
+        keywords.track = value.as_long();
+    else if (keyword == tq_sym_id && value.is_int())
+        keywords.id = value.as_long();
+    else if (keyword == tq_sym_label && value.is_symbol())
+        keywords.label = value.as_symbol();
+    else
+        return false;
     return true;
 }
 

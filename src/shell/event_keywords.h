@@ -7,8 +7,8 @@
 
 namespace tq {
 
-/// The components of an "event" message. Spans point into the message, or into `joined` where a component came in
-/// several pieces.
+/// The components of an "event" message. Spans point into the message, or into `joined` where a component
+/// came in several pieces.
 struct EventKeywords {
     std::optional<long> id, track;
     std::optional<double> start, duration;  ///< ms

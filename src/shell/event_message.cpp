@@ -61,8 +61,10 @@ Note parse_note(const EventMessage& message, Note note) {
     }
     double* const values[] = {&note.pitch, &note.velocity};
     for (size_t i = 0; i < atoms.size(); ++i) {
-        if (atoms[i].is_number()) *values[i] = atoms[i].as_double();
-        else message.error("bad arg type after arg \"%s\" in message %s", "<note>");
+        if (atoms[i].is_number())
+            *values[i] = atoms[i].as_double();
+        else
+            message.error("bad arg type after arg \"%s\" in message %s", "<note>");
     }
     return note;
 }
@@ -87,8 +89,10 @@ std::optional<BufferWish> parse_buffer(const EventMessage& message) {
         return {};
     }
     if (!atoms.empty()) wish.name = atoms[0].as_symbol();
-    if (atoms.size() == 2 && atoms[1].is_int()) wish.adapt = atoms[1].as_long() != 0;
-    else if (atoms.size() == 2) message.error("bad arg type after arg \"%s\" in message %s", "<buffer>");
+    if (atoms.size() == 2 && atoms[1].is_int())
+        wish.adapt = atoms[1].as_long() != 0;
+    else if (atoms.size() == 2)
+        message.error("bad arg type after arg \"%s\" in message %s", "<buffer>");
     return wish;
 }
 
@@ -99,7 +103,8 @@ void link_buffer(Prseq& object, Event& event, const BufferWish& wish) {
 }
 
 double pitch_in_the_middle(const Prseq& object) {
-    return TQ_Prseq_Maindisplay_CalculatePitchFromMouse(object.maindisplay, object.keydisplay.rect.height / 2);
+    return TQ_Prseq_Maindisplay_CalculatePitchFromMouse(object.maindisplay,
+                                                        object.keydisplay.rect.height / 2);
 }
 
 void insert_new_event(const EventMessage& message, Track& track) {
@@ -112,16 +117,19 @@ void insert_new_event(const EventMessage& message, Track& track) {
     Symbol text = keywords.message.atoms.empty() ? Symbol() : gensym(atom_gettext(keywords.message.atoms));
     EventRef event = TQ_Prseq_Events_MakeEvent(
         object, whole_ms(keywords.start.value_or(position)), note.pitch, note.velocity,
-        whole_ms(keywords.duration.value_or(object.defaults.eventduration)), keywords.label.value_or(Symbol()), text);
+        whole_ms(keywords.duration.value_or(object.defaults.eventduration)),
+        keywords.label.value_or(Symbol()), text);
     if (auto wish = parse_buffer(message)) link_buffer(object, *event, *wish);
     TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
-    if (keywords.bpf.has_name()) TQ_Prseq_Events_SetBpfPointsFromAtomArray(object, *event, keywords.bpf.atoms);
+    if (keywords.bpf.has_name())
+        TQ_Prseq_Events_SetBpfPointsFromAtomArray(object, *event, keywords.bpf.atoms);
     TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, *event);
     if (keywords.parameter.has_name()) {
         AtomSpan pairs = keywords.parameter.atoms;
         for (size_t i = 0; i + 1 < pairs.size(); i += 2)
             if (pairs[i].is_symbol() && pairs[i + 1].is_number())
-                TQ_Prseq_Parameters_SetEventParameterValue(*event, pairs[i].as_symbol(), pairs[i + 1].as_double());
+                TQ_Prseq_Parameters_SetEventParameterValue(*event, pairs[i].as_symbol(),
+                                                           pairs[i + 1].as_double());
     }
     TQ_Prseq_Tracks_InsertEvent(object, track, event);
     capture_inserted_event(object, std::move(event));
@@ -137,14 +145,15 @@ void modify_parameters(const EventMessage& message, const Track& track, Event& e
         }
         Symbol name = atoms[i].as_symbol();
         const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, name);
-        if (!type || i + 1 >= atoms.size() || !TQ_Prseq_Parameters_GetEventParameterFromName(event, name)) continue;
+        if (!type || i + 1 >= atoms.size() || !TQ_Prseq_Parameters_GetEventParameterFromName(event, name))
+            continue;
         double value = type->default_;
         if (atoms[i + 1].is_number())
             value = std::max(type->minimum, std::min(type->maximum, atoms[i + 1].as_double()));
         else
             object_error(message.object,
-                         fmt::sprintf("bad arg type after arg %s in message %s, using default value (%f)", name.text(),
-                                      message.name.text(), value));
+                         fmt::sprintf("bad arg type after arg %s in message %s, using default value (%f)",
+                                      name.text(), message.name.text(), value));
         next.parameters.emplace_back(name, value);
     }
 }
@@ -214,8 +223,10 @@ void do_event(const EventMessage& message) {
     }
     // An event that is changed stays on its track unless the message names another.
     Track& track = event && !keywords.track ? *event->track : track_for(object, keywords.track);
-    if (event) modify_event(message, track, *event);
-    else insert_new_event(message, track);
+    if (event)
+        modify_event(message, track, *event);
+    else
+        insert_new_event(message, track);
 }
 
 }  // namespace

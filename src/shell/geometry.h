@@ -16,7 +16,8 @@ Rect makeRectFromPoints(double x1, double y1, double x2, double y2);
 bool TQRectContainsPoint(const Rect& rect, double px, double py);
 /// Touching edges intersect.
 bool TQRectsIntersect(const Rect& a, const Rect& b);
-/// Whether a point is at distance exactly 0 from the line through two others; never for a line without length.
+/// Whether a point is at distance exactly 0 from the line through two others; never for a line without
+/// length.
 bool TQ_Utilities_PointOnLine(double x1, double y1, double x2, double y2, double px, double py);
 
 }  // namespace tq

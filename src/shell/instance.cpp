@@ -23,10 +23,12 @@ namespace tq {
 
 namespace {
 
-constexpr int event_target_flags = TIME_FLAGS_TICKSONLY | TIME_FLAGS_USECLOCK | TIME_FLAGS_PERMANENT | TIME_FLAGS_POSITIVE;
+constexpr int event_target_flags =
+    TIME_FLAGS_TICKSONLY | TIME_FLAGS_USECLOCK | TIME_FLAGS_PERMANENT | TIME_FLAGS_POSITIVE;
 
 /// The first view of a new box.
-constexpr ZoomScroll first_view{.horizontalzoom = 0.04, .verticalzoom = 0.02, .horizontalscroll = 0, .verticalscroll = 0.5};
+constexpr ZoomScroll first_view{
+    .horizontalzoom = 0.04, .verticalzoom = 0.02, .horizontalscroll = 0, .verticalscroll = 0.5};
 
 void do_initialisation(Prseq& object) {
     object.defaults = make_defaults();
@@ -50,10 +52,13 @@ Prseq::Prseq(Host& host)
     : Box(host, prseq_class()),
       eventcaptureclock(host.scheduler, *this, [this] { close_event_capture(*this); }),
       transport(&itm_getnamed(host, {})),
-      runningtime(*transport, *this, [this] { TQ_Prseq_Time_Runningtime(*this); }, TIME_FLAGS_USECLOCK),
-      eventtargettime(*transport, *this, [this] { TQ_Prseq_Time_EventCatched(*this); }, event_target_flags),
-      loopendtargettime(*transport, *this, [this] { TQ_Prseq_Time_LoopEndCatched(*this); },
-                        event_target_flags | TIME_FLAGS_LOCATION),
+      runningtime(
+          *transport, *this, [this] { TQ_Prseq_Time_Runningtime(*this); }, TIME_FLAGS_USECLOCK),
+      eventtargettime(
+          *transport, *this, [this] { TQ_Prseq_Time_EventCatched(*this); }, event_target_flags),
+      loopendtargettime(
+          *transport, *this, [this] { TQ_Prseq_Time_LoopEndCatched(*this); },
+          event_target_flags | TIME_FLAGS_LOCATION),
       zoomclock(host.scheduler, *this, [this] { zoom_clock_run(*this); }) {
     object_attach_byptr(*this, *transport);
     object_attr_set_defaults(*this);
@@ -79,7 +84,8 @@ std::unique_ptr<Prseq> prseq_new(Host& host, const std::optional<BoxDictionary>&
     if (!dictionary) return nullptr;
     auto object = std::make_unique<Prseq>(host);
     for (const auto& [name, atoms] : *dictionary)
-        if (const Attribute* attribute = prseq_class().find_attribute(name)) object_attr_setvalueof(*object, *attribute, atoms);
+        if (const Attribute* attribute = prseq_class().find_attribute(name))
+            object_attr_setvalueof(*object, *attribute, atoms);
     do_initialisation(*object);
     return object;
 }
@@ -92,8 +98,9 @@ BoxDictionary prseq_save(const Prseq& object) {
 }
 
 std::string prseq_assist(char kind, long index) {
-    static const char* const outlets[] = {"event output while playing", "event output when selected", "track info",
-                                          "system info (scroll, zoom, position, undo, ...)", "dumpout"};
+    static const char* const outlets[] = {"event output while playing", "event output when selected",
+                                          "track info", "system info (scroll, zoom, position, undo, ...)",
+                                          "dumpout"};
     if (kind == 'i' && index == 0) return "int (1/0) to Start/Stop, messages";
     return kind == 'o' && index >= 0 && index < 5 ? outlets[index] : "";
 }

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "host/box.h"
-#include "host/clock.h"
 #include "history/capture_record.h"
 #include "history/history.h"
+#include "host/box.h"
+#include "host/clock.h"
 #include "host/transport.h"
 #include "model/event.h"
 #include "model/event_index.h"
@@ -34,7 +34,7 @@ struct DocumentInfo {
     std::string folder;    ///< empty: the working folder
     long untitledcounter = 1;
     bool dialogcancelled = false;  ///< the last file dialog was
-    bool dirty = false;  ///< differs from its file
+    bool dirty = false;            ///< differs from its file
 };
 
 struct Prseq : Box, AttributeFields {
@@ -48,8 +48,8 @@ struct Prseq : Box, AttributeFields {
     std::vector<TrackRef> tracks;  ///< in display order
     long activetrack = -1;         ///< index; −1 without tracks
     long tracknamecounter = 0;
-    long eventcounter = 0;         ///< the last identifier given out
-    EventIndex events_by_id;       ///< every event that is in a track of the list
+    long eventcounter = 0;    ///< the last identifier given out
+    EventIndex events_by_id;  ///< every event that is in a track of the list
     Meter meter;
     double timelinelength = 10000;  ///< ms; grows, never shrinks
     static constexpr double keysperoctave = 12;
@@ -60,12 +60,12 @@ struct Prseq : Box, AttributeFields {
     History history;
     EventCapture capture;
     Clock eventcaptureclock;
-    EventRef bpfeditingevent;         ///< the event whose curves are edited, or none
+    EventRef bpfeditingevent;  ///< the event whose curves are edited, or none
     bool bpfeditor = false;
 
     // playback
     bool playing = false;
-    EventRef nextevent;       ///< what is sent next, over all tracks, or none
+    EventRef nextevent;        ///< what is sent next, over all tracks, or none
     TrackRef nextevent_track;  ///< the track whose next event it is
     Cycle cycle;
     LineCursor linecursor;

@@ -10,19 +10,21 @@ inline const Symbol tq_sym_event = gensym("event"), tq_sym_id = gensym("id"), tq
                     tq_sym_duration = gensym("duration"), tq_sym_track = gensym("track"),
                     tq_sym_label = gensym("label"), tq_sym_stop = gensym("stop");
 inline const Symbol tq_sym_tag_note_open = gensym("<note>"), tq_sym_tag_note_close = gensym("</note>"),
-                    tq_sym_tag_message_open = gensym("<message>"), tq_sym_tag_message_close = gensym("</message>"),
-                    tq_sym_tag_buffer_open = gensym("<buffer>"), tq_sym_tag_buffer_close = gensym("</buffer>"),
+                    tq_sym_tag_message_open = gensym("<message>"),
+                    tq_sym_tag_message_close = gensym("</message>"),
+                    tq_sym_tag_buffer_open = gensym("<buffer>"),
+                    tq_sym_tag_buffer_close = gensym("</buffer>"),
                     tq_sym_tag_parameter_open = gensym("<parameter>"),
-                    tq_sym_tag_parameter_close = gensym("</parameter>"), tq_sym_tag_bpf_open = gensym("<bpf>"),
-                    tq_sym_tag_bpf_close = gensym("</bpf>");
+                    tq_sym_tag_parameter_close = gensym("</parameter>"),
+                    tq_sym_tag_bpf_open = gensym("<bpf>"), tq_sym_tag_bpf_close = gensym("</bpf>");
 
 // track info
-inline const Symbol tq_sym_tracks = gensym("tracks"), tq_sym_clear = gensym("clear"), tq_sym_set = gensym("set"),
-                    tq_sym_color = gensym("color"), tq_sym_inactivecolor = gensym("inactivecolor"),
-                    tq_sym_visible = gensym("visible"), tq_sym_mute = gensym("mute"),
-                    tq_sym_parameter = gensym("parameter"), tq_sym_bpf = gensym("bpf"),
-                    tq_sym_destination = gensym("destination"), tq_sym_select = gensym("select"),
-                    tq_sym_done = gensym("done");
+inline const Symbol tq_sym_tracks = gensym("tracks"), tq_sym_clear = gensym("clear"),
+                    tq_sym_set = gensym("set"), tq_sym_color = gensym("color"),
+                    tq_sym_inactivecolor = gensym("inactivecolor"), tq_sym_visible = gensym("visible"),
+                    tq_sym_mute = gensym("mute"), tq_sym_parameter = gensym("parameter"),
+                    tq_sym_bpf = gensym("bpf"), tq_sym_destination = gensym("destination"),
+                    tq_sym_select = gensym("select"), tq_sym_done = gensym("done");
 
 // names that stand in documents
 inline const Symbol tq_sym_Pitch = gensym("Pitch"), tq_sym_Velocity = gensym("Velocity"),

@@ -57,7 +57,8 @@ std::optional<TrackSwitch> parse_switch(Prseq& object, Symbol message, AtomSpan 
 }  // namespace
 
 void prseq_addtrack(Prseq& object, OptionalSymbol name) {
-    Symbol text = name.symbol.empty() ? gensym(fmt::sprintf("Track %ld", ++object.tracknamecounter)) : name.symbol;
+    Symbol text =
+        name.symbol.empty() ? gensym(fmt::sprintf("Track %ld", ++object.tracknamecounter)) : name.symbol;
     close_event_capture(object);
     TrackRef previously_active = TQ_Prseq_Tracks_GetActiveTrack(object);
     long previous_index = object.activetrack;
@@ -117,11 +118,15 @@ void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximu
         prseq_setdirtyflag(object, true);
 }
 
-void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_, long steps) {
+void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_,
+                             long steps) {
     Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    if (!track || !TQ_Prseq_Parameters_AddParameterTypeToTrack(*track, name, minimum, maximum, default_, steps)) return;
+    if (!track ||
+        !TQ_Prseq_Parameters_AddParameterTypeToTrack(*track, name, minimum, maximum, default_, steps))
+        return;
     close_event_capture(object);
-    TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(object, track, static_cast<long>(track->parametertypes.size()) - 1);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(
+        object, track, static_cast<long>(track->parametertypes.size()) - 1);
     prseq_setdirtyflag(object, true);
 }
 

@@ -19,6 +19,7 @@ void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms);
 /// "track_bpf_add": a curve type on the active track.
 void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximum, double default_);
 /// "track_parameter_add": a parameter type on the active track.
-void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_, long steps);
+void prseq_trackparameteradd(Prseq& object, Symbol name, double minimum, double maximum, double default_,
+                             long steps);
 
 }  // namespace tq

@@ -44,7 +44,10 @@ std::string cut_text(const std::string& text, size_t bytes) {
 
 long whole_ms(double ms) {
     constexpr double limit = 9.0e18;
-    return ms >= limit ? static_cast<long>(limit) : ms <= -limit ? -static_cast<long>(limit) : ms == ms ? static_cast<long>(ms) : 0;
+    return ms >= limit    ? static_cast<long>(limit)
+           : ms <= -limit ? -static_cast<long>(limit)
+           : ms == ms     ? static_cast<long>(ms)
+                          : 0;
 }
 
 }  // namespace tq

@@ -1,5 +1,5 @@
-// The program's subcommands. Each returns the exit status: 0, or 1 when the work failed; why stands on standard
-// error then.
+// The program's subcommands. Each returns the exit status: 0, or 1 when the work failed; why stands on
+// standard error then.
 #pragma once
 
 #include <string>

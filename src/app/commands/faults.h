@@ -8,8 +8,10 @@
 namespace tq {
 
 class FaultPrinter : public SessionListener {
-  public:
-    void error(const Object&, const std::string& text) override { std::fprintf(stderr, "sorvo: %s\n", text.c_str()); }
+ public:
+    void error(const Object&, const std::string& text) override {
+        std::fprintf(stderr, "sorvo: %s\n", text.c_str());
+    }
 };
 
 }  // namespace tq

@@ -23,7 +23,7 @@ void interrupt(int) { interrupted = true; }
 
 /// Outlet 0 and receivers on standard output, with their logical times.
 class Printer : public SessionListener {
-  public:
+ public:
     explicit Printer(const Scheduler& scheduler) : scheduler_(scheduler) {}
     void outlet(int outlet, Symbol, AtomSpan atoms) override {
         if (outlet == OutletPlaying) say("out0", atoms);
@@ -32,7 +32,7 @@ class Printer : public SessionListener {
         say("to " + atom_gettext(Atoms{name, selector}), atoms);
     }
 
-  private:
+ private:
     void say(const std::string& from, AtomSpan atoms) const {
         std::printf("%.3f %s %s\n", scheduler_.now(), from.c_str(), atom_gettext(atoms).c_str());
     }
@@ -47,7 +47,8 @@ std::unique_ptr<AudioOutput> open_audio() {
 }
 
 void show_progress(const Prseq& box, bool last) {
-    std::fprintf(stderr, "\r%9.2f s of %.2f s%s", box.linecursor.position / 1000, box.timelinelength / 1000, last ? "\n" : "");
+    std::fprintf(stderr, "\r%9.2f s of %.2f s%s", box.linecursor.position / 1000, box.timelinelength / 1000,
+                 last ? "\n" : "");
 }
 
 void play_until_over(Session& session) {
@@ -87,7 +88,8 @@ int run_play(const PlayCommand& command) {
     play_until_over(session);
     if (audio) {  // let the last notes end
         audio->stop_all(session.host().scheduler.now());
-        for (int i = 0; i < 50 && audio->sounding() > 0; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        for (int i = 0; i < 50 && audio->sounding() > 0; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return 0;
 }

@@ -36,7 +36,8 @@ void play_through(Session& session) {
     session.send("int 1");
     Scheduler& scheduler = session.host().scheduler;
     double end = scheduler.now() + end_of(session.box());
-    while (session.box().playing && scheduler.now() < end) scheduler.run_until(scheduler.next_due().value_or(end));
+    while (session.box().playing && scheduler.now() < end)
+        scheduler.run_until(scheduler.next_due().value_or(end));
     if (session.box().playing) session.send("int 0");
 }
 
@@ -90,7 +91,8 @@ int run_render(const RenderCommand& command) {
     if (command.wav.empty() && command.midi.empty()) return 0;
 
     if (end_of(session.box()) > longest_ms) {
-        complain("\"" + command.file + "\" is longer than a day; sound and notes are written of shorter documents");
+        complain("\"" + command.file +
+                 "\" is longer than a day; sound and notes are written of shorter documents");
         return 1;
     }
     NoteListener notes(session);

@@ -38,8 +38,8 @@ BpfPoints curve_of(std::span<const BendPoint> bend, double duration_ms) {
 /// Start and end are rounded to whole ms each, so that rounding does not add up in the duration.
 EventRef event_of(Prseq& object, const Track& track, const MidiTrack& source, const MidiNote& note) {
     double start = jgraphics_round(note.start_ms), end = jgraphics_round(note.start_ms + note.duration_ms);
-    EventRef event = TQ_Prseq_Events_MakeEvent(object, whole_ms(start), note.pitch, note.velocity, whole_ms(end - start),
-                                               Symbol(), Symbol());
+    EventRef event = TQ_Prseq_Events_MakeEvent(object, whole_ms(start), note.pitch, note.velocity,
+                                               whole_ms(end - start), Symbol(), Symbol());
     TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
     std::span<const BendPoint> bend = source.bend(note);
     if (bend.size() >= 2 && note.duration_ms > 0)
@@ -77,7 +77,8 @@ bool is_midi_file(const std::string& path) {
     std::ifstream(path, std::ios::binary).read(magic, sizeof magic);
     if (std::string_view(magic, sizeof magic) == "MThd") return true;
     std::string ending = std::filesystem::path(path).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::tolower(c); });
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return std::tolower(c); });
     return ending == ".mid" || ending == ".midi";
 }
 

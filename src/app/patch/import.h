@@ -16,8 +16,8 @@ struct MidiImport {
 
 /// Whether a path names a Standard MIDI File: by its first bytes, or by its ending.
 bool is_midi_file(const std::string& path);
-/// Replaces the document by the song of a file: untitled, with what "track_add" and "event" messages would have
-/// made of it. None, and why is posted, when the file cannot be read; the document is empty then.
+/// Replaces the document by the song of a file: untitled, with what "track_add" and "event" messages would
+/// have made of it. None, and why is posted, when the file cannot be read; the document is empty then.
 std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& path);
 
 }  // namespace tq

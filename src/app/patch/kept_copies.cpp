@@ -22,7 +22,8 @@ fs::path state_folder() {
 
 }  // namespace
 
-std::optional<std::string> keep_copy(const std::string& document, const std::string& text, std::string& fault) {
+std::optional<std::string> keep_copy(const std::string& document, const std::string& text,
+                                     std::string& fault) {
     fs::path folder = state_folder() / "kept";
     std::error_code error;
     fs::create_directories(folder, error);

@@ -31,7 +31,8 @@ void NoteListener::outlet(int outlet, Symbol selector, AtomSpan atoms) {
     std::optional<OutletList> list = parse_outlet_list(atoms);
     if (!list) return;
     std::string source = source_of_track(list->track);
-    if (list->kind == OutletList::Kind::Event) play(list->arguments, voice_without_destination, source);
+    if (list->kind == OutletList::Kind::Event)
+        play(list->arguments, voice_without_destination, source);
     else
         for (Player* player : players_) player->stop(source, now());
 }
@@ -39,7 +40,8 @@ void NoteListener::outlet(int outlet, Symbol selector, AtomSpan atoms) {
 void NoteListener::receiver(Symbol name, Symbol selector, AtomSpan atoms) {
     std::optional<Voice> voice = voice_of_receiver(name.text());
     if (!voice) return;
-    if (selector == tq_sym_event) play(atoms, *voice, name.text());
+    if (selector == tq_sym_event)
+        play(atoms, *voice, name.text());
     else if (selector == tq_sym_stop)
         for (Player* player : players_) player->stop(name.text(), now());
 }
@@ -47,7 +49,8 @@ void NoteListener::receiver(Symbol name, Symbol selector, AtomSpan atoms) {
 std::map<std::string, std::string> NoteListener::source_names() const {
     std::map<std::string, std::string> names;
     for (const TrackRef& track : session_.box().tracks)
-        names.emplace(track->destination.empty() ? source_of_track(track->index) : track->destination.text(), track->name);
+        names.emplace(track->destination.empty() ? source_of_track(track->index) : track->destination.text(),
+                      track->name);
     return names;
 }
 

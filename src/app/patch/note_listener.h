@@ -11,10 +11,10 @@
 
 namespace tq {
 
-/// Hands the notes of outlet 0 and of "gm:" receivers to every player, with the logical time at which they left.
-/// A jump of the play position ends what sounds.
+/// Hands the notes of outlet 0 and of "gm:" receivers to every player, with the logical time at which they
+/// left. A jump of the play position ends what sounds.
 class NoteListener : public SessionListener {
-  public:
+ public:
     explicit NoteListener(Session& session) : session_(session) { session.listen(*this); }
     /// The player must live as long as the session.
     void add(Player& player) { players_.push_back(&player); }
@@ -25,7 +25,7 @@ class NoteListener : public SessionListener {
     /// What the sources of notes are called: the tracks' names.
     std::map<std::string, std::string> source_names() const;
 
-  private:
+ private:
     double now() const { return session_.host().scheduler.now(); }
     void play(AtomSpan arguments, const Voice& voice, const std::string& source);
 

@@ -9,12 +9,12 @@
 namespace tq {
 
 class RealTimeDriver {
-  public:
+ public:
     /// From now on, logical time goes on from where it is.
     explicit RealTimeDriver(Scheduler& scheduler) : scheduler_(scheduler), logical_begin_(scheduler.now()) {}
 
-    /// Runs everything that has become due, each at its own logical time. A wait that went on too long is caught
-    /// up with; nothing is skipped.
+    /// Runs everything that has become due, each at its own logical time. A wait that went on too long is
+    /// caught up with; nothing is skipped.
     void catch_up() { scheduler_.run_until(logical_now()); }
     /// ms until the next call is due; 0 when it is already, none when nothing is pending.
     std::optional<double> ms_until_next() const {
@@ -28,7 +28,7 @@ class RealTimeDriver {
         return logical_begin_ + passed.count();
     }
 
-  private:
+ private:
     using Clock = std::chrono::steady_clock;
     Scheduler& scheduler_;
     double logical_begin_;

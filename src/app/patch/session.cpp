@@ -32,7 +32,9 @@ void Session::wire() {
     auto tell = [this](auto what) {
         for (SessionListener* listener : listeners_) what(*listener);
     };
-    host_.patch.post = [tell](const Object&, const std::string& text) { tell([&](auto& l) { l.post(text); }); };
+    host_.patch.post = [tell](const Object&, const std::string& text) {
+        tell([&](auto& l) { l.post(text); });
+    };
     host_.patch.error = [tell](const Object& object, const std::string& text) {
         tell([&](auto& l) { l.error(object, text); });
     };

@@ -1,5 +1,5 @@
-// One box in its standard patch: position reports feed the transport, receivers exist as soon as they are named,
-// and whatever the box says goes to those who listen.
+// One box in its standard patch: position reports feed the transport, receivers exist as soon as they are
+// named, and whatever the box says goes to those who listen.
 #pragma once
 
 #include <memory>
@@ -14,7 +14,7 @@ namespace tq {
 
 /// Hears what the box says, in the order in which it is said, at the scheduler's logical time.
 class SessionListener {
-  public:
+ public:
     virtual ~SessionListener() = default;
     virtual void outlet(int, Symbol, AtomSpan) {}
     virtual void dumpout(Symbol, AtomSpan) {}
@@ -25,7 +25,7 @@ class SessionListener {
 };
 
 class Session {
-  public:
+ public:
     /// Whether position reports are fed back to the transport.
     bool feedback = true;
 
@@ -40,13 +40,14 @@ class Session {
     /// Makes a relay of this name, unless there is one.
     void make_receiver(Symbol name);
 
-    /// Sends the inlet a message in message text (a lone number is "int" or "float"), and runs what it made due.
+    /// Sends the inlet a message in message text (a lone number is "int" or "float"), and runs what it made
+    /// due.
     void send(std::string_view text);
     void send(Symbol message, AtomSpan atoms);
     /// Opens a document or a Standard MIDI File. False when it is neither; why is posted as an error.
     bool open(const std::string& path);
 
-  private:
+ private:
     void wire();
     std::unique_ptr<Object> relay(Symbol name);
 

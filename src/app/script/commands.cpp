@@ -17,7 +17,7 @@ namespace {
 
 /// The words after a driver line's name, taken one by one.
 class Words {
-  public:
+ public:
     explicit Words(const std::string& line) : atoms_(atom_setparse(line)) {}
 
     std::string name() { return word("a name"); }
@@ -32,7 +32,8 @@ class Words {
     }
     double number_between(const std::string& what, double low, double high) {
         double value = number(what);
-        if (!(value >= low && value <= high)) fault(fmt::format("{} must lie between {} and {}", what, low, high));
+        if (!(value >= low && value <= high))
+            fault(fmt::format("{} must lie between {} and {}", what, low, high));
         return value;
     }
     bool on_off() {
@@ -44,7 +45,7 @@ class Words {
         if (more()) fault("one word too many: " + atom_text(atoms_[next_]));
     }
 
-  private:
+ private:
     /// A symbol as it is, a number as its text.
     static std::string atom_text(const Atom& atom) {
         return atom.is_symbol() ? atom.as_symbol().text() : atom_gettext(Atoms{atom});
@@ -65,7 +66,8 @@ struct ScriptCommands {
     }
     static void size(Script& script, Words& words) {
         Prseq& box = script.session_.box();
-        double width = words.number_between("width", 1, 16384), height = words.number_between("height", 1, 16384);
+        double width = words.number_between("width", 1, 16384),
+               height = words.number_between("height", 1, 16384);
         words.end();
         box.width = width;
         box.height = height;
@@ -76,8 +78,10 @@ struct ScriptCommands {
         std::string file = words.more() ? words.word("a file") : "";
         words.end();
         script.redraw_asked_ = false;
-        if (file.empty()) script.painter_.paint(box);
-        else if (auto reason = script.painter_.paint_to_png(box, file)) object_error(box, *reason);
+        if (file.empty())
+            script.painter_.paint(box);
+        else if (auto reason = script.painter_.paint_to_png(box, file))
+            object_error(box, *reason);
     }
     static void wheel(Script& script, Words& words) {
         double x = words.number("X"), y = words.number("Y"), dx = words.number("DX"), dy = words.number("DY");
@@ -147,7 +151,8 @@ constexpr CommandRow commands[] = {
 void run_command(Script& script, const std::string& line) {
     Words words(line);
     std::string name = words.name();
-    auto row = std::find_if(std::begin(commands), std::end(commands), [&](const CommandRow& r) { return name == r.name; });
+    auto row = std::find_if(std::begin(commands), std::end(commands),
+                            [&](const CommandRow& r) { return name == r.name; });
     if (row == std::end(commands)) fault("no such line: " + name);
     row->run(script, words);
     script.session().host().scheduler.run_due();

@@ -56,8 +56,10 @@ void Script::run(std::istream& lines, const std::string& name) {
 
 void Script::run_line(const std::string& line) {
     if (line.empty() || line[0] == '#') return;
-    if (is_driver_line(line)) run_command(*this, line);
-    else session_.send(line);
+    if (is_driver_line(line))
+        run_command(*this, line);
+    else
+        session_.send(line);
 }
 
 std::optional<std::string> Script::take_answer() {

@@ -25,13 +25,13 @@ struct ScriptFault {
 };
 
 class Script : private SessionListener {
-  public:
+ public:
     Script(const ScriptOptions& options, std::ostream& out);
     /// Runs all lines of a script. Throws a ScriptFault at the first that is not understood.
     void run(std::istream& lines, const std::string& name);
     Session& session() { return session_; }
 
-  private:
+ private:
     friend struct ScriptCommands;
     void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
     void dumpout(Symbol selector, AtomSpan atoms) override;

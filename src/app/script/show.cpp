@@ -17,13 +17,15 @@ Lines show_parts(Prseq& box) {
     Lines lines;
     for (size_t i = 0; i < part_count; ++i) {
         const Rect& rect = box.layout.parts[i];
-        lines.push_back("part " + atom_gettext(Atoms{static_cast<long>(i), rect.x, rect.y, rect.width, rect.height}));
+        lines.push_back("part " +
+                        atom_gettext(Atoms{static_cast<long>(i), rect.x, rect.y, rect.width, rect.height}));
     }
     return lines;
 }
 
 Lines show_view(Prseq& box) {
-    return {"view " + atom_gettext(Atoms{box.horizontalzoom, box.verticalzoom, box.horizontalscroll, box.verticalscroll})};
+    return {"view " + atom_gettext(Atoms{box.horizontalzoom, box.verticalzoom, box.horizontalscroll,
+                                         box.verticalscroll})};
 }
 
 Lines show_events(Prseq& box) {
@@ -33,8 +35,9 @@ Lines show_events(Prseq& box) {
     Lines lines;
     for (const TrackRef& track : box.tracks)
         track->events.for_each([&](const Event& e) {
-            lines.push_back(atom_gettext(Atoms{id, e.id, track_, track->index, start, e.start, duration, e.duration, pitch,
-                                               e.pitch, velocity, e.velocity, selected, long{e.selected}}));
+            lines.push_back(
+                atom_gettext(Atoms{id, e.id, track_, track->index, start, e.start, duration, e.duration,
+                                   pitch, e.pitch, velocity, e.velocity, selected, long{e.selected}}));
         });
     return lines;
 }

@@ -96,14 +96,18 @@ void MainWindow::connect_parts() {
     bar_->tempo = [this](double bpm) { timer_.act([&] { itm_settempo(*session_.box().transport, bpm); }); };
     bar_->console = [this](bool open) { show_console(open); };
     Patch& patch = session_.host().patch;
-    patch.open_dialog = [this] { return chosen(QFileDialog::getOpenFileName(this, "Open", {}, document_files)); };
+    patch.open_dialog = [this] {
+        return chosen(QFileDialog::getOpenFileName(this, "Open", {}, document_files));
+    };
     patch.save_dialog = [this](const std::string& name) {
-        return chosen(QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files));
+        return chosen(
+            QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files));
     };
     patch.keep_copy = [this](const Object& box, const std::string& text) {
         std::string fault;
         std::optional<std::string> path = keep_copy(session_.box().info.filename, text, fault);
-        std::string told = path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
+        std::string told =
+            path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
         std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
         object_post(box, told);
     };
@@ -175,7 +179,8 @@ void MainWindow::refresh() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     Prseq& box = session_.box();
-    if (prseq_getdirtyflag(box)) session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+    if (prseq_getdirtyflag(box))
+        session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
     QWidget::closeEvent(event);
 }
 
