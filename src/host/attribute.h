@@ -15,7 +15,7 @@ namespace tq {
 class Object;
 
 struct Attribute {
-    enum class Type { Char, Long, Float, Rgba };
+    enum class Type { Char, Long, Float, Rgba, Name };
 
     Symbol name;
     Type type = Type::Long;

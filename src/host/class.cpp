@@ -32,6 +32,8 @@ namespace {
 
 /// The values to store: as many as the type has, converted and clipped. None when the atoms do not fit.
 std::optional<Atoms> fitting_values(const Attribute& attribute, AtomSpan atoms) {
+    if (attribute.type == Attribute::Type::Name)
+        return !atoms.empty() && atoms[0].is_symbol() ? std::optional(Atoms{atoms[0]}) : std::nullopt;
     bool rgba = attribute.type == Attribute::Type::Rgba;
     if (rgba ? (atoms.size() < 3 || atoms.size() > 4) : atoms.empty()) return {};
     if (!std::all_of(atoms.begin(), atoms.end(), [](const Atom& atom) { return atom.is_number(); }))

@@ -94,7 +94,7 @@ void class_addmethod(Class& c, std::string_view name, void (*handler)(T&, Symbol
            }});
 }
 
-/// Adds an attribute that is a field of T or of a base of it: char (a bool), long, double or Rgba.
+/// Adds an attribute that is a field of T or of a base of it: char (a bool), long, double, Rgba or Symbol.
 template <std::derived_from<Object> T, typename Owner, typename Field>
 Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
     Attribute attribute;
@@ -108,6 +108,14 @@ Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
         attribute.read = [field](const Object& object) {
             const Rgba& color = static_cast<const T&>(object).*field;
             return Atoms{color.red, color.green, color.blue, color.alpha};
+        };
+    } else if constexpr (std::same_as<Field, Symbol>) {
+        attribute.type = Attribute::Type::Name;
+        attribute.write = [field](Object& object, AtomSpan a) {
+            static_cast<T&>(object).*field = a[0].as_symbol();
+        };
+        attribute.read = [field](const Object& object) {
+            return Atoms{static_cast<const T&>(object).*field};
         };
     } else if constexpr (std::same_as<Field, double>) {
         attribute.type = Attribute::Type::Float;

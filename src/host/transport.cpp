@@ -74,7 +74,7 @@ void itm_setticks(Itm& itm, double ticks) {
 }
 
 TimeObject::TimeObject(Itm& itm, const Object& owner, std::function<void()> callback, int flags)
-    : itm_(itm), owner_(owner), callback_(std::move(callback)), flags_(flags) {}
+    : itm_(&itm), owner_(owner), callback_(std::move(callback)), flags_(flags) {}
 
 TimeObject::~TimeObject() { time_stop(*this); }
 
@@ -86,36 +86,41 @@ void time_setvalue(TimeObject& time, double value) {
 void time_schedule(TimeObject& time) { time.arm(); }
 
 void time_stop(TimeObject& time) {
-    time.itm_.host().scheduler.cancel(time.ticket_);
+    time.itm_->host().scheduler.cancel(time.ticket_);
     time.ticket_ = 0;
-    std::erase(time.itm_.armed_, &time);
+    std::erase(time.itm_->armed_, &time);
     time.armed_ = false;
 }
 
-Itm& time_getitm(const TimeObject& time) { return time.itm_; }
+Itm& time_getitm(const TimeObject& time) { return *time.itm_; }
+
+void time_setitm(TimeObject& time, Itm& itm) {
+    time_stop(time);
+    time.itm_ = &itm;
+}
 
 void TimeObject::arm() {
     time_stop(*this);
     if (!(flags_ & TIME_FLAGS_TICKSONLY)) {  // ms pass whether or not the transport runs
-        Scheduler& scheduler = itm_.host().scheduler;
+        Scheduler& scheduler = itm_->host().scheduler;
         ticket_ = scheduler.schedule_at(scheduler.now() + value_, owner_, callback_);
         return;
     }
     armed_ = true;
-    itm_.armed_.push_back(this);
-    target_ticks_ = flags_ & TIME_FLAGS_LOCATION ? value_ : itm_getticks(itm_) + std::max(value_, 0.0);
+    itm_->armed_.push_back(this);
+    target_ticks_ = flags_ & TIME_FLAGS_LOCATION ? value_ : itm_getticks(*itm_) + std::max(value_, 0.0);
     rearm();
 }
 
 void TimeObject::rearm() {
-    Scheduler& scheduler = itm_.host().scheduler;
+    Scheduler& scheduler = itm_->host().scheduler;
     scheduler.cancel(ticket_);
     ticket_ = 0;
-    if (!itm_.running_) return;
+    if (!itm_->running_) return;
     bool location = (flags_ & TIME_FLAGS_LOCATION) != 0;
     // A position is reached by moving up to it, not by jumping onto it or past it.
-    if (location && itm_tickstoms(itm_, target_ticks_ - itm_getticks(itm_)) <= 0) return;
-    double due = itm_.base_now_ + itm_tickstoms(itm_, target_ticks_ - itm_.base_ticks_);
+    if (location && itm_tickstoms(*itm_, target_ticks_ - itm_getticks(*itm_)) <= 0) return;
+    double due = itm_->base_now_ + itm_tickstoms(*itm_, target_ticks_ - itm_->base_ticks_);
     ticket_ = scheduler.schedule_at(
         due, owner_, [this] { fire(); }, location ? Scheduler::Rank::Position : Scheduler::Rank::Wait);
 }

@@ -81,11 +81,12 @@ class TimeObject {
     friend void time_schedule(TimeObject& time);
     friend void time_stop(TimeObject& time);
     friend Itm& time_getitm(const TimeObject& time);
+    friend void time_setitm(TimeObject& time, Itm& itm);
     void arm();
     void rearm();
     void fire();
 
-    Itm& itm_;
+    Itm* itm_;
     const Object& owner_;
     std::function<void()> callback_;
     int flags_;
@@ -102,5 +103,7 @@ void time_schedule(TimeObject& time);
 /// Disarms it.
 void time_stop(TimeObject& time);
 Itm& time_getitm(const TimeObject& time);
+/// Follows another transport from now on, disarmed.
+void time_setitm(TimeObject& time, Itm& itm);
 
 }  // namespace tq

@@ -101,6 +101,15 @@ void TQ_Prseq_Time_LoopEndCatched(Prseq& object) {
     if (cycle.active && !too_short) prseq_position(object, cycle.start);
 }
 
+void TQ_Prseq_Time_FollowTransport(Prseq& object, Itm& transport) {
+    if (&transport == object.transport) return;
+    if (object.playing) TQ_Prseq_Time_StartStopPlayer(object, 0);
+    object.transport = &transport;
+    for (TimeObject* time : {&object.runningtime, &object.eventtargettime, &object.loopendtargettime})
+        time_setitm(*time, transport);
+    if (object.cycle.active) schedule_fdefer(object, TQ_Prseq_Time_ScheduleLoopEnd);
+}
+
 void TQ_Prseq_Time_Runningtime(Prseq& object) {
     double ms = transport_ms(object);
     if (ms >= object.timelinelength) {

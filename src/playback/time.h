@@ -3,6 +3,7 @@
 
 namespace tq {
 
+class Itm;
 struct Prseq;
 
 /// Message "int": 1 or more starts at the transport's position, 0 stops, less than 0 does nothing.
@@ -26,6 +27,8 @@ void TQ_Prseq_Time_ScheduleNextEvent(Prseq& object);
 void TQ_Prseq_Time_ScheduleLoopEnd(Prseq& object);
 /// The transport has reached the loop's end.
 void TQ_Prseq_Time_LoopEndCatched(Prseq& object);
+/// Another transport is followed from now on; playback stops before it.
+void TQ_Prseq_Time_FollowTransport(Prseq& object, Itm& transport);
 /// The periodic clock: moves the line cursor and stops at the timeline's end.
 void TQ_Prseq_Time_Runningtime(Prseq& object);
 void TQ_Prseq_Time_StopRunningtime(Prseq& object);

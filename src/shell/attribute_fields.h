@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/color.h"
+#include "host/symbol.h"
 
 namespace tq {
 
@@ -25,6 +26,7 @@ struct AttributeFields {
     double linecursor_update = 0;  ///< ms
     double base_frequency = 0;     ///< Hz, of pitch 69
     long new_track_color = 0;      ///< a NewTrackColor
+    Symbol transportname;          ///< of the transport that is followed; empty: the default one
 };
 
 /// What "new_track_color" counts.

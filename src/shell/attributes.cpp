@@ -2,7 +2,9 @@
 
 #include <unordered_map>
 
+#include "host/host.h"
 #include "playback/linecursor.h"
+#include "playback/time.h"
 #include "shell/change.h"
 #include "shell/prseq.h"
 
@@ -152,11 +154,17 @@ void add_attributes(Class& c) {
                                   {"new_track_color", "Color of New Track", "Display", "2", {{0, 2}}});
     color.style = "enumindex";
     color.enums = {"Default", "Random", "Rainbow"};
+    Attribute& transport = class_addattr<Prseq>(c, "transport", &F::transportname);
+    transport.label = "Transport";
+    transport.category = "System";
+    transport.default_value = "\"\"";
 }
 
 void attribute_modified(Prseq& object, Symbol name) {
-    static const Symbol linecursorcolor = gensym("linecursorcolor");
+    static const Symbol linecursorcolor = gensym("linecursorcolor"), transport = gensym("transport");
     if (name == linecursorcolor) TQ_Prseq_LineCursor_SetLineColor(object);
+    if (name == transport)
+        TQ_Prseq_Time_FollowTransport(object, itm_getnamed(object.host(), object.transportname));
     auto change = changes_by_attribute().find(name);
     if (change != changes_by_attribute().end()) prseq_show(object, change->second);
 }

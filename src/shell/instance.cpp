@@ -60,6 +60,7 @@ Prseq::Prseq(Host& host)
           *transport, *this, [this] { TQ_Prseq_Time_LoopEndCatched(*this); },
           event_target_flags | TIME_FLAGS_LOCATION),
       zoomclock(host.scheduler, *this, [this] { zoom_clock_run(*this); }) {
+    minimum_size = {200, 240};
     object_attach_byptr(*this, *transport);
     object_attr_set_defaults(*this);
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/script/script.h"
+#include "temporary_folder.h"
 
 namespace tq::test {
 
@@ -41,25 +42,6 @@ inline testing::AssertionResult same_lines(const Lines& said, const Lines& expec
     for (size_t i = first; i < said.size() && i < first + 4; ++i) result << "\n  + " << said[i];
     return result;
 }
-
-/// A folder that goes away with the test.
-struct TemporaryFolder {
-    std::filesystem::path path;
-    TemporaryFolder() {
-        static int count = 0;
-        path = std::filesystem::temp_directory_path() /
-               ("sorvo_tests." + std::to_string(::getpid()) + "." + std::to_string(++count));
-        std::filesystem::create_directories(path);
-    }
-    ~TemporaryFolder() { std::filesystem::remove_all(path); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    std::string file(const std::string& name) const { return (path / name).string(); }
-    std::string file_with(const std::string& name, std::string_view text) const {
-        std::ofstream(file(name), std::ios::binary) << text;
-        return file(name);
-    }
-};
 
 inline std::string text_of_file(const std::string& path) {
     std::ostringstream text;

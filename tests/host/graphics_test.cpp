@@ -11,6 +11,7 @@
 #include "host/host.h"
 #include "host/image.h"
 #include "host/text.h"
+#include "temporary_folder.h"
 
 namespace tq {
 namespace {
@@ -183,8 +184,8 @@ TEST(Text, ThatDoesNotFitIsCutWithAnEllipsis) {
 }
 
 TEST(Image, IsWrittenWholeOrNotAtAll) {
-    auto folder = std::filesystem::temp_directory_path() / "sorvo-image-test";
-    std::filesystem::create_directories(folder);
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path folder = temporary.path;
     std::string path = (folder / "picture.png").string();
     SurfaceRef surface = jgraphics_image_surface_create(10, 10, 2);
     if (Graphics g(*surface); true) {
@@ -200,7 +201,6 @@ TEST(Image, IsWrittenWholeOrNotAtAll) {
     ASSERT_TRUE(failure);
     EXPECT_NE(failure->find("picture.png"), std::string::npos);
     EXPECT_FALSE(jgraphics_image_surface_create_from_file((folder / "nothing.png").string()));
-    std::filesystem::remove_all(folder);
 }
 
 struct LayerTest : testing::Test {

@@ -53,8 +53,7 @@ bool write_midi(const NoteListener& notes, const Recorder& recorder, const std::
 /// Lays the box out in the picture's size: a document's view is meant for the box that it is opened in.
 void lay_out(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
     Size size = command.size.empty() ? Size{1200, 700} : *parse_size(command.size);
-    session.box().width = size.width;
-    session.box().height = size.height;
+    jbox_set_size(session.box(), size);
     painter.paint(session.box());
 }
 

@@ -69,9 +69,7 @@ struct ScriptCommands {
         double width = words.number_between("width", 1, 16384),
                height = words.number_between("height", 1, 16384);
         words.end();
-        box.width = width;
-        box.height = height;
-        script.redraw_asked_ = true;
+        jbox_set_size(box, {width, height});
     }
     static void paint(Script& script, Words& words) {
         Prseq& box = script.session_.box();

@@ -24,8 +24,7 @@ std::string trimmed(const std::string& line) {
 }  // namespace
 
 Script::Script(const ScriptOptions& options, std::ostream& out) : out_(out), times_(options.times) {
-    session_.box().width = options.width;
-    session_.box().height = options.height;
+    jbox_set_size(session_.box(), {options.width, options.height});
     session_.listen(*this);
     session_.host().patch.open_dialog = [this] {
         say("dialog open");

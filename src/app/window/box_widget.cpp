@@ -51,8 +51,7 @@ void BoxWidget::paintEvent(QPaintEvent*) {
 }
 
 void BoxWidget::resizeEvent(QResizeEvent*) {
-    session_.box().width = width();
-    session_.box().height = height();
+    jbox_set_size(session_.box(), {double(width()), double(height())});
     redraw();
 }
 

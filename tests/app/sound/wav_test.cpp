@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "app/sound/error.h"
+#include "temporary_folder.h"
 
 namespace tq {
 
@@ -33,8 +34,6 @@ struct WavFile {
 
 class Wav : public testing::Test {
  protected:
-    void SetUp() override { std::filesystem::create_directories(folder); }
-    void TearDown() override { std::filesystem::remove_all(folder); }
     static PlayedNote click(double ms) { return {ms, 20, 37, 127, {}, {0, true}, "0"}; }
 
     static WavOptions lasting(double ms) {
@@ -43,7 +42,8 @@ class Wav : public testing::Test {
         return options;
     }
 
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "sorvo-wav-test";
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path folder = temporary.path;
     const std::string path = (folder / "out.wav").string();
 };
 
