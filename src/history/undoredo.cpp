@@ -19,12 +19,6 @@ UndoItem* item_at(const History& history, long index) {
     return exists ? history.items[static_cast<size_t>(index)].get() : nullptr;
 }
 
-/// What every step ends with.
-void show_step(Prseq& object) {
-    prseq_show(object, Change::Events);
-    prseq_setdirtyflag(object, object.info.dirty);
-}
-
 }  // namespace
 
 void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item) {
@@ -40,7 +34,7 @@ void TQ_Prseq_Undoredo_CallUndo(Prseq& object) {
         item->undo(object);
         --object.history.cursor;
     }
-    show_step(object);
+    prseq_show(object, Change::Events);
 }
 
 void TQ_Prseq_Undoredo_CallRedo(Prseq& object) {
@@ -48,7 +42,7 @@ void TQ_Prseq_Undoredo_CallRedo(Prseq& object) {
     if (!item) return;
     item->redo(object);
     ++object.history.cursor;
-    show_step(object);
+    prseq_show(object, Change::Events);
 }
 
 void TQ_Prseq_Undoredo_DeleteUndoLine(Prseq& object) {
