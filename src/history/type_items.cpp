@@ -32,8 +32,8 @@ struct TypeItem : UndoItem {
     void step(Prseq& object, bool put_back) {
         if (put_back)
             put(*track, removed);
-        else
-            removed = take(*track, removed.index);
+        else if (long index = place_of(*track, removed); index >= 0)
+            removed = take(*track, index);
         show_types(object, track);
     }
 };
@@ -74,7 +74,7 @@ struct ChangeBpfItem : UndoItem {
     void redo(Prseq& object) override { set(object, next); }
     void set(Prseq& object, const BpfTypeValues& values) const {
         Symbol old_name = type->name;
-        type->name = values.name;
+        type->name = free_bpf_type_name(*track, *type, values.name);
         type->minimum = values.minimum;
         type->maximum = values.maximum;
         type->default_ = values.default_;

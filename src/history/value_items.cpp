@@ -30,11 +30,14 @@ struct TimesItem : UndoItem {
     void undo(Prseq&) override { write(before); }
     void redo(Prseq&) override { write(after); }
     static void write(const std::vector<UndoEventSnapshot>& snapshots) {
+        std::vector<EventTimes> times;
+        times.reserve(snapshots.size());
         for (const UndoEventSnapshot& s : snapshots) {
-            TQ_Prseq_Events_SetEventTimes(*s.event, s.start, s.duration);
-            TQ_Prseq_Buffer_CalculateBufferRatio(*s.event);
+            times.push_back({s.event, s.start, s.duration});
             s.event->pitch = s.pitch;
         }
+        TQ_Prseq_Events_SetEventsTimes(times);
+        for (const UndoEventSnapshot& s : snapshots) TQ_Prseq_Buffer_CalculateBufferRatio(*s.event);
     }
 };
 

@@ -18,6 +18,12 @@ struct BpfType : Counted<BpfType> {
 };
 using BpfTypeRef = Ref<BpfType>;
 
+/// A type's values, apart from any track.
+struct BpfTypeValues {
+    Symbol name;
+    double minimum = 0, maximum = 1, default_ = 0;
+};
+
 /// A point is a plain value: what edits it keeps the points before and after.
 struct BpfPoint {
     double x = 0;  ///< time, 0 to 1 of the event's duration
@@ -30,9 +36,8 @@ using BpfPoints = boost::container::small_vector<BpfPoint, 2>;
 
 /// One event's curve of one type: points ascending by x, the first at 0 and the last at 1.
 struct Bpf : Counted<Bpf> {
-    Symbol name;  ///< the type's name
-    double minimum = 0, maximum = 1;
-    double unitydefault = 0;  ///< the type's default as a unity value
+    Symbol name;                                    ///< the type's name
+    double minimum = 0, maximum = 1, default_ = 0;  ///< the type's
     BpfPoints points;
 };
 using BpfRef = Ref<Bpf>;

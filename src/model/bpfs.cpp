@@ -12,22 +12,40 @@ namespace tq {
 
 namespace {
 
-/// The name that a new type gets on the track; none when an identical type is there.
-std::optional<Symbol> free_type_name(const Track& track, Symbol name, double minimum, double maximum,
-                                     double default_) {
-    for (const BpfTypeRef& type : track.bpftypes) {
-        if (type->name != name || name == tq_sym_Pitch) continue;
-        if (type->minimum == minimum && type->maximum == maximum && type->default_ == default_) return {};
-        name = gensym(cut_text(name.text() + "Bis", 255));
-    }
+Symbol with_bis(Symbol name) { return gensym(cut_text(name.text() + "Bis", 255)); }
+
+bool same_values(const BpfType& type, const BpfTypeValues& values) {
+    return type.minimum == values.minimum && type.maximum == values.maximum &&
+           type.default_ == values.default_;
+}
+
+bool has_other_type_named(const Track& track, const BpfType* type, Symbol name) {
+    return std::ranges::any_of(
+        track.bpftypes, [&](const BpfTypeRef& other) { return other.get() != type && other->name == name; });
+}
+
+/// What is wanted, or else with "Bis" and perhaps a number behind it.
+Symbol free_name(const Track& track, const BpfType* type, Symbol wanted) {
+    Symbol name = wanted;
+    for (long n = 1; has_other_type_named(track, type, name); ++n)
+        name = gensym(cut_text(wanted.text(), 240) + "Bis" + (n == 1 ? "" : std::to_string(n)));
     return name;
 }
 
-void take_range(Bpf& bpf, const BpfType& type) {
-    bpf.name = type.name;
-    bpf.minimum = type.minimum;
-    bpf.maximum = type.maximum;
-    bpf.unitydefault = TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(type);
+/// The type of these values that the track has, or else the name that a new one gets.
+struct TypeSearch {
+    BpfType* identical = nullptr;
+    Symbol freename;
+};
+TypeSearch search_type(const Track& track, const BpfTypeValues& values) {
+    Symbol name = values.name;
+    if (name == tq_sym_Pitch) return {nullptr, name};
+    for (const BpfTypeRef& type : track.bpftypes) {
+        if (type->name != name) continue;
+        if (same_values(*type, values)) return {type.get(), name};
+        name = with_bis(name);
+    }
+    return {nullptr, free_name(track, nullptr, name)};
 }
 
 }  // namespace
@@ -36,16 +54,36 @@ BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol nam
                                            double maximum, double default_) {
     Track* track = track_at(object, index);
     if (!track) return nullptr;
-    std::optional<Symbol> free = free_type_name(*track, name, minimum, maximum, default_);
-    if (!free) return nullptr;
+    TypeSearch search = search_type(*track, {name, minimum, maximum, default_});
+    if (search.identical) return nullptr;
     BpfTypeRef type = make_ref<BpfType>();
-    type->name = *free;
+    type->name = search.freename;
     type->minimum = minimum;
     type->maximum = maximum;
     type->default_ = default_;
     track->bpftypes.push_back(type);
     TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(*track, *type);
     return type.get();
+}
+
+Symbol free_bpf_type_name(const Track& track, const BpfType& type, Symbol wanted) {
+    return free_name(track, &type, wanted);
+}
+
+BpfType* find_identical_bpf_type(const Track& track, const BpfTypeValues& values) {
+    return search_type(track, values).identical;
+}
+
+void make_curve_of_type(Bpf& bpf, const BpfType& type) {
+    bpf.name = type.name;
+    bpf.minimum = type.minimum;
+    bpf.maximum = type.maximum;
+    bpf.default_ = type.default_;
+}
+
+bool is_curve_of_type(const Bpf& bpf, const BpfType& type) {
+    return bpf.name == type.name && bpf.minimum == type.minimum && bpf.maximum == type.maximum &&
+           bpf.default_ == type.default_;
 }
 
 void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type) {
@@ -73,7 +111,7 @@ long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol nam
 void TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(const Track& track, Symbol old_name,
                                                                    const BpfType& type) {
     track.events.for_each([&](Event& event) {
-        if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, old_name)) take_range(*bpf, type);
+        if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, old_name)) make_curve_of_type(*bpf, type);
     });
 }
 
@@ -95,8 +133,8 @@ BpfRef TQ_Prseq_Events_MakeDefaultBpf(Symbol name) {
 
 BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(const BpfType& type) {
     BpfRef bpf = make_ref<Bpf>();
-    take_range(*bpf, type);
-    bpf->points = flat_points(bpf->unitydefault);
+    make_curve_of_type(*bpf, type);
+    bpf->points = flat_points(TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(type));
     return bpf;
 }
 
@@ -133,7 +171,7 @@ BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf) {
     copy->name = bpf.name;
     copy->minimum = bpf.minimum;
     copy->maximum = bpf.maximum;
-    copy->unitydefault = bpf.unitydefault;
+    copy->default_ = bpf.default_;
     copy->points = bpf.points;
     return copy;
 }

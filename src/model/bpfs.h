@@ -17,6 +17,10 @@ struct Prseq;
 /// curve of it.
 BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol name, double minimum,
                                            double maximum, double default_);
+/// The name for a type on a track: what is wanted, with a "Bis" appended while another type has it.
+Symbol free_bpf_type_name(const Track& track, const BpfType& type, Symbol wanted);
+/// The type of these values that the track has (its name may have got a "Bis"), or none.
+BpfType* find_identical_bpf_type(const Track& track, const BpfTypeValues& values);
 void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name);
@@ -47,6 +51,10 @@ BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf);
 /// The curve made active, or none; the active curve is unchanged then.
 Bpf* TQ_Prseq_Events_SetActiveBpfFromName(Event& event, Symbol name);
 void TQ_Prseq_Events_SetActiveBpfFromIndex(Event& event, long index);
+
+/// Gives a curve a type's name and range; its points stay as they are.
+void make_curve_of_type(Bpf& bpf, const BpfType& type);
+bool is_curve_of_type(const Bpf& bpf, const BpfType& type);
 
 // --- points ---
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <boost/container/small_vector.hpp>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -40,8 +41,10 @@ struct Event : Counted<Event> {
     boost::container::small_vector<BpfRef, 1> bpfs;
     BpfRef activebpf;        ///< one of bpfs, or none
     Track* track = nullptr;  ///< the track whose list the event is in, or none
+    /// While the event is in a track, only the track's list changes this: it keeps the selected ones.
     bool selected = false;
-    bool selectedwhenclicked = false;
+    bool selectedwhenclicked = false;  ///< whether it was selected when a marquee was begun
+    std::uint32_t selectedplace = 0;   ///< where the list keeps it among the selected ones
 
     double end() const { return start + duration; }
     /// The link's values, also when there is no link.

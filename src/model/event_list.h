@@ -1,11 +1,18 @@
 // The events of one track, kept in start order.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "model/event_tree.h"
 
 namespace tq {
+
+/// When an event is to be, in ms.
+struct EventTimes {
+    EventRef event;
+    double start = 0, duration = 0;
+};
 
 /// Events ascending by start; events that start together stand in the order of their identifiers, so an event
 /// that leaves and comes back finds its old place.
@@ -15,6 +22,8 @@ namespace tq {
 ///
 /// What comes out of order waits until somebody asks, and goes into the tree then: many at once by one sort,
 /// which in a large list is several times cheaper than finding the way to each place.
+///
+/// The selected events are kept beside the tree: nobody who deals with three of them walks a million.
 class EventList {
  public:
     EventList() = default;
@@ -35,6 +44,16 @@ class EventList {
     void assign(std::vector<EventRef> events, Track& track);
     /// Changes when an event of the list is; its place follows.
     void retime(Event& event, double start, double duration);
+    /// The same for many events of the list at once; their order is made anew when they are a good part of
+    /// it.
+    void retime(std::span<const EventTimes> times);
+
+    /// Selects an event of the list, or not.
+    void select(Event& event, bool selected);
+    void select_all();
+    void deselect_all();
+    /// The selected events, in no order.
+    const std::vector<Event*>& selected() const { return selected_; }
 
     /// None beyond the end.
     Event* at(size_t index) const { return tree().at(index); }
@@ -66,6 +85,12 @@ class EventList {
     using Tree = EventBranch<EventBranch<EventLeaf>>;
 
     bool holds(const Event& event) const { return tree().first_from({event.start, event.id}) == &event; }
+    /// One in so many events is cheaper dealt with one by one than by going through the whole list.
+    bool is_few(size_t count) const { return count < size_ / 16; }
+    void add_selected(Event& event);
+    void remove_selected(Event& event);
+    std::vector<EventEntry> take_all();
+    void fill(std::vector<EventEntry> entries);
     void disown();
     /// The tree with everything in it.
     Tree& tree() const {
@@ -79,6 +104,7 @@ class EventList {
     mutable std::vector<EventEntry> waiting_;
     mutable Event* last_waiting_ = nullptr;  ///< the last event of all, when it is one that waits
     size_t size_ = 0;
+    std::vector<Event*> selected_;
 };
 
 }  // namespace tq

@@ -14,9 +14,9 @@ namespace {
 
 /// Whether the event has exactly the track's curves and values, in its order.
 bool conforms(const Track& track, const Event& event) {
-    auto same_name = [](const auto& own, const auto& type) { return own->name == type->name; };
-    return std::equal(event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(),
-                      same_name) &&
+    return std::equal(
+               event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(),
+               [](const BpfRef& bpf, const BpfTypeRef& type) { return is_curve_of_type(*bpf, *type); }) &&
            std::equal(event.parametervalues.begin(), event.parametervalues.end(),
                       track.parametertypes.begin(), track.parametertypes.end(),
                       [](const ParameterValue& value, const auto& type) { return value.name == type->name; });
@@ -73,6 +73,20 @@ void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration) 
     }
 }
 
+void TQ_Prseq_Events_SetEventsTimes(std::span<const EventTimes> times) {
+    while (!times.empty()) {
+        Track* track = times.front().event->track;
+        auto end = std::ranges::find_if(times, [&](const EventTimes& t) { return t.event->track != track; });
+        const auto of_one_track = times.first(static_cast<size_t>(end - times.begin()));
+        if (track)
+            track->events.retime(of_one_track);
+        else
+            for (const EventTimes& t : of_one_track)
+                TQ_Prseq_Events_SetEventTimes(*t.event, t.start, t.duration);
+        times = times.subspan(of_one_track.size());
+    }
+}
+
 void TQ_Prseq_Events_SetEventStart(Event& event, double start) {
     TQ_Prseq_Events_SetEventTimes(event, start, event.duration);
 }
@@ -119,6 +133,7 @@ void conform_event_to(const Track& track, Event& event) {
         auto own = std::find_if(curves.begin(), curves.end(),
                                 [&](const BpfRef& b) { return b->name == type->name; });
         event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
+        make_curve_of_type(*event.bpfs.back(), *type);
     }
     auto values = std::move(event.parametervalues);
     event.parametervalues.clear();

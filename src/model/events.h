@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
 #include "model/track.h"
 
@@ -27,6 +28,8 @@ void TQ_Prseq_Events_SetEventStart(Event& event, double start);
 void TQ_Prseq_Events_SetEventDuration(Event& event, double duration);
 /// Both at once, without touching the buffer ratio.
 void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration);
+/// The same for many events.
+void TQ_Prseq_Events_SetEventsTimes(std::span<const EventTimes> times);
 
 /// Sets the duration without recomputing the buffer ratio and keeps the curves' points in place while the
 /// start moves earlier by `offset` ms.

@@ -21,7 +21,21 @@ void insert_at(List& list, long index, Value value) {
     list.insert(list.begin() + std::min(index, static_cast<long>(list.size())), std::move(value));
 }
 
+template <typename TypeRef>
+long place_in(const std::vector<TypeRef>& types, const TypeRef& type) {
+    auto at = std::ranges::find(types, type);
+    return at == types.end() ? -1 : static_cast<long>(at - types.begin());
+}
+
 }  // namespace
+
+long place_of(const Track& track, const RemovedParameterType& removed) {
+    return place_in(track.parametertypes, removed.type);
+}
+
+long place_of(const Track& track, const RemovedBpfType& removed) {
+    return place_in(track.bpftypes, removed.type);
+}
 
 RemovedParameterType remove_parameter_type(Track& track, long index) {
     RemovedParameterType removed{TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index), index, {}};
@@ -61,10 +75,13 @@ RemovedBpfType remove_bpf_type(Track& track, long index) {
 
 void put_back_bpf_type(Track& track, const RemovedBpfType& removed) {
     if (!removed.type) return;
+    removed.type->name = free_bpf_type_name(track, *removed.type, removed.type->name);
     insert_at(track.bpftypes, removed.index, removed.type);
-    for (const auto& [event, bpf] : removed.bpfs)
+    for (const auto& [event, bpf] : removed.bpfs) {
+        make_curve_of_type(*bpf, *removed.type);
         if (event->track == &track && !TQ_Prseq_Events_GetBpfWithGivenName(*event, bpf->name))
             insert_at(event->bpfs, removed.index, bpf);
+    }
     track.events.for_each([&](Event& event) { conform_event_to_track(event); });
     set_active_type(track, removed.activebpfindex);
 }

@@ -16,6 +16,8 @@ struct RemovedParameterType {
 RemovedParameterType remove_parameter_type(Track& track, long index);
 /// At its index. Events that had no value get the default.
 void put_back_parameter_type(Track& track, const RemovedParameterType& removed);
+/// Where the type is on the track now; −1 when it is not.
+long place_of(const Track& track, const RemovedParameterType& removed);
 
 struct RemovedBpfType {
     BpfTypeRef type;  ///< none: there was no such type
@@ -25,12 +27,8 @@ struct RemovedBpfType {
 };
 /// When the type, or one behind it, was the active one, the one before that becomes it.
 RemovedBpfType remove_bpf_type(Track& track, long index);
+/// At its index. When another type has got its name meanwhile, a "Bis" is appended.
 void put_back_bpf_type(Track& track, const RemovedBpfType& removed);
-
-/// A type's values, for changing it back and forth.
-struct BpfTypeValues {
-    Symbol name;
-    double minimum = 0, maximum = 1, default_ = 0;
-};
+long place_of(const Track& track, const RemovedBpfType& removed);
 
 }  // namespace tq

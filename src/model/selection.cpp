@@ -1,30 +1,120 @@
 #include "model/selection.h"
 
+#include <algorithm>
+
+#include "host/modifiers.h"
+#include "model/hit_test.h"
 #include "model/tracks.h"
 #include "shell/prseq.h"
 
 namespace tq {
 
-void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long index) {
+namespace {
+
+Track* visible_track(const Prseq& object, long index) {
     Track* track = track_at(object, index);
-    if (!track) return;
-    track->events.for_each([](Event& event) { event.selected = false; });
+    return track && track->visible ? track : nullptr;
+}
+
+Event* event_at(const Prseq& object, long track, long index) {
+    const Track* holder = track_at(object, track);
+    return holder && index >= 0 ? holder->events.at(static_cast<size_t>(index)) : nullptr;
+}
+
+void deselect(Event& event) {
+    if (event.track) event.track->events.select(event, false);
+}
+
+bool is_before(const Event* a, const Event* b) {
+    return a->start != b->start ? a->start < b->start : a->id < b->id;
+}
+
+/// The selected events in the track's order: sorted when they are few, else found on a walk.
+std::vector<EventRef> selected_in_order(const Track& track) {
+    std::vector<EventRef> list;
+    std::vector<Event*> selected = track.events.selected();
+    list.reserve(selected.size());
+    if (selected.size() < track.events.size() / 16) {
+        std::sort(selected.begin(), selected.end(), is_before);
+        list.assign(selected.begin(), selected.end());
+    } else if (!selected.empty()) {
+        track.events.for_each([&](Event& event) {
+            if (event.selected) list.emplace_back(&event);
+        });
+    }
+    return list;
+}
+
+}  // namespace
+
+void TQ_Prseq_Tracks_SelectEvent(Prseq& object, long track, long index) {
+    if (Event* event = event_at(object, track, index)) TQ_Prseq_Tracks_SelectEvent2(object, *event);
+}
+
+void TQ_Prseq_Tracks_DeselectEvent(Prseq& object, long track, long index) {
+    if (Event* event = event_at(object, track, index)) deselect(*event);
 }
 
 void TQ_Prseq_Tracks_SelectAllEvents(Prseq& object, long index) {
-    Track* track = track_at(object, index);
-    if (!track || !track->visible) return;
-    track->events.for_each([](Event& event) { event.selected = true; });
+    if (Track* track = visible_track(object, index)) track->events.select_all();
+}
+
+void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long index) {
+    if (Track* track = track_at(object, index)) track->events.deselect_all();
+}
+
+long TQ_Prseq_Tracks_GetEventSelection(const Prseq& object, long track, long index) {
+    const Event* event = event_at(object, track, index);
+    return event ? long{event->selected} : -1;
+}
+
+void TQ_Prseq_Tracks_SelectEvent2(Prseq&, Event& event) {
+    if (event.track && event.track->visible) event.track->events.select(event, true);
+}
+
+void TQ_Prseq_Tracks_DeselectEvent2(Event& event, Prseq&) { deselect(event); }
+
+void TQ_Prseq_Tracks_SelectEventsFromLinkedList(Prseq& object, const std::vector<EventRef>& events) {
+    for (const EventRef& event : events) TQ_Prseq_Tracks_SelectEvent2(object, *event);
 }
 
 size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long index) {
-    object.selection.clear();
-    const Track* track = track_at(object, index);
-    if (!track || !track->visible) return 0;
-    track->events.for_each([&](Event& event) {
-        if (event.selected) object.selection.emplace_back(&event);
-    });
+    const Track* track = visible_track(object, index);
+    object.selection = track ? selected_in_order(*track) : std::vector<EventRef>();
     return object.selection.size();
+}
+
+size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object) { return object.selection.size(); }
+
+void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object) {
+    if (TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack) != 1) return;
+    object.bpfeditingevent = object.selection.front();
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    TQ_Prseq_Tracks_SelectEvent2(object, *object.bpfeditingevent);
+}
+
+void TQ_Prseq_Tracks_SetSelectedWhenClickedStatusOfEvents(Prseq& object, long index) {
+    for (const EventRef& event : object.selectedwhenclicked) event->selectedwhenclicked = false;
+    object.selectedwhenclicked.clear();
+    const Track* track = track_at(object, index);
+    if (!track) return;
+    const std::vector<Event*>& selected = track->events.selected();
+    object.selectedwhenclicked.assign(selected.begin(), selected.end());
+    for (const EventRef& event : object.selectedwhenclicked) event->selectedwhenclicked = true;
+}
+
+void TQ_Prseq_Tracks_SelectEventsInMarquee(Prseq& object, long index, unsigned modifiers) {
+    Track* track = visible_track(object, index);
+    if (!track) return;
+    bool toggles = modifiers & modifier_shift;
+    track->events.deselect_all();
+    if (toggles)
+        for (const EventRef& event : object.selectedwhenclicked)
+            if (event->track == track) track->events.select(*event, true);
+    Rect marquee = object.maindisplay.marquee;
+    marquee.y += object.maindisplay.marqueescroll;
+    for (Event* event : events_touching(object, *track, marquee))
+        track->events.select(*event, !toggles || !event->selectedwhenclicked);
 }
 
 }  // namespace tq

@@ -1,5 +1,8 @@
-// Which events of the active track are selected.
+// Which events are selected. Events of an invisible track can be deselected but not selected.
 #pragma once
+
+#include <cstddef>
+#include <vector>
 
 #include "model/track.h"
 
@@ -7,11 +10,36 @@ namespace tq {
 
 struct Prseq;
 
-/// Deselects all events of a track; nothing when there is no such track.
-void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long index);
+// --- by track and index; what does not exist makes a call do nothing ---
+
+void TQ_Prseq_Tracks_SelectEvent(Prseq& object, long track, long index);
+void TQ_Prseq_Tracks_DeselectEvent(Prseq& object, long track, long index);
 /// Every event of a visible track.
-void TQ_Prseq_Tracks_SelectAllEvents(Prseq& object, long index);
+void TQ_Prseq_Tracks_SelectAllEvents(Prseq& object, long track);
+void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long track);
+/// 1 or 0; −1 when there is no such event.
+long TQ_Prseq_Tracks_GetEventSelection(const Prseq& object, long track, long index);
+
+// --- by event; one that is in no track keeps its state ---
+
+void TQ_Prseq_Tracks_SelectEvent2(Prseq& object, Event& event);
+void TQ_Prseq_Tracks_DeselectEvent2(Event& event, Prseq& object);
+void TQ_Prseq_Tracks_SelectEventsFromLinkedList(Prseq& object, const std::vector<EventRef>& events);
+
+// --- the selection list ---
+
 /// Makes the selection list of a visible track's selected events, in the track's order; returns how many.
-size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long index);
+size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long track);
+size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object);
+/// When exactly one event is selected, its curves are edited from now on.
+void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object);
+
+// --- the marquee ---
+
+/// Keeps which events of a track are selected, for a marquee that may follow.
+void TQ_Prseq_Tracks_SetSelectedWhenClickedStatusOfEvents(Prseq& object, long track);
+/// Selects what the main display's marquee touches. With shift among the modifiers, what it touches is
+/// selected when it was not as the marquee was begun, and everything else is as it was then.
+void TQ_Prseq_Tracks_SelectEventsInMarquee(Prseq& object, long track, unsigned modifiers);
 
 }  // namespace tq

@@ -114,6 +114,8 @@ void TQ_Prseq_NewFile(Prseq& object) {
     TQ_Prseq_Tracks_DeleteAllTracksAndFree(object);
     object.activetrack = -1;
     object.selection.clear();
+    object.selectedwhenclicked.clear();
+    object.press = {};
     object.bpfeditingevent = nullptr;
     object.nextevent = nullptr;
     object.nextevent_track = nullptr;

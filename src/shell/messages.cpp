@@ -5,6 +5,7 @@
 #include "history/recorders.h"
 #include "history/undoredo.h"
 #include "host/outlet.h"
+#include "interaction/mouse_mode.h"
 #include "model/selection.h"
 #include "model/track_info.h"
 #include "model/tracks.h"
@@ -31,6 +32,7 @@ void add_messages(Class& c) {
     class_addmethod(c, "zoom_out_all", prseq_zoom_out_all);
     class_addmethod(c, "cyclerange", prseq_cyclerange);
     class_addmethod(c, "cycle", prseq_cycle);
+    class_addmethod(c, "mouse_mode", prseq_mousemode);
     class_addmethod(c, "track_active", prseq_activetrack);
     class_addmethod(c, "track_add", prseq_addtrack);
     class_addmethod(c, "track_delete", prseq_deletetrack);

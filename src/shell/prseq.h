@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "history/capture_record.h"
+#include "history/clipboard_record.h"
 #include "history/history.h"
 #include "host/box.h"
 #include "host/clock.h"
 #include "host/transport.h"
+#include "interaction/press.h"
 #include "model/event.h"
 #include "model/event_index.h"
 #include "model/meter.h"
@@ -56,12 +58,16 @@ struct Prseq : Box, AttributeFields {
     static constexpr double maximumpitch = keysperoctave * 11 - 1;
 
     // editing
-    std::vector<EventRef> selection;  ///< the selected events of the active track, in its order
+    std::vector<EventRef> selection;            ///< the selected events of the active track, in its order
+    std::vector<EventRef> selectedwhenclicked;  ///< what was selected when a marquee was begun
+    MainPress press;
+    Clipboard clipboard;
     History history;
     EventCapture capture;
     Clock eventcaptureclock;
     EventRef bpfeditingevent;  ///< the event whose curves are edited, or none
     bool bpfeditor = false;
+    Tiptool tiptool;
 
     // playback
     bool playing = false;

@@ -5,24 +5,25 @@
 #include "view/draw_maindisplay.h"
 #include "view/draw_overlays.h"
 #include "view/synchronise.h"
+#include "view/tiptool.h"
 
 namespace tq {
 
 namespace {
 
-constexpr long mode_edit_bpf = 3, mode_select_bpf = 4;
-
 bool always(const Prseq&) { return true; }
 bool has_border(const Prseq& object) { return object.border; }
 bool has_marquee(const Prseq& object) { return object.maindisplay.marqueeactive; }
+
+bool has_tiptool(const Prseq& object) { return object.tiptool.visible; }
 
 bool has_maindisplay(const Prseq& object) {
     return object.maindisplay.rect.width >= 0 && object.maindisplay.rect.height >= 0;
 }
 
 bool asks_for_an_event_to_edit(const Prseq& object) {
-    const long mode = object.maindisplay.mousemode;
-    return (mode == mode_edit_bpf || mode == mode_select_bpf) &&
+    const MouseMode mode = object.maindisplay.mousemode;
+    return (mode == MouseMode::EditBpf || mode == MouseMode::SelectBpf) &&
            !(object.bpfeditor && object.bpfeditingevent);
 }
 
@@ -50,6 +51,7 @@ constexpr Step steps[] = {
     {has_maindisplay, follow_and_draw_linecursor},
     {has_marquee, draw_marquee},
     {asks_for_an_event_to_edit, draw_hint},
+    {has_tiptool, TQ_Prseq_Tiptool_Draw},
     {has_border, draw_border},
 };
 

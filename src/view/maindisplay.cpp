@@ -94,6 +94,6 @@ void TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(MainDispl
     md.horizontalscroll = unity * (TQ_Prseq_Maindisplay_GetTotalPageSizeHorizontal(md) - md.rect.width);
 }
 
-void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, long mode) { md.mousemode = mode; }
+void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, MouseMode mode) { md.mousemode = mode; }
 
 }  // namespace tq

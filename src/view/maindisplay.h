@@ -53,6 +53,6 @@ double TQ_Prseq_Maindisplay_CalculateZoomValueHorizontalFromMsLabelIncrement(con
 /// The zoom at which the whole timeline takes `width` pixels.
 double TQ_Prseq_Maindisplay_CalculateMinimumZoomValue(MainDisplay& md, double width);
 void TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(MainDisplay& md, double unity);
-void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, long mode);
+void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, MouseMode mode);
 
 }  // namespace tq

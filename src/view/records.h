@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 
 #include "host/color.h"
 #include "host/geometry.h"
@@ -22,6 +23,18 @@ enum class Part : int {
     TrackDisplay = 7
 };
 inline constexpr std::size_t part_count = 8;
+
+/// What the mouse does in the main display. The context menu and scripts know the modes by these numbers.
+enum class MouseMode : int {
+    Select = 0,
+    Insert = 1,
+    Zoom = 2,
+    EditBpf = 3,
+    SelectBpf = 4,
+    Slice = 5,
+    Glue = 6,
+    Buffer = 7
+};
 
 enum class TimeDisplayType : long { Milliseconds = 0, MinutesSeconds = 1, BarsBeats = 2 };
 
@@ -54,9 +67,10 @@ struct MainDisplay {
     double mslabelincrement = 100;                         ///< ms from one main division line to the next
     double numberofbigbars = 1;                            ///< main divisions on the page
     double bigbarsize = 100;                               ///< pixels from one main division line to the next
-    long mousemode = 0;
+    MouseMode mousemode = MouseMode::Select;
     bool marqueeactive = false;
-    Rect marquee;  ///< relative to the main display
+    Rect marquee;              ///< relative to the main display
+    double marqueescroll = 0;  ///< the vertical scroll when the marquee was set
 };
 
 /// The column of keys; scroll and zoom are the main display's vertical ones.
@@ -107,6 +121,14 @@ struct TQScrollbar {
     double thickness = 15;
     Rgba knobcolor{0.78, 0.78, 0.78, 1};
     Rgba backgroundcolor{0.6, 0.6, 0.95, 0.5};  ///< also of a pressed arrow
+};
+
+/// The box of text beside the pointer.
+struct Tiptool {
+    bool visible = false;
+    std::string text;  ///< lines
+    Point anchor;      ///< what it stands beside, in the box
+    Rect constrain;    ///< what it stays inside
 };
 
 /// The four unity values of a view.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/selected_events.h"
+#include "model/selection.h"
 #include "playback/output.h"
 #include "shell/prseq.h"
 #include "view/maindisplay.h"
@@ -76,16 +78,13 @@ void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy) {
 }
 
 void TQ_Prseq_Zoom_ZoomToSelectedEvents(Prseq& object) {
-    if (object.selection.empty()) return;
+    if (!TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack)) return;
     synchronise_view(object);
-    const Event& first = *object.selection.front();
-    double top = first.pitch, bottom = first.pitch, end = first.end();
-    for (const EventRef& event : object.selection) {
-        top = std::max(top, event->pitch);
-        bottom = std::min(bottom, event->pitch);
-        end = std::max(end, event->end());
-    }
-    zoom_to(object, TQ_Prseq_Zoom_MakeSector(first.start, end, top, bottom));
+    double end = 0;
+    for (const EventRef& event : object.selection) end = std::max(end, event->end());
+    zoom_to(object, TQ_Prseq_Zoom_MakeSector(object.selection.front()->start, end,
+                                             TQ_Prseq_Tracks_GetMaximumPitchOfSelectedEvents(object),
+                                             TQ_Prseq_Tracks_GetMinimumPitchOfSelectedEvents(object)));
 }
 
 void TQ_Prseq_Zoom_DoZoom(Prseq& object) {

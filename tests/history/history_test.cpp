@@ -2,9 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <set>
 
 #include "app/patch/session.h"
 #include "file/document_writer.h"
+#include "history/random_edits.h"
+#include "model/bpfs.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -34,7 +37,7 @@ void expect_sound(const Session& session) {
     for (size_t t = 0; t < box.tracks.size(); ++t) {
         const Track& track = *box.tracks[t];
         ASSERT_EQ(track.index, static_cast<long>(t));
-        size_t count = 0;
+        size_t count = 0, selected = 0;
         const Event* previous = nullptr;
         track.events.for_each([&](const Event& event) {
             ++count;
@@ -46,13 +49,22 @@ void expect_sound(const Session& session) {
             ASSERT_EQ(event.bpfs.size(), track.bpftypes.size());
             ASSERT_EQ(event.parametervalues.size(), track.parametertypes.size());
             for (size_t i = 0; i < event.bpfs.size(); ++i) {
-                ASSERT_EQ(event.bpfs[i]->name, track.bpftypes[i]->name);
-                ASSERT_EQ(event.bpfs[i]->points.front().x, 0);
-                ASSERT_EQ(event.bpfs[i]->points.back().x, 1);
+                const BpfPoints& points = event.bpfs[i]->points;
+                ASSERT_TRUE(is_curve_of_type(*event.bpfs[i], *track.bpftypes[i]));
+                ASSERT_EQ(points.front().x, 0);
+                ASSERT_EQ(points.back().x, 1);
+                ASSERT_TRUE(std::ranges::is_sorted(points, {}, &BpfPoint::x));
+            }
+            for (size_t i = 0; i < event.parametervalues.size(); ++i)
+                ASSERT_EQ(event.parametervalues[i].name, track.parametertypes[i]->name);
+            if (event.selected) {
+                ++selected;
+                ASSERT_EQ(track.events.selected().at(event.selectedplace), &event);
             }
             previous = &event;
         });
         ASSERT_EQ(count, track.events.size());
+        ASSERT_EQ(selected, track.events.selected().size());
     }
     ASSERT_LT(box.activetrack, static_cast<long>(box.tracks.size()));
     ASSERT_LT(box.history.cursor, static_cast<long>(box.history.items.size()));
@@ -102,17 +114,58 @@ std::string random_message(std::mt19937& random, bool undoable_only) {
 
 constexpr unsigned runs = 1000;
 
+/// One name of each kind of edit; runs that never make it prove nothing about it.
+const char* const kinds[] = {"Add Track",
+                             "Delete Track",
+                             "Change Active Track",
+                             "Change Track Color",
+                             "Change Track Name",
+                             "Insert Events",
+                             "Paste Events",
+                             "Slice Event",
+                             "Glue Events",
+                             "Copy Events",
+                             "Delete Events",
+                             "Cut Events",
+                             "Move Events",
+                             "Modify Events",
+                             "Change Event Label",
+                             "Change Event Message",
+                             "Change Event MSP Buffer",
+                             "Link MSP Buffer/Event Size",
+                             "Change Event MSP Buffer Start",
+                             "Change Event MSP Buffer End",
+                             "Change Events Start",
+                             "Change Events Duration",
+                             "Change Events Velocity",
+                             "Change Event Parameter",
+                             "Add Parameter Type To Track",
+                             "Delete Parameter Type From Track",
+                             "Change Parameter Type On Track",
+                             "Add Bpf Type To Track",
+                             "Delete Bpf Type From Track",
+                             "Change Bpf Type On Track",
+                             "Add Bpf Point",
+                             "Delete Bpf Points",
+                             "Move Bpf Points"};
+std::set<std::string> recorded;
+
 void undo_and_redo_all(unsigned seed) {
     std::mt19937 random(seed);
     Session session;
     std::string first = document_of(session);
-    for (int i = 0; i < 60; ++i) {
-        session.send(random_message(random, true));
+    RandomEdits edits(session.box(), random);
+    for (int i = 0; i < 80; ++i) {
+        if (random() % 2)
+            edits.edit();
+        else
+            session.send(random_message(random, true));
         if (random() % 3 == 0) wait(session, 70);
         expect_sound(session);
     }
     wait(session, 100);
     std::string last = document_of(session);
+    for (const auto& item : session.box().history.items) recorded.insert(item->name());
     for (int cycle = 0; cycle < 2; ++cycle) {
         session.send("undoredo -1");
         ASSERT_EQ(document_of(session), first);
@@ -134,8 +187,12 @@ void undo_and_redo_all(unsigned seed) {
 void play_and_edit(unsigned seed) {
     std::mt19937 random(seed);
     Session session;
+    RandomEdits edits(session.box(), random);
     for (int i = 0; i < 150; ++i) {
-        session.send(random_message(random, false));
+        if (random() % 3 == 0)
+            edits.edit();
+        else
+            session.send(random_message(random, false));
         wait(session, static_cast<double>(random() % 120));
         expect_sound(session);
     }
@@ -146,6 +203,7 @@ TEST(History, undoing_all_gives_the_first_document_and_redoing_all_the_last) {
         SCOPED_TRACE(seed);
         undo_and_redo_all(seed);
     }
+    for (const char* kind : kinds) EXPECT_TRUE(recorded.contains(kind)) << kind;
 }
 
 TEST(History, mixed_with_what_it_does_not_cover_and_with_playing_nothing_breaks) {

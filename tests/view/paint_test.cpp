@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "host/graphics.h"
+#include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/linecursor.h"
 #include "view/draw_overlays.h"
@@ -101,7 +102,7 @@ TEST_F(PaintTest, TracksAreDrawnInTheirColoursTheActiveOneOnTop) {
 TEST_F(PaintTest, SelectedEventsLieOnTop) {
     send(note(500, 66));
     send(note(600, 66));
-    event(0).selected = true;
+    TQ_Prseq_Tracks_SelectEvent2(box, event(0));
     prseq_invalidate(box, Change::Events);
     paint();
     Rect second = where(event(1));
@@ -330,7 +331,7 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
         send(row.message);
         EXPECT_EQ(layers_painted(), row.layers) << row.message;
     }
-    box.maindisplay.mousemode = 3;
+    box.maindisplay.mousemode = MouseMode::EditBpf;
     EXPECT_EQ(layers_painted(), "centeredtext_layer");
     ViewTest::resize(900, 600);
     box.layers.drawn.clear();
@@ -392,7 +393,7 @@ TEST_F(ShapesTest, OfManyEventsOnTheSamePixelsOneIsEnough) {
     const double columns = box.maindisplay.rect.width + 4;
     EXPECT_LE(shapes().size(), static_cast<size_t>(columns));
     EXPECT_GE(shapes().size(), static_cast<size_t>(columns - 10));
-    add(5000, 3000, 60).selected = true;
+    TQ_Prseq_Tracks_SelectEvent2(box, add(5000, 3000, 60));
     EXPECT_TRUE(shapes().back().event->selected) << "a selected event is not hidden by others";
 }
 

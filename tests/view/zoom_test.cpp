@@ -1,5 +1,6 @@
 #include "view/zoom.h"
 
+#include "model/selection.h"
 #include "model/tracks.h"
 #include "view/mousewheel.h"
 #include "view/sector.h"
@@ -83,7 +84,7 @@ TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {
     for (const char* event : {"event start 1000 duration 3000 <note> 60 100 </note>",
                               "event start 2000 duration 500 <note> 67 100 </note>"})
         send(event);
-    box.tracks[0]->events.for_each([&](Event& event) { box.selection.push_back(&event); });
+    TQ_Prseq_Tracks_SelectAllEvents(box, 0);
     send("zoom_to_selection");
     expect_sector({1000, 67, 3000, 8});
 }

@@ -54,16 +54,21 @@ Lines show_layers(Prseq& box) {
     return {line};
 }
 
+Lines show_tiptool(Prseq& box) {
+    if (!box.tiptool.visible) return {"tiptool hidden"};
+    std::string line = "tiptool " + box.tiptool.text;
+    for (size_t at; (at = line.find('\n')) != line.npos;) line.replace(at, 1, "\\n");
+    return {line};
+}
+
 Lines show_document(Prseq& box) { return {"document " + TQ_Prseq_Json_MakeDictionary(box, false)}; }
 
 }  // namespace
 
 std::optional<Lines> show_lines(Prseq& box, const std::string& what) {
-    static const std::map<std::string, Lines (*)(Prseq&)> rows{{"parts", show_parts},
-                                                               {"view", show_view},
-                                                               {"events", show_events},
-                                                               {"layers", show_layers},
-                                                               {"document", show_document}};
+    static const std::map<std::string, Lines (*)(Prseq&)> rows{
+        {"parts", show_parts},   {"view", show_view},       {"events", show_events},
+        {"layers", show_layers}, {"tiptool", show_tiptool}, {"document", show_document}};
     auto row = rows.find(what);
     return row == rows.end() ? std::nullopt : std::optional(row->second(box));
 }

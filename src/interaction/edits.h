@@ -1,0 +1,21 @@
+// Undoable edits of events that the mouse, keys and menus ask for.
+#pragma once
+
+#include <optional>
+
+#include "model/events.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// Takes the active track's selected events out of the document.
+void prseq_deleteselectedevents(Prseq& object);
+/// Cuts an event of the document in two at a position in ms; none, and nothing happens, where that is too
+/// near its ends.
+std::optional<Slices> slice_event(Prseq& object, const EventRef& event, double position);
+/// Makes one event of this one and the next of the same pitch on its track; none, and nothing happens, when
+/// there is none.
+EventRef glue_event_to_next(Prseq& object, const EventRef& event);
+
+}  // namespace tq
