@@ -9,6 +9,7 @@
 #include "app/patch/import.h"
 #include "app/patch/paint_offscreen.h"
 #include "documents.h"
+#include "editing.h"
 #include "file/document_messages.h"
 #include "file/document_writer.h"
 #include "host/dictionary.h"
@@ -27,10 +28,6 @@ namespace {
 
 std::string scratch(const std::string& name) {
     return (std::filesystem::temp_directory_path() / name).string();
-}
-
-std::string count_name(size_t count) {
-    return count >= 1000000 ? std::to_string(count / 1000000) + " M" : std::to_string(count / 1000) + " k";
 }
 
 /// CPU ns an "event" message, in a document of its own.
@@ -178,7 +175,8 @@ struct Group {
 
 constexpr Group groups[] = {
     {"messages", event_message_rows}, {"midi", midi_rows},   {"memory", memory_rows},
-    {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows}};
+    {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows},
+    {"editing", editing_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
     return argc < 2 ||

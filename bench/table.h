@@ -31,6 +31,10 @@ inline double best_cpu_of(int runs, const std::function<void()>& work) {
     return best;
 }
 
+inline std::string count_name(size_t count) {
+    return count >= 1000000 ? std::to_string(count / 1000000) + " M" : std::to_string(count / 1000) + " k";
+}
+
 struct Yardstick {
     std::string name;
     double figure = 0;

@@ -1,0 +1,150 @@
+#include "editing.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "documents.h"
+#include "history/clipboard.h"
+#include "history/recorders.h"
+#include "interaction/edits.h"
+#include "interaction/main_press.h"
+#include "model/events.h"
+#include "model/selected_events.h"
+#include "model/selection.h"
+#include "model/tracks.h"
+#include "table.h"
+
+namespace bench {
+
+using namespace tq;
+
+namespace {
+
+/// A document on one track, and what is done to it.
+class Editing {
+ public:
+    explicit Editing(size_t events) : session_(document(events, 1, 10)), box_(session_->box()) {
+        session_->send("scroll_vert 0.5");
+    }
+
+    void select_all() {
+        TQ_Prseq_Tracks_DeselectAllEventsInTrack(box_, 0);
+        TQ_Prseq_Tracks_SelectAllEvents(box_, 0);
+        TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(box_, 0);
+    }
+    /// Chooses the event that is selected or modified next.
+    void choose() { target_ = box_.tracks[0]->events.at(random() % count()); }
+    void select_one() {
+        TQ_Prseq_Tracks_DeselectAllEventsInTrack(box_, 0);
+        TQ_Prseq_Tracks_SelectEvent2(box_, *target_);
+        TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(box_, 0);
+    }
+    void press() {
+        TQ_Prseq_Maindisplay_Click(box_, 300, 300);
+        box_.press.clickedevent = box_.selection.front();
+        box_.press.selectionwhenclicked = TQ_Prseq_Tracks_CalculateBoundingRectOfSelectedEvents(box_);
+        TQ_Prseq_Tracks_CalculateEventsOffsetFromSelectionRectWhenClicked(box_);
+        TQ_Prseq_Tracks_MakeUndoEventsFromSelectedEvents(box_);
+        distance_ = 0;
+    }
+    /// One step of a drag.
+    void drag() {
+        distance_ = distance_ > 20 ? 1 : distance_ + 1;
+        box_.press.drag = {box_.press.press.x + distance_, box_.press.press.y};
+        TQ_Prseq_Tracks_MoveSelectedEventsOnTrack(box_, 0);
+    }
+    void release() { TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(box_, std::move(box_.press.undoevents)); }
+    void delete_selected() { prseq_deleteselectedevents(box_); }
+    void undo() { session_->send(undo_, {}); }
+    void redo() { session_->send(redo_, {}); }
+    void cut() { TQ_Prseq_Clipboard_CutSelection(box_); }
+    void paste() { TQ_Prseq_Clipboard_PasteSelection(box_); }
+    /// An "event" message that changes an event, and the end of its burst.
+    void modify() {
+        session_->send(event_, Atoms{id_, target_->id, start_, static_cast<long>(random() % length())});
+        session_->host().scheduler.run_until(session_->host().scheduler.now() + 100);
+    }
+    size_t count() const { return box_.tracks[0]->events.size(); }
+    void forget() { session_->send("undoredo_clear"); }
+
+ private:
+    size_t random() { return random_ = random_ * 6364136223846793005u + 1442695040888963407u, random_ >> 33; }
+    size_t length() const { return static_cast<size_t>(box_.timelinelength); }
+
+    std::unique_ptr<Session> session_;
+    Prseq& box_;
+    EventRef target_;
+    double distance_ = 0;
+    size_t random_ = 1;
+    const Symbol event_ = gensym("event"), id_ = gensym("id"), start_ = gensym("start"),
+                 undo_ = gensym("undo"), redo_ = gensym("redo");
+};
+
+/// An operation on all events, ns an event; or on one event among them, ns.
+struct Operation {
+    const char* name;
+    bool whole;
+    std::function<void(Editing&)> prepare, work, clean;
+};
+
+void nothing(Editing&) {}
+
+const Operation operations[] = {
+    {"select all", true, nothing, [](Editing& e) { e.select_all(); }, nothing},
+    {"move the whole selection by one step", true, [](Editing& e) { e.select_all(), e.press(); },
+     [](Editing& e) { e.drag(); }, nothing},
+    {"delete all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.delete_selected(); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"undo deleting all", true, [](Editing& e) { e.select_all(), e.delete_selected(); },
+     [](Editing& e) { e.undo(); }, [](Editing& e) { e.forget(); }},
+    {"cut all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.cut(); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"paste all", true, [](Editing& e) { e.select_all(), e.cut(); }, [](Editing& e) { e.paste(); },
+     [](Editing& e) { e.forget(); }},
+    {"select one event", false, [](Editing& e) { e.choose(); }, [](Editing& e) { e.select_one(); }, nothing},
+    {"press and drag one event by one step", false, [](Editing& e) { e.choose(), e.select_one(); },
+     [](Editing& e) { e.press(), e.drag(), e.release(); }, [](Editing& e) { e.forget(); }},
+    {"delete one event and undo", false, [](Editing& e) { e.choose(), e.select_one(); },
+     [](Editing& e) { e.delete_selected(), e.undo(); }, [](Editing& e) { e.forget(); }},
+    {"cut and paste one event", false, [](Editing& e) { e.choose(), e.select_one(); },
+     [](Editing& e) { e.cut(), e.paste(); }, [](Editing& e) { e.forget(); }},
+    {"modify one event by identifier", false, [](Editing& e) { e.choose(); }, [](Editing& e) { e.modify(); },
+     [](Editing& e) { e.forget(); }},
+    {"undo and redo of one event", false, [](Editing& e) { e.choose(), e.modify(); },
+     [](Editing& e) { e.undo(), e.redo(); }, [](Editing& e) { e.forget(); }},
+};
+
+/// ns of one run of the work, the best of some for all events, the mean of many for one.
+double ns_of(const Operation& operation, Editing& editing) {
+    constexpr int single_runs = 2000;
+    int runs = operation.whole ? (editing.count() > 200000 ? 3 : 10) : single_runs;
+    double best = 1e300, sum = 0;
+    for (int i = -1; i < runs; ++i) {
+        operation.prepare(editing);
+        double ns = cpu_of([&] { operation.work(editing); }) * 1e9;
+        operation.clean(editing);
+        if (i < 0) continue;  // the first lets go of what the operation before it has left
+        best = std::min(best, ns);
+        sum += ns;
+    }
+    return operation.whole ? best / static_cast<double>(editing.count()) : sum / runs;
+}
+
+}  // namespace
+
+void editing_rows() {
+    constexpr size_t sizes[] = {1000, 100000, 1000000};
+    std::vector<std::unique_ptr<Editing>> documents;
+    for (size_t size : sizes) documents.push_back(std::make_unique<Editing>(size));
+    for (const Operation& operation : operations) {
+        double small = ns_of(operation, *documents[0]);
+        for (size_t i = 0; i < std::size(sizes); ++i) {
+            double ns = i == 0 ? small : ns_of(operation, *documents[i]);
+            row(std::string(operation.name) + ", of " + count_name(sizes[i]), ns,
+                operation.whole ? "ns/event" : "ns",
+                operation.whole ? Yardstick{"at most", 300} : Yardstick{"of 1 k", small});
+        }
+    }
+}
+
+}  // namespace bench
