@@ -5,6 +5,7 @@
 #include <set>
 
 #include "app/patch/session.h"
+#include "file/document_reader.h"
 #include "file/document_writer.h"
 #include "history/random_edits.h"
 #include "model/bpfs.h"
@@ -114,6 +115,16 @@ std::string random_message(std::mt19937& random, bool undoable_only) {
 
 constexpr unsigned runs = 1000;
 
+void expect_to_read_back(const Session& session) {
+    Session other;
+    std::string fault;
+    std::optional<DictionaryFile> written =
+        dictionary_parse(TQ_Prseq_Json_MakeDictionary(session.box(), true), fault);
+    ASSERT_TRUE(written) << fault;
+    ASSERT_TRUE(TQ_Prseq_Json_ParseDictionary(other.box(), written->root()));
+    ASSERT_EQ(document_of(other), document_of(session));
+}
+
 /// One name of each kind of edit; runs that never make it prove nothing about it.
 const char* const kinds[] = {"Add Track",
                              "Delete Track",
@@ -182,6 +193,12 @@ void undo_and_redo_all(unsigned seed) {
         session.send("redo");
         ASSERT_EQ(document_of(session), *document);
     }
+    for (int jump = 0; jump < 6 && !on_the_way.empty(); ++jump) {
+        size_t steps_back = random() % on_the_way.size();
+        session.send("undoredo " + std::to_string(on_the_way.size() - 1 - steps_back));
+        ASSERT_EQ(document_of(session), on_the_way[steps_back]);
+    }
+    expect_to_read_back(session);
 }
 
 void play_and_edit(unsigned seed) {

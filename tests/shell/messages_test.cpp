@@ -1,7 +1,9 @@
 // Every message of the class, with arguments that fit and arguments that do not.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <set>
 
 #include "app/script_fixture.h"
 #include "shell/instance.h"
@@ -26,6 +28,7 @@ constexpr MessageRow messages[] = {
     {"zoom_out_all", "", false},
     {"cyclerange", "100 200.5", true},
     {"cycle", "1", true},
+    {"mouse_mode", "insert", false},
     {"track_active", "0", true},
     {"track_add", "", false},
     {"track_delete", "1", true},
@@ -34,9 +37,16 @@ constexpr MessageRow messages[] = {
     {"track_parameter_add", "Cut 0 1 0 0", true},
     {"track_dump", "", false},
     {"position", "100", true},
+    {"undo", "", false},
+    {"redo", "", false},
+    {"undoredo", "0", true},
+    {"undoredo_clear", "", false},
+    {"undoredo_dump", "", false},
     {"maxtime", "10000", true},
     {"read", "", false},
+    {"readagain", "", false},
     {"write", "", false},
+    {"writeagain", "", false},
     {"int", "0", true},
     {"dump_selected", "", false},
     {"getdirty", "", false},
@@ -52,6 +62,17 @@ struct Messages : ScriptTest {
 std::string without_last_word(const std::string& words) {
     size_t blank = words.rfind(' ');
     return blank == words.npos ? "" : words.substr(0, blank);
+}
+
+TEST_F(Messages, areAllTriedHere) {
+    const std::set<std::string> lists{"event", "track_visible",
+                                      "track_mute"};  // they judge their atoms themselves
+    for (const Method& method : prseq_class().methods()) {
+        const std::string& name = method.name.text();
+        EXPECT_TRUE(lists.contains(name) ||
+                    std::ranges::find(messages, name, &MessageRow::message) != std::end(messages))
+            << name;
+    }
 }
 
 TEST_F(Messages, takeTheirArgumentsAndIgnoreMore) {
@@ -79,6 +100,9 @@ TEST_F(Messages, sayWhichArgumentsAreBad) {
     }
     EXPECT_TRUE(says("track_bpf_add 1 0 1 0", "error",
                      "error tq.sorvo: bad arguments for message \"track_bpf_add\""));
+    EXPECT_TRUE(says("mouse_mode", "error", "error tq.sorvo: bad arguments for message \"mouse_mode\""));
+    EXPECT_TRUE(says("mouse_mode 1", "error", "error tq.sorvo: bad arguments for message \"mouse_mode\""));
+    EXPECT_TRUE(says("mouse_mode sideways", "error", "error tq.sorvo: mouse mode does not exist"));
     EXPECT_TRUE(says("track_add 7", "error", "error tq.sorvo: bad arguments for message \"track_add\""));
     EXPECT_TRUE(says("read 7", "error", "error tq.sorvo: bad arguments for message \"read\""));
 }
