@@ -39,12 +39,6 @@ void follow_buffer(Event& event) {
     TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
-void follow_buffer(Prseq& object, BufferOverview& overview) {
-    overview.image.reset();
-    for (LinkedBuffer& link : overview.links) follow_buffer(link.event());
-    if (object.showbuffers) prseq_show(object, Change::MainDisplay);
-}
-
 }  // namespace
 
 void TQ_Prseq_Buffer_AttachBufferToEvent(Prseq& object, Event& event, Symbol name) {
@@ -89,19 +83,25 @@ void TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(Prseq& object, Symbol name) {
     BufferOverview* overview = object.buffers.find(name);
     if (!overview) return;
     overview->buffer = buffer_named(object.host(), name);
-    follow_buffer(object, *overview);
+    TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
 }
 
 void TQ_Prseq_Buffer_RemoveNamedBufferFromAll(Prseq& object, Symbol name) {
     BufferOverview* overview = object.buffers.find(name);
     if (!overview || !overview->buffer) return;
     overview->buffer = nullptr;
-    follow_buffer(object, *overview);
+    TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
 }
 
 void TQ_Prseq_Buffer_ModifyBuffer(Prseq& object, Symbol name) {
     if (BufferOverview* overview = object.buffers.find(name); overview && overview->buffer)
-        follow_buffer(object, *overview);
+        TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
+}
+
+void TQ_Prseq_Buffer_ModifyBufferOverview(Prseq& object, BufferOverview& overview) {
+    overview.image.reset();
+    for (LinkedBuffer& link : overview.links) follow_buffer(link.event());
+    if (object.showbuffers) prseq_show(object, Change::MainDisplay);
 }
 
 }  // namespace tq

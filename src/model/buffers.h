@@ -29,5 +29,7 @@ void TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(Prseq& object, Symbol name);
 void TQ_Prseq_Buffer_RemoveNamedBufferFromAll(Prseq& object, Symbol name);
 /// The sound of the buffer of this name is another.
 void TQ_Prseq_Buffer_ModifyBuffer(Prseq& object, Symbol name);
+/// Brings every link to a name in step with its buffer; its picture is made again when it is next painted.
+void TQ_Prseq_Buffer_ModifyBufferOverview(Prseq& object, BufferOverview& overview);
 
 }  // namespace tq
