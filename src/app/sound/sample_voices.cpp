@@ -8,7 +8,7 @@ namespace tq {
 
 namespace {
 
-constexpr std::size_t expected_voices = 1 << 10;
+constexpr std::size_t most_voices = 1 << 10;
 constexpr double fade_ms = 4;
 
 // The kernel is a sinc in a Kaiser window: it reaches over as many frames to either side, is known at as many
@@ -38,11 +38,13 @@ std::vector<float> make_kernel() {
 
 SampleVoices::SampleVoices(double rate)
     : fade_samples_(static_cast<float>(fade_ms * rate / 1000)), kernel_(make_kernel()) {
-    voices_.reserve(expected_voices);  // the audio thread need not ask for memory
+    voices_.reserve(most_voices);
 }
 
-void SampleVoices::start(SynthNote& note, std::int64_t late) {
+bool SampleVoices::start(SynthNote& note, std::int64_t late) {
+    if (voices_.size() == most_voices) return false;
     voices_.push_back({&note, 0, note.sample->length - late, note.sample->cut || late > 0});
+    return true;
 }
 
 void SampleVoices::fade(const SynthNote& note) {

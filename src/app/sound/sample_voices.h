@@ -15,8 +15,9 @@ class SampleVoices {
     explicit SampleVoices(double rate);
 
     /// Starts the note's sample with the next sample that is mixed, `late` samples after the note's time; its
-    /// end stays. The note must live until mix() or clear() has given it back.
-    void start(SynthNote& note, std::int64_t late);
+    /// end stays. The note must live until mix() or clear() has given it back. False, and nothing happens,
+    /// when 1024 sound already: more would need memory, which the audio thread does not ask for.
+    bool start(SynthNote& note, std::int64_t late);
     /// Ends the note within a few ms, without a click.
     void fade(const SynthNote& note);
     bool silent() const { return voices_.empty(); }

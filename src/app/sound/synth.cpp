@@ -87,8 +87,7 @@ void Synth::run(const Event& event) {
 void Synth::start(SynthNote& note) {
     auto& playing = note.playing;
     if (note.sample) {
-        samples_.start(note, position_ - note.start);
-        ++playing.events;
+        if (samples_.start(note, position_ - note.start)) ++playing.events;
     } else {
         const VoicePool::Handle started = pool_.start(note);
         playing.engine = started.engine;
