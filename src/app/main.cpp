@@ -3,6 +3,15 @@
 
 #include "app/commands/commands.h"
 
+namespace {
+
+void add_buffers(CLI::App& app, std::vector<std::string>& buffers) {
+    app.add_option("--buffer", buffers, "the sound of a buffer, NAME=FILE; may be repeated")
+        ->allow_extra_args(false);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace tq;
     CLI::App app("sorvo: a piano-roll timeline sequencer");
@@ -10,11 +19,13 @@ int main(int argc, char** argv) {
     app.footer("sorvo COMMAND --help tells more of a command.");
     WindowCommand window;
     app.add_option("FILE", window.file, "a document (.json) or a Standard MIDI File to open in the window");
+    add_buffers(app, window.buffers);
 
     PlayCommand play;
     CLI::App* play_app = app.add_subcommand("play", "play a file in real time, without a window");
     play_app->add_option("FILE", play.file, "a document or a Standard MIDI File")->required();
     play_app->add_flag("--print", play.print, "print what is sent, with its logical time in ms");
+    add_buffers(*play_app, play.buffers);
 
     RenderCommand render;
     CLI::App* render_app =
@@ -24,6 +35,7 @@ int main(int argc, char** argv) {
     render_app->add_option("--midi", render.midi, "the notes, as a Standard MIDI File");
     render_app->add_option("--png", render.png, "the picture, as a PNG file");
     render_app->add_option("--size", render.size, "the picture's size, WIDTHxHEIGHT in pixels (1200x700)");
+    add_buffers(*render_app, render.buffers);
 
     ImportCommand import;
     CLI::App* import_app = app.add_subcommand("import", "make a document of a Standard MIDI File");
@@ -34,6 +46,7 @@ int main(int argc, char** argv) {
     CLI::App* script_app = app.add_subcommand("script", "drive a box in virtual time and print what it says");
     script_app->add_option("--size", script.size, "the box's size, WIDTHxHEIGHT in pixels (400x300)");
     script_app->add_option("--document", script.document, "a document or a Standard MIDI File to open first");
+    add_buffers(*script_app, script.buffers);
     script_app->add_flag("--times", script.times, "begin every line with the virtual time in ms");
     script_app->add_option("SCRIPT", script.scripts, "script files; - is standard input")->required();
 

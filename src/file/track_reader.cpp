@@ -87,11 +87,13 @@ void read_buffer(Prseq& object, Event& event, const Dictionary& dictionary) {
     double end = dictionary.getfloat("bufferend").value_or(event.link().length);
     bool adapt = dictionary.getlong("bufferadapt").value_or(0) != 0;
     if (name.empty() && start == 0 && end == 0 && !adapt) return;  // most events have no link to store
-    BufferLink& link = event.make_link();
+    BufferLink link = event.link();
     link.name = name;  // also while no such buffer exists: it may come
     link.start = start;
     link.end = end;
     link.adapt = adapt;
+    link.awaits = !event.buffer() && end > start;
+    set_buffer_link(object, event, link);
     TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 

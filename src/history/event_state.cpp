@@ -1,5 +1,6 @@
 #include "history/event_state.h"
 
+#include "model/buffers.h"
 #include "model/events.h"
 #include "model/track.h"
 #include "model/tracks.h"
@@ -15,7 +16,7 @@ EventState event_state(const Event& event) {
                      .velocity = event.velocity,
                      .label = event.label,
                      .message = event.message,
-                     .link = event.buffer ? std::optional(*event.buffer) : std::nullopt,
+                     .link = event.linked ? std::optional(event.link()) : std::nullopt,
                      .parametervalues = event.parametervalues,
                      .curves = {}};
     for (const BpfRef& bpf : event.bpfs) state.curves.push_back({bpf, bpf->points});
@@ -28,7 +29,10 @@ void restore_event_state(Prseq& object, Event& event, const EventState& state) {
     event.velocity = state.velocity;
     event.label = state.label;
     event.message = state.message;
-    event.buffer = state.link ? std::make_unique<BufferLink>(*state.link) : nullptr;
+    if (state.link)
+        set_buffer_link(object, event, *state.link);
+    else
+        event.linked.reset();
     event.parametervalues = state.parametervalues;
     event.bpfs.clear();
     for (const EventState::Curve& curve : state.curves) {

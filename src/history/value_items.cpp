@@ -1,6 +1,7 @@
 // Undoable changes of what events hold.
 #include "history/items.h"
 #include "history/recorders.h"
+#include "model/buffers.h"
 #include "model/events.h"
 #include "model/parameters.h"
 #include "shell/prseq.h"

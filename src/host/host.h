@@ -8,6 +8,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "host/buffer.h"
 #include "host/object.h"
 #include "host/scheduler.h"
 #include "host/transport.h"
@@ -33,14 +34,18 @@ struct Patch {
     /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
     /// named), or none.
     std::function<std::unique_ptr<Object>(Symbol)> make_receiver = [](auto&&...) { return nullptr; };
+    /// A document begins to use the buffer of this name: the chance to make it.
+    std::function<void(Symbol)> want_buffer = [](auto&&...) {};
 };
 
 struct Host {
     Scheduler scheduler;
     Patch patch;
+    GlobalReferences references;
     std::map<std::string, std::unique_ptr<Itm>> transports;
     std::unordered_map<Symbol, Object*> things;      ///< the objects bound to a name
     std::vector<std::unique_ptr<Object>> receivers;  ///< those that make_receiver made
+    std::unordered_map<Symbol, std::unique_ptr<Buffer>> buffers;
 
     Host() = default;
     Host(const Host&) = delete;

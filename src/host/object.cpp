@@ -11,6 +11,7 @@ Object::~Object() {
     for (Object* watched : watched_) std::erase(watched->watchers_, this);
     for (Object* watcher : watchers_) std::erase(watcher->watched_, this);
     host_.scheduler.forget(*this);
+    host_.references.forget(*this);
 }
 
 Symbol object_classname(const Object& object) { return object.object_class().name(); }

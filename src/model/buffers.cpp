@@ -1,6 +1,9 @@
 #include "model/buffers.h"
 
+#include <algorithm>
+
 #include "host/host.h"
+#include "shell/change.h"
 #include "shell/prseq.h"
 #include "shell/symbols.h"
 
@@ -8,30 +11,97 @@ namespace tq {
 
 namespace {
 
-/// The buffer bound to a name; none when nothing is, or something else.
-Object* buffer_named(Prseq& object, Symbol name) {
-    static const Symbol buffer_class = gensym("buffer~");
-    Object* thing = symbol_thing(object.host(), name);
-    return thing && object_classname(*thing) == buffer_class ? thing : nullptr;
+double length_of(const Buffer& buffer) { return buffer.use()->ms(); }
+
+/// Another sound than the one that the link knows: what was the whole is the whole again, other ranges are
+/// held within it.
+void refit(BufferRange& range, double length) {
+    const bool whole = range.start == 0 && range.end == range.length;
+    range.end = whole ? length : std::min(range.end, length);
+    range.start = std::min(range.start, range.end);
+    range.length = length;
+}
+
+/// Brings the event's link in step with its buffer, which may have come, gone or changed.
+void follow_buffer(Event& event) {
+    const Buffer* buffer = event.buffer();
+    if (!buffer) return TQ_Prseq_Buffer_RemoveBufferFromEvent(event);
+    BufferRange& range = event.make_link();
+    const double length = length_of(*buffer);
+    if (length == range.length) return;
+    if (range.awaits)
+        range.length = length;
+    else if (range.length == 0)
+        TQ_Prseq_Buffer_ConfigureEventBuffer(event);
+    else
+        refit(range, length);
+    range.awaits = false;
+    TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
 }  // namespace
 
 void TQ_Prseq_Buffer_AttachBufferToEvent(Prseq& object, Event& event, Symbol name) {
-    Object* buffer = name == tq_sym_empty ? nullptr : buffer_named(object, name);
-    if (!buffer) {
+    if (name == tq_sym_empty) name = {};
+    const Ref<BufferOverview> overview = name.empty() ? nullptr : object.buffers.of(name);
+    if (!overview || !overview->buffer) {
+        if (!event.linked) return;
         TQ_Prseq_Buffer_RemoveBufferFromEvent(event);
-        if (event.buffer) event.buffer->name = {};
-        return;
+        name = {};
     }
-    event.make_link().name = name;
-    event.make_link().buffer = buffer;
+    BufferLink link = event.link();
+    link.name = name;
+    set_buffer_link(object, event, link);
+    if (event.buffer()) TQ_Prseq_Buffer_ConfigureEventBuffer(event);
+}
+
+void set_buffer_link(Prseq& object, Event& event, const BufferLink& link) {
+    if (!event.linked) event.linked = std::make_unique<LinkedBuffer>(event);
+    event.linked->set(link, link.name.empty() ? nullptr : object.buffers.of(link.name));
+    follow_buffer(event);
+}
+
+void TQ_Prseq_Buffer_ConfigureEventBuffer(Event& event) {
+    BufferRange& range = event.make_link();
+    range.length = range.end = length_of(*event.buffer());
+    range.start = 0;
+    range.awaits = false;
+    TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
 void TQ_Prseq_Buffer_RemoveBufferFromEvent(Event& event) {
-    if (!event.buffer) return;
-    event.buffer->buffer = nullptr;
-    event.buffer->length = 0;
+    if (event.linked) event.make_link().length = 0;
+}
+
+void TQ_Prseq_Buffer_CalculateBufferRatio(Event& event) {
+    if (!event.linked) return;
+    BufferRange& range = event.make_link();
+    range.ratio = range.adapt && event.duration > 0 ? range.length / event.duration : 1;
+}
+
+void TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(Prseq& object, Symbol name) {
+    BufferOverview* overview = object.buffers.find(name);
+    if (!overview) return;
+    overview->buffer = buffer_named(object.host(), name);
+    TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
+}
+
+void TQ_Prseq_Buffer_RemoveNamedBufferFromAll(Prseq& object, Symbol name) {
+    BufferOverview* overview = object.buffers.find(name);
+    if (!overview || !overview->buffer) return;
+    overview->buffer = nullptr;
+    TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
+}
+
+void TQ_Prseq_Buffer_ModifyBuffer(Prseq& object, Symbol name) {
+    if (BufferOverview* overview = object.buffers.find(name); overview && overview->buffer)
+        TQ_Prseq_Buffer_ModifyBufferOverview(object, *overview);
+}
+
+void TQ_Prseq_Buffer_ModifyBufferOverview(Prseq& object, BufferOverview& overview) {
+    overview.image.reset();
+    for (LinkedBuffer& link : overview.links) follow_buffer(link.event());
+    if (object.showbuffers) prseq_show(object, Change::MainDisplay);
 }
 
 }  // namespace tq

@@ -9,23 +9,13 @@
 
 #include "host/symbol.h"
 #include "model/bpf.h"
+#include "model/buffer_link.h"
 #include "model/counted.h"
 #include "model/parameter.h"
 
 namespace tq {
 
-class Object;
 struct Track;
-
-/// An event's link to an audio buffer. Few events have one, so it stands outside the event.
-struct BufferLink {
-    Object* buffer = nullptr;  ///< the bound buffer, or none at the moment
-    Symbol name;               ///< empty: no link
-    double length = 0;         ///< of the buffer's sound, ms
-    bool adapt = false;        ///< the ratio relates the buffer's length to the event's duration
-    double ratio = 0;
-    double start = 0, end = 0;  ///< the played range, ms
-};
 
 struct Event : Counted<Event> {
     long id = 0;  ///< unique in the document, never used again
@@ -37,7 +27,7 @@ struct Event : Counted<Event> {
     Symbol label;
     Symbol message;
     std::vector<ParameterValue> parametervalues;  ///< one for each type of the track, in its order
-    std::unique_ptr<BufferLink> buffer;           ///< none: as a BufferLink() would be
+    std::unique_ptr<LinkedBuffer> linked;         ///< few events have one; none: as a BufferLink() would be
     boost::container::small_vector<BpfRef, 1> bpfs;
     BpfRef activebpf;        ///< one of bpfs, or none
     Track* track = nullptr;  ///< the track whose list the event is in, or none
@@ -50,11 +40,14 @@ struct Event : Counted<Event> {
     /// The link's values, also when there is no link.
     const BufferLink& link() const {
         static const BufferLink none;
-        return buffer ? *buffer : none;
+        return linked ? linked->values() : none;
     }
-    BufferLink& make_link() {
-        if (!buffer) buffer = std::make_unique<BufferLink>();
-        return *buffer;
+    /// The bound buffer, or none at the moment.
+    Buffer* buffer() const { return linked ? linked->buffer() : nullptr; }
+    /// What may be written of the link as it is; set_buffer_link() writes the name too.
+    BufferRange& make_link() {
+        if (!linked) linked = std::make_unique<LinkedBuffer>(*this);
+        return linked->range();
     }
 };
 using EventRef = Ref<Event>;

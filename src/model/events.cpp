@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/bpfs.h"
+#include "model/buffers.h"
 #include "model/parameters.h"
 #include "model/tracks.h"
 #include "shell/prseq.h"
@@ -47,7 +48,7 @@ EventRef TQ_Prseq_Events_DuplicateEvent(Prseq& object, const Event& event) {
     copy->label = event.label;
     copy->message = event.message;
     copy->parametervalues = event.parametervalues;
-    if (event.buffer) copy->make_link() = *event.buffer;
+    if (event.linked) set_buffer_link(object, *copy, event.link());
     for (const BpfRef& bpf : event.bpfs) copy->bpfs.push_back(TQ_Prseq_Events_CopyBpf(*bpf));
     return copy;
 }
@@ -93,7 +94,7 @@ void TQ_Prseq_Events_SetEventStart(Event& event, double start) {
 
 void TQ_Prseq_Events_SetEventDuration(Event& event, double duration) {
     TQ_Prseq_Events_SetEventTimes(event, event.start, duration);
-    if (event.link().buffer) TQ_Prseq_Buffer_CalculateBufferRatio(event);
+    if (event.buffer()) TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
 void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset) {
@@ -112,10 +113,11 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
     if (dictionary.velocity) event.velocity = *dictionary.velocity;
     if (dictionary.label) event.label = *dictionary.label;
     if (dictionary.message) event.message = *dictionary.message;
-    if (dictionary.buffername) event.make_link().name = *dictionary.buffername;
+    if (dictionary.buffername) TQ_Prseq_Buffer_AttachBufferToEvent(object, event, *dictionary.buffername);
     if (dictionary.bufferadapt) event.make_link().adapt = *dictionary.bufferadapt;
     if (dictionary.bufferstart) event.make_link().start = *dictionary.bufferstart;
     if (dictionary.bufferend) event.make_link().end = *dictionary.bufferend;
+    if (dictionary.duration || dictionary.bufferadapt) TQ_Prseq_Buffer_CalculateBufferRatio(event);
     for (const BpfDictionary& curve : dictionary.bpfs)
         if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, curve.name))
             TQ_Prseq_Events_SetBpfFromDictionary(curve, *bpf);
@@ -152,12 +154,6 @@ void move_event_to_track(Prseq& object, Event& event, Track& track) {
     TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(object, event);
     conform_event_to(track, event);
     TQ_Prseq_Tracks_InsertEvent(object, track, moving);
-}
-
-void TQ_Prseq_Buffer_CalculateBufferRatio(Event& event) {
-    if (!event.buffer) return;
-    BufferLink& link = *event.buffer;
-    link.ratio = link.adapt && event.duration > 0 ? link.length / event.duration : 1;
 }
 
 }  // namespace tq

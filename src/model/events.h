@@ -53,7 +53,4 @@ std::optional<Slices> TQ_Prseq_Events_SliceEvent(Prseq& object, const Event& eve
 /// One event over the time of both, with the curves of both; everything else is the first one's.
 EventRef TQ_Prseq_Events_GlueEvents(Prseq& object, const Event& first, const Event& second);
 
-/// length / duration when the link adapts, else 1.
-void TQ_Prseq_Buffer_CalculateBufferRatio(Event& event);
-
 }  // namespace tq

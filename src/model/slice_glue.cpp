@@ -13,15 +13,14 @@ namespace {
 constexpr double shortest_slice = 10;  // ms
 
 void slice_buffer_range(const Event& event, Event& left, Event& right) {
-    if (!event.buffer) return;
-    BufferLink& l = left.make_link();
-    BufferLink& r = right.make_link();
+    if (!event.linked) return;
+    BufferRange& l = left.make_link();
     if (left.duration > l.end - l.start) {  // the range is over before the cut
-        r = BufferLink();
+        right.linked.reset();
         return;
     }
     l.end = l.start + left.duration;
-    r.start = l.end;
+    right.make_link().start = l.end;
 }
 
 double y_between(const BpfPoint& a, const BpfPoint& b, double x) {

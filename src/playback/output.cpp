@@ -103,7 +103,7 @@ void TQ_Prseq_Output_EventOutputWhilePlaying(Prseq& object) {
 void TQ_Prseq_Output_BuildEventForOutputWhilePlaying(const Track& track, const Event& event, Atoms& atoms) {
     if (!track.discardnoteoutput) append_note(event, atoms);
     if (Atoms message = atom_setparse(event.message.text()); !message.empty()) append_message(message, atoms);
-    if (event.link().buffer) {
+    if (event.buffer()) {
         atoms.push_back(tq_sym_tag_buffer_open);
         append_range(event.link(), atoms);
         atoms.push_back(tq_sym_tag_buffer_close);
@@ -135,7 +135,7 @@ void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& 
     }
     if (const BufferLink& link = event.link(); !link.name.empty()) {
         atoms.push_back(tq_sym_tag_buffer_open);
-        if (link.buffer)
+        if (event.buffer())
             append_range(link, atoms);
         else
             atoms.push_back(Symbol());

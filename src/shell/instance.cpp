@@ -4,8 +4,10 @@
 
 #include "history/capture.h"
 #include "history/undoredo.h"
+#include "host/defer.h"
 #include "host/host.h"
 #include "model/bars.h"
+#include "model/buffers.h"
 #include "model/tracks.h"
 #include "playback/linecursor.h"
 #include "playback/time.h"
@@ -67,7 +69,14 @@ Prseq::Prseq(Host& host)
 
 void Prseq::notify(const Notification& notification) {
     if (notification.sender == this && notification.message == tq_sym_attr_modified)
-        attribute_modified(*this, notification.data);
+        return attribute_modified(*this, notification.data);
+    const Symbol name = notification.data;
+    if (notification.message == tq_sym_globalsymbol_binding)
+        defer_low(*this, [name](Prseq& o) { TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(o, name); });
+    else if (notification.message == tq_sym_globalsymbol_unbinding)
+        TQ_Prseq_Buffer_RemoveNamedBufferFromAll(*this, name);
+    else if (notification.message == tq_sym_buffer_modified)
+        TQ_Prseq_Buffer_ModifyBuffer(*this, name);
 }
 
 const Class& prseq_class() {

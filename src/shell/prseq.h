@@ -47,8 +47,9 @@ struct Prseq : Box, AttributeFields {
 
     // the document
     DocumentInfo info;
-    std::vector<TrackRef> tracks;  ///< in display order
-    long activetrack = -1;         ///< index; −1 without tracks
+    BufferOverviews buffers{*this};  ///< outlives the events
+    std::vector<TrackRef> tracks;    ///< in display order
+    long activetrack = -1;           ///< index; −1 without tracks
     long tracknamecounter = 0;
     long eventcounter = 0;    ///< the last identifier given out
     EventIndex events_by_id;  ///< every event that is in a track of the list

@@ -5,6 +5,7 @@
 #include "host/text.h"
 #include "model/tracks.h"
 #include "shell/prseq.h"
+#include "view/draw_buffers.h"
 #include "view/draw_curves.h"
 #include "view/event_style.h"
 #include "view/gradient.h"
@@ -77,6 +78,8 @@ void TQ_Prseq_Events_DrawEvent(const Drawing& d, const EventShape& shape, const 
     if (shape.body) {
         draw_gradient(d.g, *style.fill, shape.rect);
         if (outline) draw_outline(d.g, shape.rect, style);
+        if (d.object.showbuffers && !shape.event->link().name.empty())
+            TQ_Prseq_Buffer_DrawBuffer(d.object, d.g, d.view, shape, style.active);
         if (shape.label) draw_label(d.g, shape, style);
         if (d.object.showmessages && !shape.event->message.empty() && d.view.rowheight >= text_rowheight)
             draw_message(d.g, shape, style);

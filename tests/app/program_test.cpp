@@ -6,6 +6,7 @@
 
 #include "app/midi/files.h"
 #include "file/random_document.h"
+#include "sounds.h"
 
 namespace tq::test {
 
@@ -15,6 +16,7 @@ struct Program : testing::Test {
     TemporaryFolder folder;
     Program() {
         folder.file_with("good.json", good_document);
+        write_silence(folder.file("kick.wav"), 100);
         folder.file_with("bad.json", "{\"tq.sorvo\":");
         folder.file_with("bad.mid", "MThd and no more");
         folder.file_with("good.txt", "track_add A\n.show view\n");

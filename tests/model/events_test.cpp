@@ -7,6 +7,7 @@
 
 #include "app/script_fixture.h"
 #include "model/bpfs.h"
+#include "model/buffers.h"
 #include "model/tracks.h"
 
 namespace tq::test {
@@ -93,7 +94,10 @@ TEST_F(Events, keepTheirCurvesThroughTheCut) {
 
 TEST_F(Events, shareTheirBufferRangeWhenCut) {
     EventRef event = make(1000, 1000);
-    event->make_link() = {.name = gensym("b"), .length = 500, .start = 0, .end = 500};
+    BufferLink link;
+    link.name = gensym("b");
+    link.end = 500;
+    set_buffer_link(box(), *event, link);
     auto late = TQ_Prseq_Events_SliceEvent(box(), *event, 1800);
     EXPECT_TRUE(late->right->link().name.empty()) << "the range is over before the cut";
     EXPECT_EQ(late->left->link().end, 500);

@@ -16,6 +16,7 @@ struct ScriptCommand {
     std::string size;  ///< WxH; empty: 400x300
     std::string document;
     bool times = false;
+    std::vector<std::string> buffers;  ///< "NAME=FILE"
     std::vector<std::string> scripts;  ///< "-" is standard input
 };
 /// 2 when a line of a script is not understood.
@@ -24,18 +25,21 @@ int run_script(const ScriptCommand& command);
 struct PlayCommand {
     std::string file;
     bool print = false;
+    std::vector<std::string> buffers;  ///< "NAME=FILE"
 };
 int run_play(const PlayCommand& command);
 
 struct RenderCommand {
     std::string file;
-    std::string wav, midi, png;  ///< what to write; empty: not
-    std::string size;            ///< of the picture, WxH; empty: 1200x700
+    std::string wav, midi, png;        ///< what to write; empty: not
+    std::string size;                  ///< of the picture, WxH; empty: 1200x700
+    std::vector<std::string> buffers;  ///< "NAME=FILE"
 };
 int run_render(const RenderCommand& command);
 
 struct WindowCommand {
-    std::string file;  ///< empty: a new document
+    std::string file;                  ///< empty: a new document
+    std::vector<std::string> buffers;  ///< "NAME=FILE"
 };
 int run_window(const WindowCommand& command);
 

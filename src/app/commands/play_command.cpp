@@ -8,6 +8,7 @@
 
 #include "app/commands/commands.h"
 #include "app/commands/faults.h"
+#include "app/commands/named_sounds.h"
 #include "app/patch/loudspeaker.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/real_time.h"
@@ -73,6 +74,8 @@ int run_play(const PlayCommand& command) {
     Session session;
     FaultPrinter faults;
     session.listen(faults);
+    if (const int status = make_named_buffers(session, command.buffers)) return status;
+    const SoundFiles sounds(session);
     if (!session.open(command.file)) return 1;
     NoteListener notes(session);
     Printer printer(session.host().scheduler);

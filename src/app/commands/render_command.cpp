@@ -4,6 +4,7 @@
 
 #include "app/commands/commands.h"
 #include "app/commands/faults.h"
+#include "app/commands/named_sounds.h"
 #include "app/commands/size.h"
 #include "app/midi/writer.h"
 #include "app/patch/import.h"
@@ -84,6 +85,8 @@ int run_render(const RenderCommand& command) {
         graphics.emplace(GraphicsRuntime::Screen::Never);
         lay_out(session, painter, command);
     }
+    if (const int status = make_named_buffers(session, command.buffers)) return status;
+    const SoundFiles sounds(session);
     if (!session.open(command.file)) return 1;
     // The picture first: playing moves the line cursor.
     if (!command.png.empty() && !write_picture(session, painter, command)) return 1;

@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "app/commands/commands.h"
+#include "app/commands/named_sounds.h"
 #include "app/commands/size.h"
 #include "app/script/script.h"
 #include "host/files.h"
@@ -44,7 +45,10 @@ int run_script(const ScriptCommand& command) {
         options.height = size->height;
     }
     GraphicsRuntime graphics(GraphicsRuntime::Screen::Never);
+    int status = 0;
+    options.prepare = [&](Session& session) { status = make_named_buffers(session, command.buffers); };
     Script script(options, std::cout);
+    if (status) return status;
     try {
         for (const std::string& name : command.scripts)
             if (!run_file(script, name)) return 1;

@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "app/commands/commands.h"
+#include "app/commands/named_sounds.h"
 #include "app/window/run.h"
 
 namespace tq {
@@ -9,7 +10,8 @@ namespace tq {
 namespace {
 
 /// Sound and picture of a file, in a folder beside where the program was called.
-int render_instead(const std::string& file) {
+int render_instead(const WindowCommand& command) {
+    const std::string& file = command.file;
     namespace fs = std::filesystem;
     if (file.empty()) {
         std::fprintf(stderr, "sorvo: no display, and no FILE to render instead\n");
@@ -23,6 +25,7 @@ int render_instead(const std::string& file) {
                  name.c_str());
     RenderCommand render;
     render.file = file;
+    render.buffers = command.buffers;
     render.wav = name + ".wav";
     render.png = name + ".png";
     return run_render(render);
@@ -31,8 +34,13 @@ int render_instead(const std::string& file) {
 }  // namespace
 
 int run_window(const WindowCommand& command) {
-    if (std::optional<int> status = show_main_window(command.file)) return *status;
-    return render_instead(command.file);
+    int status = 0;
+    const auto prepare = [&](Session& session) {
+        status = make_named_buffers(session, command.buffers);
+        return status == 0;
+    };
+    if (std::optional<int> shown = show_main_window(command.file, prepare)) return status ? status : *shown;
+    return render_instead(command);
 }
 
 }  // namespace tq

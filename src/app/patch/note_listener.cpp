@@ -15,8 +15,21 @@ std::string source_of_track(long index) { return "track " + std::to_string(index
 
 }  // namespace
 
-void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source) {
+std::optional<PlayedNote> NoteListener::note_of(AtomSpan arguments) const {
     std::optional<PlayedNote> note = parse_event_note(arguments);
+    const std::optional<EventBuffer> part = parse_event_buffer(arguments);
+    const Buffer* buffer = part ? buffer_named(session_.host(), part->name) : nullptr;
+    if (!buffer) return note;
+    if (!note) {
+        note = PlayedNote{.duration_ms = part->duration_ms, .velocity = 127};
+        note->only_sample = true;
+    }
+    note->sample = {buffer->use(), part->start_ms, part->end_ms, part->ratio};
+    return note;
+}
+
+void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source) {
+    std::optional<PlayedNote> note = note_of(arguments);
     if (!note) return;
     note->ms = now();
     note->voice = voice;

@@ -119,6 +119,16 @@ struct ScriptCommands {
         words.end();
         script.answers_.push_back(file == "cancel" ? std::nullopt : std::optional(file));
     }
+    static void buffer(Script& script, Words& words) {
+        Host& host = script.session_.host();
+        const Symbol name = gensym(words.name());
+        const std::string file = words.more() ? words.word("a file") : "";
+        words.end();
+        if (file.empty())
+            buffer_remove(host, name);
+        else if (auto reason = buffer_read(host, name, file))
+            object_error(script.session_.box(), *reason);
+    }
     static void show(Script& script, Words& words) {
         std::string what = words.word("what to show");
         words.end();
@@ -141,7 +151,7 @@ constexpr CommandRow commands[] = {
     {".focus", ScriptCommands::focus},         {".tempo", ScriptCommands::tempo},
     {".transport", ScriptCommands::transport}, {".feedback", ScriptCommands::feedback},
     {".receiver", ScriptCommands::receiver},   {".answer", ScriptCommands::answer},
-    {".show", ScriptCommands::show},
+    {".buffer", ScriptCommands::buffer},       {".show", ScriptCommands::show},
 };
 
 }  // namespace

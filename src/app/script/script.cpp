@@ -34,6 +34,7 @@ Script::Script(const ScriptOptions& options, std::ostream& out) : out_(out), tim
         say("dialog save " + name);
         return take_answer();
     };
+    options.prepare(session_);
     paint_if_asked();  // a document's view is meant for the box as it is laid out
     if (!options.document.empty()) session_.open(options.document);
     paint_if_asked();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -13,8 +14,9 @@ namespace tq {
 
 struct ScriptOptions {
     double width = 400, height = 300;
-    std::string document;  ///< read before the first line; empty: none
-    bool times = false;    ///< every line of output begins with the virtual time in ms
+    std::string document;                                     ///< read before the first line; empty: none
+    std::function<void(Session&)> prepare = [](Session&) {};  ///< called before that
+    bool times = false;  ///< every line of output begins with the virtual time in ms
 };
 
 /// A line that is not understood.

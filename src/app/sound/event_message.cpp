@@ -37,6 +37,20 @@ std::vector<PitchPoint> pitch_curve(AtomSpan curves) {
     return points;
 }
 
+// "<buffer>", a name, three numbers, "</buffer>".
+bool is_buffer_component(AtomSpan atoms) {
+    return atoms.size() >= 6 && is(atoms[0], "<buffer>") && atoms[1].is_symbol() &&
+           std::ranges::all_of(atoms.subspan(2, 3), is_finite_number) && is(atoms[5], "</buffer>");
+}
+
+// Where the components after note and message begin: a message may hold anything, but ends with its last tag.
+std::size_t behind_message(AtomSpan arguments) {
+    std::size_t place = arguments.size() > 2 && is(arguments[2], "<note>") ? 6 : 2;
+    if (place >= arguments.size() || !is(arguments[place], "<message>")) return place;
+    for (place = arguments.size(); place > 0 && !is(arguments[place - 1], "</message>"); --place) continue;
+    return place;
+}
+
 }  // namespace
 
 std::optional<OutletList> parse_outlet_list(AtomSpan list) {
@@ -65,6 +79,18 @@ std::optional<PlayedNote> parse_event_note(AtomSpan arguments) {
     const auto stays = [&](const PitchPoint& point) { return point.pitch == note.pitch; };
     if (std::ranges::all_of(note.curve, stays)) note.curve.clear();
     return note;
+}
+
+std::optional<EventBuffer> parse_event_buffer(AtomSpan arguments) {
+    if (arguments.size() < 2 || !is(arguments[0], "duration") || !is_finite_number(arguments[1])) return {};
+    const std::size_t place = behind_message(arguments);
+    if (place > arguments.size() || !is_buffer_component(arguments.subspan(place))) return {};
+    const AtomSpan atoms = arguments.subspan(place);
+    return EventBuffer{.duration_ms = std::max(arguments[1].as_double(), 0.0),
+                       .name = atoms[1].as_symbol(),
+                       .start_ms = atoms[2].as_double(),
+                       .end_ms = atoms[3].as_double(),
+                       .ratio = atoms[4].as_double()};
 }
 
 }  // namespace tq

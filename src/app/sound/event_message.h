@@ -24,4 +24,15 @@ std::optional<OutletList> parse_outlet_list(AtomSpan list);
 /// looks like.
 std::optional<PlayedNote> parse_event_note(AtomSpan arguments);
 
+/// What an event plays of a buffer: "… <buffer> NAME START END RATIO </buffer> …".
+struct EventBuffer {
+    double duration_ms = 0;  ///< of the event
+    Symbol name;
+    double start_ms = 0, end_ms = 0;
+    double ratio = 1;
+};
+/// Nothing when the event has none, or its numbers make no sense. What looks like one in the event's message
+/// does not count.
+std::optional<EventBuffer> parse_event_buffer(AtomSpan arguments);
+
 }  // namespace tq

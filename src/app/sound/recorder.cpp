@@ -63,6 +63,7 @@ std::vector<MidiPart> Recorder::midi_parts(const std::map<std::string, std::stri
     std::vector<MidiPart> parts;
     std::map<std::pair<std::string, Voice>, std::size_t> places;
     for (const PlayedNote& note : notes_) {
+        if (note.only_sample) continue;
         const auto [place, added] = places.try_emplace({note.source, note.voice}, parts.size());
         if (added) parts.push_back({name_of(note, names), note.voice.program, note.voice.drums, {}});
         parts[place->second].notes.push_back(

@@ -36,12 +36,13 @@ bool Synth::Event::operator<(const Event& other) const {
     return number > other.number;
 }
 
-Synth::Synth(const std::string& sound_font, double rate) : pool_(sound_font, rate) {
+Synth::Synth(const std::string& sound_font, double rate) : pool_(sound_font, rate), samples_(rate) {
     events_.reserve(expected_events);
     sounding_.reserve(expected_notes);
 }
 
 Synth::~Synth() {
+    samples_.clear([this](SynthNote& note) { forget(note); });
     // A note belongs to its events; one that sounds has an end to come.
     while (!events_.empty()) {
         SynthNote* note = events_.back().note;
@@ -84,11 +85,15 @@ void Synth::run(const Event& event) {
 }
 
 void Synth::start(SynthNote& note) {
-    const VoicePool::Handle started = pool_.start(note);
     auto& playing = note.playing;
-    playing.engine = started.engine;
-    playing.channel = started.channel;
-    playing.id = started.id;
+    if (note.sample) {
+        if (samples_.start(note, position_ - note.start)) ++playing.events;
+    } else {
+        const VoicePool::Handle started = pool_.start(note);
+        playing.engine = started.engine;
+        playing.channel = started.channel;
+        playing.id = started.id;
+    }
     playing.sounds = true;
     playing.place = sounding_.size();
     playing.move = 1;
@@ -110,7 +115,7 @@ void Synth::end(SynthNote& note) {
     auto& playing = note.playing;
     if (!playing.sounds) return;
     playing.sounds = false;
-    pool_.release(handle(note));
+    if (!note.sample) pool_.release(handle(note));  // a sample ends by itself
     sounding_[playing.place] = sounding_.back();
     sounding_[playing.place]->playing.place = playing.place;
     sounding_.pop_back();
@@ -118,7 +123,10 @@ void Synth::end(SynthNote& note) {
 
 void Synth::stop_now(int source) {
     for (std::size_t i = sounding_.size(); i-- > 0;) {
-        if (source == all_sources || sounding_[i]->source == source) end(*sounding_[i]);
+        SynthNote& note = *sounding_[i];
+        if (source != all_sources && note.source != source) continue;
+        if (note.sample) samples_.fade(note);
+        end(note);
     }
 }
 
@@ -139,11 +147,16 @@ void Synth::render(float* left, float* right, int frames) {
         }
         std::int64_t part = frames - done;
         if (!events_.empty()) part = std::min(part, events_.front().sample - position_);
-        pool_.mix(left + done, right + done, static_cast<int>(part));
+        mix(left + done, right + done, static_cast<int>(part));
         position_ += part;
         done += static_cast<int>(part);
     }
     finish(left, right, frames);
+}
+
+void Synth::mix(float* left, float* right, int frames) {
+    pool_.mix(left, right, frames);
+    samples_.mix(left, right, frames, [this](SynthNote& note) { forget(note); });
 }
 
 void Synth::finish(float* left, float* right, int frames) {

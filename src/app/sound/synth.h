@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/sound/mailbox.h"
+#include "app/sound/sample_voices.h"
 #include "app/sound/voice_pool.h"
 
 namespace tq {
@@ -35,7 +36,7 @@ class Synth {
     /// Renders the next `frames` samples. What is very loud is rounded off, so that nothing exceeds ±1.
     void render(float* left, float* right, int frames);
     /// Nothing sounds, and nothing waits to.
-    bool silent() const { return events_.empty() && pool_.silent(); }
+    bool silent() const { return events_.empty() && pool_.silent() && samples_.silent(); }
     int sounding() const { return static_cast<int>(sounding_.size()); }  ///< notes that have not ended
 
     /// Frees the notes that are over: render() itself never frees. May be called by another thread.
@@ -58,10 +59,12 @@ class Synth {
     void move(SynthNote& note);
     void end(SynthNote& note);
     void stop_now(int source);
+    void mix(float* left, float* right, int frames);
     void forget(SynthNote& note);
     void finish(float* left, float* right, int frames);
 
     VoicePool pool_;
+    SampleVoices samples_;
     std::int64_t position_ = 0;
     std::uint64_t handed_in_ = 0;
     std::vector<Event> events_;         // a heap, the next first

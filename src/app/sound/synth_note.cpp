@@ -10,6 +10,22 @@ namespace {
 constexpr int widest_range = 72;  // semitones that the synthesiser's wheel reaches
 constexpr double step_ms = 2;
 constexpr double latest_ms = 1e10;
+constexpr double truncated_ms = 1;  // durations are sent in whole ms; an event may last longer by nearly that
+
+SynthSample synth_sample(const PlayedSample& played, double velocity, std::int64_t duration, double rate) {
+    const auto frames = static_cast<double>(played.sound->frames());
+    const auto frame_at = [&](double ms) {
+        return std::clamp(std::nearbyint(ms * played.sound->rate / 1000), 0., frames);
+    };
+    const double begin = frame_at(played.start_ms), end = std::max(frame_at(played.end_ms), begin);
+    SynthSample sample{.sound = played.sound, .begin = static_cast<std::int64_t>(begin)};
+    sample.speed = played.speed * played.sound->rate / rate;
+    sample.level = static_cast<float>(std::clamp(velocity / 127, 0., 1.));
+    const double length = std::ceil((end - begin) / sample.speed - 1e-6);
+    sample.cut = length >= static_cast<double>(duration + sample_at(truncated_ms, rate));
+    sample.length = sample.cut ? duration : static_cast<std::int64_t>(length);
+    return sample;
+}
 
 }  // namespace
 
@@ -22,6 +38,10 @@ SynthNote synth_note(const PlayedNote& note, int source, double rate) {
     result.source = source;
     result.voice = note.voice;
     result.velocity = static_cast<int>(std::lround(std::clamp(note.velocity, 1.0, 127.0)));
+    if (note.sample) {
+        result.sample = synth_sample(*note.sample, note.velocity, result.duration, rate);
+        return result;
+    }
     result.bend = key_bend(note.pitch, note.curve, widest_range);
     if (!result.bend.bent) return result;
     for (const WheelMove& move :
@@ -33,6 +53,11 @@ SynthNote synth_note(const PlayedNote& note, int source, double rate) {
 
 bool is_audible(const PlayedNote& note) {
     const auto time = [](double ms) { return ms >= 0 && ms <= latest_ms; };
+    const auto plays = [](const PlayedSample& sample) {
+        return std::isfinite(sample.start_ms) && std::isfinite(sample.end_ms) && sample.speed > 0 &&
+               std::isfinite(sample.speed);
+    };
+    if (note.sample && !plays(*note.sample)) return false;
     return time(note.ms) && time(note.duration_ms) && std::isfinite(note.pitch) && note.velocity > 0 &&
            std::isfinite(note.velocity) && std::ranges::all_of(note.curve, [](const PitchPoint& point) {
                return std::isfinite(point.ms) && std::isfinite(point.pitch);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "app/midi/key_bend.h"
@@ -15,6 +16,15 @@ struct SampleMove {
     int wheel;            ///< 0…16383
 };
 
+struct SynthSample {
+    SoundRef sound;
+    std::int64_t begin = 0;   ///< the first frame
+    double speed = 1;         ///< frames a sample
+    float level = 1;          ///< 0…1
+    std::int64_t length = 0;  ///< in samples
+    bool cut = false;         ///< the note ends before the range does
+};
+
 struct SynthNote {
     std::int64_t start = 0;     ///< sample
     std::int64_t duration = 0;  ///< in samples
@@ -22,7 +32,8 @@ struct SynthNote {
     Voice voice;
     int velocity = 0;  ///< 1…127
     KeyBend bend{};
-    std::vector<SampleMove> moves;  ///< of a bent note; the first at 0
+    std::vector<SampleMove> moves;      ///< of a bent note; the first at 0
+    std::optional<SynthSample> sample;  ///< plays this, and no voice
 
     // Kept by the synthesiser while it has the note.
     struct Playing {
@@ -43,7 +54,8 @@ std::int64_t sample_at(double ms, double rate);
 /// Works a note out for a sample rate. The pitch curve is followed in steps of 2 ms.
 SynthNote synth_note(const PlayedNote& note, int source, double rate);
 
-/// Whether a note can be heard: finite, of a velocity above 0, within 10^10 ms.
+/// Whether a note can be heard: finite, of a velocity above 0, within 10^10 ms. The speed of a sample must be
+/// above 0.
 bool is_audible(const PlayedNote& note);
 
 }  // namespace tq

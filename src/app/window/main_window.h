@@ -7,6 +7,7 @@
 #include "app/patch/loudspeaker.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/session.h"
+#include "app/patch/sound_files.h"
 #include "app/window/session_timer.h"
 
 class QSplitter;
@@ -41,6 +42,7 @@ class MainWindow : public QWidget {
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
     Session session_;
+    SoundFiles sounds_{session_};
     SessionTimer timer_;
     NoteListener notes_;
     BoxWidget* box_;

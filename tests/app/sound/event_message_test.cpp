@@ -52,6 +52,36 @@ TEST(EventMessage, givesItsNoteAndCurve) {
     }
 }
 
+TEST(EventMessage, givesWhatItPlaysOfABuffer) {
+    const Row rows[] = {
+        {"duration 9 <note> 60. 1. </note> <buffer> b 1. 2.5 0.5 </buffer>", "9. b 1. 2.5 0.5"},
+        {"duration 9 <buffer> b 0 1 1 </buffer> <parameter> a 3. </parameter> <bpf> P 0. 0. </bpf>",
+         "9. b 0. 1. 1."},
+        {"duration 9 <message> m </message> <buffer> b 0. 1. 1. </buffer>", "9. b 0. 1. 1."},
+        {"duration 9 <note> 60. 1. </note> <message> </message> <buffer> c 0. 1. 1. </buffer> </message> "
+         "<buffer> b 0. 1. 1. </buffer>",
+         "9. b 0. 1. 1."},
+        {"duration 9 <note> 60. 1. </note> <message> </message> <buffer> c 0. 1. 1. </buffer> </message>",
+         ""},
+        {"duration 9 <note> 60. 1. </note> <parameter> a 3. </parameter>", ""},
+        {"duration 9 <note> 60. 1. </note> <buffer> b 1. 2. </buffer>", ""},
+        {"duration 9 <note> 60. 1. </note> <buffer> 7 1. 2. 3. </buffer>", ""},
+        {"duration 9 <note> 60. 1. </note> <buffer> b x 2. 3. </buffer>", ""},
+        {"duration 9 <note> 60. 1. </note> <buffer>", ""},
+        {"duration 9 <note> 60.", ""},
+        {"duration a <buffer> b 0. 1. 1. </buffer>", ""},
+        {"duration", ""},
+    };
+    for (const Row& row : rows) {
+        const auto part = parse_event_buffer(atom_setparse(row.arguments));
+        EXPECT_EQ(part ? atom_gettext(
+                             Atoms{part->duration_ms, part->name, part->start_ms, part->end_ms, part->ratio})
+                       : "",
+                  row.note)
+            << row.arguments;
+    }
+}
+
 TEST(EventMessage, tellsEventsAndStopsOfTracks) {
     const Atoms event = atom_setparse("2 event duration 500 <note> 60. 100. </note>");
     const auto parsed = parse_outlet_list(event);
