@@ -8,6 +8,7 @@
 #include "file/document_reader.h"
 #include "file/document_writer.h"
 #include "history/random_edits.h"
+#include "host/buffer.h"
 #include "model/bpfs.h"
 #include "model/tracks.h"
 
@@ -164,6 +165,7 @@ std::set<std::string> recorded;
 void undo_and_redo_all(unsigned seed) {
     std::mt19937 random(seed);
     Session session;
+    buffer_set(session.host(), gensym("sound"), SoundRef(new Sound(1, 1000, std::vector<float>(500))));
     std::string first = document_of(session);
     RandomEdits edits(session.box(), random);
     for (int i = 0; i < 80; ++i) {
