@@ -68,8 +68,8 @@ void midi_rows() {
     std::ofstream(path, std::ios::binary) << midi_file(1000000, 8);
     std::string fault;
     double bare = best_cpu_of(3, [&] {
-        std::string bytes = read_file(path, fault).value();
-        read_midi_file(std::as_bytes(std::span(bytes)));
+        FileBytes bytes = read_file(path, fault);
+        read_midi_file(std::as_bytes(std::span(*bytes)));
     });
     double open = best_cpu_of(3, [&] {
         Session session;

@@ -36,6 +36,7 @@ struct Layout {
 
     const Rect& operator[](Part part) const { return parts[static_cast<std::size_t>(part)]; }
     Rect& operator[](Part part) { return parts[static_cast<std::size_t>(part)]; }
+    friend bool operator==(const Layout&, const Layout&) = default;
 };
 
 /// The piano roll. "Page" is the whole timeline by all pitch rows at the present zoom; pitch 131 is at its
@@ -57,6 +58,7 @@ struct MainDisplay {
     long mousemode = 0;
     bool marqueeactive = false;
     Rect marquee;  ///< relative to the main display
+    friend bool operator==(const MainDisplay&, const MainDisplay&) = default;
 };
 
 /// The column of keys; scroll and zoom are the main display's vertical ones.
@@ -77,6 +79,7 @@ struct KeyDisplay {
     double totalpagesize = 1056;
     double minimumzoom = 0, maximumzoom = 32;
     double zoomcoefficient = (7. / 12) / (77 * 8);
+    friend bool operator==(const KeyDisplay&, const KeyDisplay&) = default;
 };
 
 /// A scrollbar with an optional zoom box. Its unity values are the state; the rest follows from them and from
@@ -107,6 +110,7 @@ struct TQScrollbar {
     double thickness = 15;
     Rgba knobcolor{0.78, 0.78, 0.78, 1};
     Rgba backgroundcolor{0.6, 0.6, 0.95, 0.5};  ///< also of a pressed arrow
+    friend bool operator==(const TQScrollbar&, const TQScrollbar&) = default;
 };
 
 /// The four unity values of a view.

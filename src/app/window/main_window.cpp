@@ -11,6 +11,7 @@
 
 #include <cstdio>
 
+#include "app/patch/host_calls.h"
 #include "app/patch/import.h"
 #include "app/patch/kept_copies.h"
 #include "app/window/box_widget.h"
@@ -18,7 +19,6 @@
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
 #include "shell/change.h"
-#include "view/zoom_commands.h"
 
 namespace tq {
 
@@ -93,7 +93,7 @@ void MainWindow::connect_parts() {
     console_->entered = [this](const std::string& line) { send(line); };
     bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
-    bar_->tempo = [this](double bpm) { timer_.act([&] { itm_settempo(*session_.box().transport, bpm); }); };
+    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { call_tempo(session_, bpm); }); };
     bar_->console = [this](bool open) { show_console(open); };
     Patch& patch = session_.host().patch;
     patch.open_dialog = [this] {
@@ -134,23 +134,26 @@ void MainWindow::listen_to_loudspeaker() {
 }
 
 bool MainWindow::open(const std::string& path) {
-    bool opened = false;
-    timer_.act([&] {
-        opened = session_.open(path);
-        if (opened && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
-            const bool animation = std::exchange(session_.box().zoom_animation, false);
-            prseq_zoom_out_all(session_.box());
-            session_.box().zoom_animation = animation;
+    opened_ = false;
+    timer_.act([this, path] {
+        opened_ = session_.open(path);
+        if (opened_ && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
+            const bool animation = session_.box().zoom_animation;
+            session_.send("zoom_animation 0");
+            session_.send("zoom_out_all");
+            session_.send(animation ? "zoom_animation 1" : "zoom_animation 0");
         }
+        if (!opened_) show_console(true);
+        refresh();
     });
-    if (!opened) show_console(true);
-    refresh();
-    return opened;
+    return opened_;
 }
 
 void MainWindow::send(const std::string& message) {
-    timer_.act([&] { session_.send(message); });
-    refresh();
+    timer_.act([this, message] {
+        session_.send(message);
+        refresh();
+    });
 }
 
 void MainWindow::toggle_play() { send(session_.box().playing ? "int 0" : "int 1"); }

@@ -47,6 +47,7 @@ class MainWindow : public QWidget {
     Console* console_;
     TransportBar* bar_;
     QSplitter* splitter_;
+    bool opened_ = false;  ///< the last file that was to be opened
 };
 
 }  // namespace tq

@@ -1,0 +1,75 @@
+#include "app/patch/host_calls.h"
+
+#include <fmt/format.h>
+
+#include "app/patch/import.h"
+#include "file/document_messages.h"
+#include "shell/change.h"
+#include "view/mousewheel.h"
+
+namespace tq {
+
+namespace {
+
+/// A name as one word of a driver line.
+std::string word(const std::string& name) { return atom_gettext(Atoms{gensym(name)}); }
+
+}  // namespace
+
+void call_size(Session& session, Size size) {
+    session.call([&] { return fmt::format(".size {} {}", size.width, size.height); },
+                 [&] { jbox_set_size(session.box(), size); });
+}
+
+void call_wheel(Session& session, Point at, double dx, double dy) {
+    session.call([&] { return fmt::format(".wheel {} {} {} {}", at.x, at.y, dx, dy); },
+                 [&] { prseq_mousewheel(session.box(), at.x, at.y, 0, dx, dy); });
+}
+
+void call_focus(Session& session, bool in) {
+    session.call([&] { return in ? ".focus in" : ".focus out"; },
+                 [&] {
+                     session.box().focus = in;
+                     prseq_show(session.box(), Change::UpperDisplay);
+                 });
+}
+
+void call_tempo(Session& session, double bpm) {
+    session.call([&] { return fmt::format(".tempo {}", bpm); },
+                 [&] { itm_settempo(*session.box().transport, bpm); });
+}
+
+void call_transport(Session& session, double ms) {
+    session.call([&] { return fmt::format(".transport {}", ms); },
+                 [&] {
+                     Itm& itm = *session.box().transport;
+                     itm_setticks(itm, itm_mstoticks(itm, ms));
+                 });
+}
+
+void call_feedback(Session& session, bool on) {
+    session.call([&] { return on ? ".feedback on" : ".feedback off"; }, [&] { session.feedback = on; });
+}
+
+void call_receiver(Session& session, const std::string& name) {
+    session.call([&] { return ".receiver " + word(name); }, [&] { session.make_receiver(gensym(name)); });
+}
+
+void call_seed(Session& session, std::uint32_t seed) {
+    session.call([&] { return fmt::format(".seed {}", seed); }, [&] { session.host().random.seed(seed); });
+}
+
+bool call_open(Session& session, const std::string& path) {
+    bool opened = false;
+    session.call([&] { return ".open " + word(path); }, [&] { opened = read_document(session.box(), path); });
+    return opened;
+}
+
+bool call_import(Session& session, const std::string& path) {
+    bool imported = false;
+    session.call([&] { return ".import " + word(path); },
+                 [&] { imported = import_midi_file(session.box(), path).has_value(); });
+    return imported;
+}
+
+}  // namespace tq
