@@ -31,7 +31,8 @@ int render_instead(const std::string& file) {
 }  // namespace
 
 int run_window(const WindowCommand& command) {
-    if (std::optional<int> status = show_main_window(command.file)) return *status;
+    const WindowOptions options{command.file, command.recover, command.lines};
+    if (std::optional<int> status = show_main_window(options)) return *status;
     return render_instead(command.file);
 }
 

@@ -4,12 +4,19 @@
 
 #include "app/patch/import.h"
 #include "file/document_messages.h"
+#include "file/document_writer.h"
 #include "shell/change.h"
 #include "view/mousewheel.h"
 
 namespace tq {
 
 namespace {
+
+/// A document that is replaced before it was saved is kept.
+void keep_unsaved(Session& session) {
+    const Prseq& box = session.box();
+    if (prseq_getdirtyflag(box)) session.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+}
 
 /// A name as one word of a driver line.
 std::string word(const std::string& name) { return atom_gettext(Atoms{gensym(name)}); }
@@ -61,14 +68,21 @@ void call_seed(Session& session, std::uint32_t seed) {
 
 bool call_open(Session& session, const std::string& path) {
     bool opened = false;
-    session.call([&] { return ".open " + word(path); }, [&] { opened = read_document(session.box(), path); });
+    session.call([&] { return ".open " + word(path); },
+                 [&] {
+                     keep_unsaved(session);
+                     opened = read_document(session.box(), path);
+                 });
     return opened;
 }
 
 bool call_import(Session& session, const std::string& path) {
     bool imported = false;
     session.call([&] { return ".import " + word(path); },
-                 [&] { imported = import_midi_file(session.box(), path).has_value(); });
+                 [&] {
+                     keep_unsaved(session);
+                     imported = import_midi_file(session.box(), path).has_value();
+                 });
     return imported;
 }
 

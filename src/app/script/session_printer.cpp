@@ -12,8 +12,7 @@ SessionPrinter::SessionPrinter(Session& session, std::ostream& out, bool times)
 }
 
 void SessionPrinter::say(const std::string& line) {
-    if (times_) out_ << fmt::format("{:.3f} ", scheduler_.now());
-    out_ << line << '\n';
+    out_ << (times_ ? fmt::format("{:.3f} {}\n", scheduler_.now(), line) : line + '\n');
 }
 
 /// A plain list goes without its selector.

@@ -14,10 +14,12 @@
 #include "app/patch/host_calls.h"
 #include "app/patch/import.h"
 #include "app/patch/kept_copies.h"
+#include "app/patch/recent_files.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
+#include "host/files.h"
 #include "shell/change.h"
 
 namespace tq {
@@ -38,11 +40,6 @@ constexpr KeyedMessage keyed_messages[] = {{QKeySequence::Undo, "undo"},
 
 const char* const document_files = "Documents (*.json);;All files (*)";
 
-/// None when the dialog was cancelled.
-std::optional<std::string> chosen(const QString& path) {
-    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
-}
-
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
@@ -51,8 +48,10 @@ QString dragged_file(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow(Loudspeaker loudspeaker)
+MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session)
     : loudspeaker_(std::move(loudspeaker)),
+      own_session_(std::move(session)),
+      session_(*own_session_),
       timer_(session_.host().scheduler),
       notes_(session_),
       box_(new BoxWidget(session_, timer_)),
@@ -95,17 +94,21 @@ void MainWindow::connect_parts() {
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
     bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { call_tempo(session_, bpm); }); };
     bar_->console = [this](bool open) { show_console(open); };
+    bar_->open_file = [this] { send("read"); };
+    bar_->open_recent = [this](const std::string& path) { open(path); };
     Patch& patch = session_.host().patch;
     patch.open_dialog = [this] {
-        return chosen(QFileDialog::getOpenFileName(this, "Open", {}, document_files));
+        return ask([this] { return QFileDialog::getOpenFileName(this, "Open", {}, document_files); });
     };
     patch.save_dialog = [this](const std::string& name) {
-        return chosen(
-            QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files));
+        return ask([this, &name] {
+            return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
+        });
     };
     patch.keep_copy = [this](const Object& box, const std::string& text) {
         std::string fault;
         std::optional<std::string> path = keep_copy(session_.box().info.filename, text, fault);
+        kept_ = path.has_value();
         std::string told =
             path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
         std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
@@ -121,6 +124,14 @@ void MainWindow::connect_parts() {
     }
     auto* quit = new QShortcut(QKeySequence::Quit, this);
     connect(quit, &QShortcut::activated, this, &QWidget::close);
+}
+
+/// Time goes on while the dialog is open.
+std::optional<std::string> MainWindow::ask(const std::function<QString()>& dialog) {
+    timer_.wake();
+    const QString path = dialog();
+    timer_.pass_time();
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }
 
 void MainWindow::listen_to_loudspeaker() {
@@ -169,7 +180,22 @@ void MainWindow::show_console(bool open) {
     }
 }
 
+void MainWindow::tell(const std::string& text) {
+    object_post(session_.box(), text);
+    show_console(true);
+}
+
+void MainWindow::remember_document() {
+    const DocumentInfo& info = session_.box().info;
+    if (info.filename.empty() || session_.box().info.filename == remembered_) return;
+    remembered_ = info.filename;
+    remember_file(path_in_folder(info.folder, info.filename));
+}
+
 void MainWindow::refresh() {
+    if (std::string fault = journal_ ? journal_->take_fault() : ""; !fault.empty())
+        object_post(session_.box(), "the journal of this session cannot be written: " + fault);
+    remember_document();
     const Prseq& box = session_.box();
     bar_->show_state({.playing = box.playing,
                       .loop = box.cycle.active,
@@ -182,8 +208,10 @@ void MainWindow::refresh() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     Prseq& box = session_.box();
+    kept_ = true;
     if (prseq_getdirtyflag(box))
         session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+    if (journal_ && kept_) journal_->finish();
     QWidget::closeEvent(event);
 }
 

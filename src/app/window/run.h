@@ -6,8 +6,14 @@
 
 namespace tq {
 
-/// Shows the window, with a file opened when `file` is not empty, until it is closed; returns the exit
-/// status. None, and nothing happens, when there is no display.
-std::optional<int> show_main_window(const std::string& file);
+struct WindowOptions {
+    std::string file;      ///< is opened; empty: none
+    bool recover = false;  ///< bring the latest session back that ended unexpectedly, without asking
+    bool lines = false;    ///< lines of standard input drive the window, with or without a display
+};
+
+/// Shows the window until it is closed; returns the exit status. None, and nothing happens, when there is no
+/// display.
+std::optional<int> show_main_window(const WindowOptions& options);
 
 }  // namespace tq

@@ -17,6 +17,8 @@ class SessionTimer : public QObject {
     /// while another action waits for a dialog is done when that one is over, so that the box is told one
     /// thing at a time; `action` owns what it refers to.
     void act(std::function<void()> action);
+    /// Whether an action waits for a dialog.
+    bool acting() const { return acting_; }
     /// Time goes on while an action waits.
     void pass_time() { driver_.catch_up(); }
     void wake();

@@ -59,6 +59,7 @@ void go_the_same_way_after_a_replay(unsigned seed, Journalled& test) {
     HeardSession first, second;
     RandomSession random(first.session, files, seed);
     random.answer_dialogs();
+    second.session.host().random.seed(seed);  // what chance does is told by the journal as well
     std::unique_ptr<Journal> journal = test.begin(first.session);
     for (int i = 0; i < 120; ++i) random.act();
     first.session.send("getdirty");  // what was painted before is told with a call
