@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <sstream>
 
 #include "app/journal/journal_file.h"
@@ -32,6 +34,17 @@ void remove_spoilt_files(const fs::path& folder) {
         FileBytes bytes = read_file(entry.path().string(), fault);
         if (!bytes || kept_name(*bytes) != name) fs::remove(entry.path(), error);
     }
+}
+
+/// Without a last line, or several that are one, that is not whole.
+std::string_view whole_lines(std::string_view journal) {
+    constexpr std::string_view several = "\n.lines ";
+    journal = journal.substr(0, journal.rfind('\n') + 1);
+    const size_t at = journal.rfind(several);
+    if (at == journal.npos) return journal;
+    const auto ends = std::count(journal.begin() + static_cast<long>(at) + 1, journal.end(), '\n');
+    const long count = std::strtol(journal.data() + at + several.size(), nullptr, 10);
+    return ends > count ? journal : journal.substr(0, at + 1);
 }
 
 size_t size_of_lines(std::string_view text, long count) {
@@ -68,8 +81,7 @@ std::optional<Recovery> recover(const fs::path& path) {
     FileBytes bytes = folder ? read_file(folder->journal_path().string(), fault) : nullptr;
     if (!bytes) return {};
     remove_spoilt_files(path);
-    std::string_view journal(*bytes);
-    journal = journal.substr(0, journal.rfind('\n') + 1);
+    const std::string_view journal = whole_lines(*bytes);
     Recovery recovery{std::make_unique<Session>(), std::move(*folder),
                       last_note(journal, working_folder_note).value_or(""), ""};
     const Replay replayed = replay(*recovery.session, journal, path);

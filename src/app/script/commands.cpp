@@ -149,6 +149,8 @@ struct DriverCommands {
     static void replay(Driver& driver, Words& words) {
         words.end();
         driver.replaying_ = true;
+        driver.answers_.clear();  // of a call that was never done
+        driver.outcomes_.clear();
     }
     static void show(Driver& driver, Words& words) {
         std::string what = words.word("what to show");

@@ -28,8 +28,10 @@ std::string trimmed(const std::string& line) {
 /// ".lines N": the next N lines are one, with line ends in it.
 std::string joined_lines(const std::string& count, std::istream& lines, long& number) {
     std::string text, line;
-    for (long n = std::strtol(count.c_str(), nullptr, 10); n > 0 && std::getline(lines, line); --n, ++number)
-        text += line + (n > 1 ? "\n" : "");
+    for (long left = std::strtol(count.c_str(), nullptr, 10); left > 0; --left, ++number) {
+        if (!std::getline(lines, line)) throw ScriptFault{"", 0, "a line is missing"};
+        text += line + (left > 1 ? "\n" : "");
+    }
     return text;
 }
 
@@ -47,8 +49,8 @@ void Driver::run(std::istream& lines, const std::string& name) {
     std::string line;
     for (long number = 1; std::getline(lines, line); ++number) {
         const long first = number;
-        if (line.starts_with(several)) line = joined_lines(line.substr(several.size()), lines, number);
         try {
+            if (line.starts_with(several)) line = joined_lines(line.substr(several.size()), lines, number);
             run_line(trimmed(line));
         } catch (ScriptFault& fault) {
             fault.file = name;

@@ -72,7 +72,6 @@ class Driver {
         std::optional<std::string> file;  ///< none: cancelled
         std::optional<double> ms;         ///< how long the dialog is open
     };
-    void run_physical_lines(std::istream& lines, long& number);
     void install_files();
     std::optional<std::string> take_answer(const std::string& said,
                                            const std::function<std::optional<std::string>()>& ask);

@@ -25,6 +25,7 @@ LineInput::LineInput(MainWindow& window, bool close_at_end)
       notifier_(STDIN_FILENO, QSocketNotifier::Read),
       close_at_end_(close_at_end) {
     std::cout << std::unitbuf;
+    notifier_.setEnabled(false);
     pause_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, [this] { run_lines(); });
     connect(&notifier_, &QSocketNotifier::activated, this, [this] { read(); });

@@ -20,6 +20,8 @@ class LineInput : public QObject, private Driver {
  public:
     /// With `close_at_end` the window is closed when the input ends.
     LineInput(MainWindow& window, bool close_at_end);
+    /// Until then nothing is read.
+    void start() { notifier_.setEnabled(true); }
 
  private:
     void say(const std::string& line) override { printer_.say(line); }

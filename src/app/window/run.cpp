@@ -47,6 +47,8 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     std::optional<Recovery> recovery = wanted_recovery(dead.sessions, options, can_ask);
     MainWindow window(open_loudspeaker(),
                       recovery ? std::move(recovery->session) : std::make_unique<Session>());
+    std::optional<LineInput> input;  // before the journal, which hears what lines answer to dialogs
+    if (options.lines) input.emplace(window, !can_ask);
     for (const std::string& note : dead.notes) window.tell(note);
     if (recovery)
         go_on(window, *recovery);
@@ -59,8 +61,7 @@ std::optional<int> show_main_window(const WindowOptions& options) {
         window.tell("\"" + options.file + "\" was not opened: a session came back");
     else if (!options.file.empty())
         window.open(options.file);
-    std::optional<LineInput> input;
-    if (options.lines) input.emplace(window, !can_ask);
+    if (input) input->start();
     return QApplication::exec();
 }
 

@@ -3,11 +3,9 @@
 
 #include <sstream>
 
-#include "app/journal/journal.h"
+#include "app/journal/journalled.h"
 #include "app/journal/random_session.h"
-#include "app/journal/recovery.h"
 #include "app/script/session_printer.h"
-#include "app/script_fixture.h"
 #include "file/document_writer.h"
 
 namespace tq::test {
@@ -39,28 +37,13 @@ std::string state_of(HeardSession& heard) {
     return state.str();
 }
 
-struct Journalled : testing::Test {
-    Journalled() { ::setenv("XDG_STATE_HOME", folder.path.c_str(), 1); }
-    std::unique_ptr<Journal> begin(Session& session) {
-        std::string fault;
-        std::optional<SessionFolder> made = SessionFolder::make(fault);
-        EXPECT_TRUE(made) << fault;
-        return std::make_unique<Journal>(session, std::move(*made), true);
-    }
-    static std::string text_of(Journal& journal) {
-        EXPECT_TRUE(journal.drain());
-        return text_of_file(journal.folder().journal_path());
-    }
-    TemporaryFolder folder;
-};
-
-void go_the_same_way_after_a_replay(unsigned seed, Journalled& test) {
+void go_the_same_way_after_a_replay(unsigned seed) {
     TemporaryFolder files;
     HeardSession first, second;
     RandomSession random(first.session, files, seed);
     random.answer_dialogs();
     second.session.host().random.seed(seed);  // what chance does is told by the journal as well
-    std::unique_ptr<Journal> journal = test.begin(first.session);
+    std::unique_ptr<Journal> journal = Journalled::begin(first.session);
     for (int i = 0; i < 120; ++i) random.act();
     first.session.send("getdirty");  // what was painted before is told with a call
     const std::string text = Journalled::text_of(*journal);
@@ -83,7 +66,7 @@ TEST_F(Journalled, sessionsComeBackAsTheyWere) {
     constexpr unsigned runs = 300;
     for (unsigned seed = 1; seed <= runs && !HasFatalFailure(); ++seed) {
         SCOPED_TRACE(seed);
-        go_the_same_way_after_a_replay(seed, *this);
+        go_the_same_way_after_a_replay(seed);
     }
 }
 
