@@ -32,9 +32,11 @@ CallRecorder::CallRecorder(Session& session, JournalFile& journal, bool fresh)
     install_files();
     session_.listen_to_calls(this);
     begin(fresh);
+    witness_crashes(this);
 }
 
 CallRecorder::~CallRecorder() {
+    witness_crashes(nullptr);
     session_.listen_to_calls(nullptr);
     static_cast<PatchFiles&>(session_.host().patch) = outside_;
 }
@@ -55,14 +57,25 @@ void CallRecorder::calling(std::string_view line) {
     }
     wait_until(now());
     line_ = line;
+    running_ = true;
 }
 
 void CallRecorder::called() {
+    running_ = false;
     write(line_);
     written_ = now();
     note_document();
     journal_.append(text_);
     text_.clear();
+}
+
+/// A replay must not do what broke the program; a report of the fault should have it.
+void CallRecorder::crashed() noexcept {
+    if (running_)
+        journal_.write_in_a_crash(
+            {text_, "# in ", std::string_view(line_).substr(0, line_.find('\n')), "\n"});
+    else
+        journal_.write_in_a_crash({text_});
 }
 
 void CallRecorder::painting() { before_ = view(); }

@@ -6,12 +6,13 @@
 #include <optional>
 #include <string>
 
+#include "app/journal/crash_note.h"
 #include "app/journal/journal_file.h"
 #include "app/patch/session.h"
 
 namespace tq {
 
-class CallRecorder : public CallListener {
+class CallRecorder : public CallListener, public CrashWitness {
  public:
     /// From now on the session's calls are appended to the journal. A `fresh` session has not been called
     /// before, and what must precede the first call is written; otherwise the journal goes on. Whoever
@@ -25,6 +26,7 @@ class CallRecorder : public CallListener {
     void called() override;
     void painting() override;
     void painted() override;
+    void crashed() noexcept override;
 
  private:
     /// All that a paint may change.
@@ -50,6 +52,7 @@ class CallRecorder : public CallListener {
     PatchFiles outside_;  ///< who answers
     std::string text_;    ///< what is to be appended after the call that is running
     std::string line_;    ///< of that call
+    bool running_ = false;
     double written_ = 0;  ///< the logical time that a replay has reached at the end of the journal
     View before_;         ///< the paint that is going on
     std::optional<double> painted_at_;  ///< the last paint that changed the view, when no call came since

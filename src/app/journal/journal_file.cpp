@@ -17,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto write_interval = 100ms, sync_interval = 1000ms;
+constexpr size_t large_piece = 64 << 10;   // bytes; more would be moved too often while it grows
 constexpr size_t most_waiting = 64 << 20;  // bytes that cannot be written before the journal gives up
 
 void sync_path(const std::filesystem::path& path) {
@@ -48,10 +49,8 @@ JournalFile::~JournalFile() {
 void JournalFile::append(std::string_view text) {
     std::lock_guard lock(mutex_);
     if (gave_up_) return;
-    if (pieces_.empty()) {
-        pieces_.emplace_back();
-        appended_.notify_all();
-    }
+    if (pieces_.empty()) appended_.notify_all();
+    if (pieces_.empty() || pieces_.back().text.size() > large_piece) pieces_.emplace_back();
     pieces_.back().text += text;
     waiting_ += text.size();
 }
@@ -71,6 +70,14 @@ bool JournalFile::drain() {
     written_.wait(lock, [&] { return (pieces_.empty() && !writing_) || failed_ || gave_up_; });
     draining_ = false;
     return !failed_ && !gave_up_;
+}
+
+void JournalFile::write_in_a_crash(std::initializer_list<std::string_view> last) noexcept {
+    auto put = [this](std::string_view text) { return ::write(descriptor_, text.data(), text.size()) >= 0; };
+    if (!mutex_.try_lock() || writing_ || failed_) return;  // the lock is kept
+    for (const Piece& piece : pieces_)
+        if (!put(piece.text) || piece.file) return;  // what follows needs the file
+    for (std::string_view text : last) put(text);
 }
 
 std::string JournalFile::take_fault() {

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <filesystem>
+#include <initializer_list>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ class JournalFile {
     void keep(FileBytes bytes);
     /// Waits until all that was appended is in the file; false when it cannot be written.
     bool drain();
+    /// In a process that breaks down: writes what it can of what is waiting, and then `last`, without waiting
+    /// for anybody. Nothing is written after that.
+    void write_in_a_crash(std::initializer_list<std::string_view> last) noexcept;
     /// Why the journal could not be written, once; mostly empty.
     std::string take_fault();
 

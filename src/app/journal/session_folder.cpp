@@ -162,7 +162,9 @@ DeadSessions find_dead_sessions() {
 }
 
 std::optional<std::string> last_note(std::string_view journal, std::string_view note) {
-    const size_t at = journal.rfind("\n" + std::string(note));
+    std::string line("\n");
+    line += note;
+    const size_t at = journal.rfind(line);
     if (at == journal.npos) return {};
     const size_t begin = at + 1 + note.size(), end = journal.find('\n', begin);
     if (end == journal.npos) return last_note(journal.substr(0, at), note);  // torn

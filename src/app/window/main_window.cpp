@@ -187,9 +187,10 @@ void MainWindow::tell(const std::string& text) {
 
 void MainWindow::remember_document() {
     const DocumentInfo& info = session_.box().info;
-    if (info.filename.empty() || session_.box().info.filename == remembered_) return;
-    remembered_ = info.filename;
-    remember_file(path_in_folder(info.folder, info.filename));
+    std::string path = info.filename.empty() ? "" : path_in_folder(info.folder, info.filename);
+    if (path == remembered_) return;
+    remembered_ = std::move(path);
+    if (!remembered_.empty()) remember_file(remembered_);
 }
 
 void MainWindow::refresh() {

@@ -1,5 +1,6 @@
 // Journals that are not whole, or none at all, and disks that take no more.
 #include <sys/resource.h>
+#include <sys/wait.h>
 
 #include <csignal>
 #include <random>
@@ -83,6 +84,23 @@ TEST_F(DamagedJournal, withoutTheFileThatWasReadStopsThere) {
     ASSERT_TRUE(recovery);
     EXPECT_NE(recovery->fault.find("could not read \"kept-"), std::string::npos) << recovery->fault;
     EXPECT_EQ(tracks(*recovery), 0u);
+}
+
+TEST_F(DamagedJournal, byACrashHasAllBeforeItAndTellsWhatWasRunning) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        Session session;
+        std::unique_ptr<Journal> journal = begin(session);
+        for (int i = 0; i < 20; ++i) session.send("track_add T" + std::to_string(i));
+        session.call([] { return "track_add \"too\nmuch\""; }, [] { std::abort(); });
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT);
+    DeadSessions dead = find_dead_sessions();
+    ASSERT_EQ(dead.sessions.size(), 1u);
+    EXPECT_TRUE(text_of_file(dead.sessions[0].folder / "journal").ends_with("\n# in track_add \"too\n"));
+    EXPECT_EQ(tracks(*recover(dead.sessions[0].folder)), 20u);
 }
 
 TEST_F(DamagedJournal, thatIsNoneIsPutAsideWithOneMessage) {

@@ -122,7 +122,7 @@ TEST(Kill, aSecondTimeLosesNothingEither) {
         if (life == 0) window.send("track_add numbered");
         ASSERT_TRUE(window.wait()) << text_of_file(killed.folder.file("errors"));
         killed.edit(window, 150ms);
-        window.send("int 1");
+        window.send(".answer other.json\nwrite\nint 1");
         ASSERT_TRUE(window.wait());
         std::this_thread::sleep_for(1s);
         window.kill();
@@ -131,7 +131,49 @@ TEST(Kill, aSecondTimeLosesNothingEither) {
     ASSERT_TRUE(recovery);
     EXPECT_EQ(recovery->fault, "");
     EXPECT_EQ(numbered_events(*recovery->session), killed.sent);
+    EXPECT_EQ(recovery->session->box().info.filename, "other.json") << "what a dialog answered";
+    EXPECT_FALSE(recovery->session->box().info.dirty);
+    EXPECT_TRUE(recovery->session->box().playing);
     killed.expect_the_history(*recovery->session);
+}
+
+/// A document on one line, without the time at which it was written.
+std::string without_date(std::string document) {
+    const size_t date = document.find("\"date\"");
+    return document.erase(date, document.find('}', date) - date);
+}
+
+TEST(Kill, bringsTheViewBackAsWell) {
+    KilledSession killed(true);
+    WindowProcess window(killed.folder, killed.arguments());
+    std::mt19937 random(1);
+    auto pick = [&](int count) { return std::to_string(random() % static_cast<unsigned>(count)); };
+    for (int i = 0; i < 40; ++i) {
+        const std::string lines[] = {".size 7" + pick(99) + " 5" + pick(99),
+                                     ".wheel 400 300 0." + pick(99) + " 0",
+                                     ".wheel 400 300 0 -0." + pick(99),
+                                     "zoom_in",
+                                     "zoom_out",
+                                     "zoom_hor 0." + pick(99),
+                                     "position " + pick(20000),
+                                     "int " + pick(2),
+                                     ".tempo 9" + pick(99),
+                                     "event start " + pick(60000) + " duration 50"};
+        window.send(lines[random() % std::size(lines)]);
+        std::this_thread::sleep_for(std::chrono::milliseconds(random() % 60));
+    }
+    window.send("int 0");
+    std::this_thread::sleep_for(700ms);  // until a zoom is over
+    window.send(".show document");
+    ASSERT_TRUE(window.wait());
+    std::this_thread::sleep_for(500ms);
+    window.kill();
+    const std::string said = window.said();
+    const size_t at = said.find("document {") + sizeof "document";
+    std::optional<Recovery> recovery = killed.recovered();
+    ASSERT_TRUE(recovery);
+    EXPECT_EQ(without_date(TQ_Prseq_Json_MakeDictionary(recovery->session->box(), false)),
+              without_date(said.substr(at, said.find('\n', at) - at)));
 }
 
 TEST(Kill, isNotWhatAQuitIs) {
