@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "app/journal/journal.h"
+#include "app/journal/recovery.h"
 #include "app/midi/reader.h"
 #include "app/patch/import.h"
 #include "app/patch/paint_offscreen.h"
@@ -60,13 +62,83 @@ void event_message_rows() {
     }
 }
 
+/// What the journal costs: nothing may wait for the disk.
+void journal_rows() {
+    constexpr size_t count = 100000;
+    const std::string state = scratch("sorvo-bench-state");
+    ::setenv("XDG_STATE_HOME", state.c_str(), 1);
+    std::vector<std::string> lines;
+    for (long start : event_starts(count, false))
+        lines.push_back("event start " + std::to_string(start) + " duration 100 <note> " +
+                        std::to_string(40 + start / 10 % 40) + " 100 </note>");
+    std::string text;
+    size_t bytes = 0;
+    double slowest = 0;
+    auto ns_an_edit = [&](bool journalled) {
+        Session session;
+        std::string fault;
+        std::optional<Journal> journal;
+        if (journalled) journal.emplace(session, SessionFolder::make(fault).value(), true);
+        slowest = 0;
+        double seconds = thread_cpu_of([&] {
+            double before = wall_seconds();
+            for (const std::string& line : lines) {
+                session.host().scheduler.run_until(session.host().scheduler.now() + 0.125);
+                session.send(line);
+                const double after = wall_seconds();
+                slowest = std::max(slowest, after - std::exchange(before, after));
+            }
+        });
+        if (journalled) {
+            journal->drain();
+            text = *read_file(journal->folder().journal_path().string(), fault);
+            bytes = text.size();
+        }
+        return seconds / count * 1e9;
+    };
+    double without = 1e300, with = 1e300, slowest_without = 1e300, slowest_with = 1e300;
+    for (int i = 0; i < 5; ++i) {
+        without = std::min(without, ns_an_edit(false));
+        slowest_without = std::min(slowest_without, slowest);
+        with = std::min(with, ns_an_edit(true));
+        slowest_with = std::min(slowest_with, slowest);
+    }
+    row("an event message with the journal, 100 k", with, "ns", {"without", without});
+    row("  the slowest of them", slowest_with * 1e6, "us", {"without", slowest_without * 1e6});
+    row("  bytes of journal a message", static_cast<double>(bytes) / count, "bytes",
+        {"message", static_cast<double>(lines.back().size() + 1)});
+    double replayed = best_cpu_of(3, [&] {
+        Session session;
+        if (!replay(session, text, state).fault.empty()) std::abort();
+    });
+    row("  replay of all of them, CPU", replayed, "s", {"done first", without * count * 1e-9});
+
+    const std::string path = scratch("sorvo-bench.json");
+    std::string fault;
+    write_file(path, TQ_Prseq_Json_MakeDictionary(document(200000, 8, 10)->box(), true), fault);
+    auto open = [&](bool journalled) {
+        Session session;
+        std::optional<Journal> journal;
+        if (journalled) journal.emplace(session, SessionFolder::make(fault).value(), true);
+        return thread_cpu_of([&] { session.open(path); });
+    };
+    double plain = 1e300, kept = 1e300;
+    for (int i = 0; i < 3; ++i) {
+        plain = std::min(plain, open(false));
+        kept = std::min(kept, open(true));
+    }
+    row("open a document of 200 k events with the journal", kept * 1e3, "ms", {"without", plain * 1e3});
+    std::filesystem::remove(path);
+    std::filesystem::remove_all(state);
+}
+
 void midi_rows() {
     std::string path = scratch("sorvo-bench.mid");
     std::ofstream(path, std::ios::binary) << midi_file(1000000, 8);
     std::string fault;
     double bare = best_cpu_of(3, [&] {
-        std::string bytes = read_file(path, fault).value();
-        read_midi_file(std::as_bytes(std::span(bytes)));
+        FileBytes bytes = read_file(path, fault);
+        read_midi_file(std::as_bytes(std::span(*bytes)));
     });
     double open = best_cpu_of(3, [&] {
         Session session;
@@ -174,9 +246,9 @@ struct Group {
 };
 
 constexpr Group groups[] = {
-    {"messages", event_message_rows}, {"midi", midi_rows},   {"memory", memory_rows},
-    {"documents", document_rows},     {"paint", paint_rows}, {"playback", playback_rows},
-    {"editing", editing_rows}};
+    {"messages", event_message_rows}, {"journal", journal_rows},    {"midi", midi_rows},
+    {"memory", memory_rows},          {"documents", document_rows}, {"paint", paint_rows},
+    {"playback", playback_rows},      {"editing", editing_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
     return argc < 2 ||

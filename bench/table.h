@@ -10,12 +10,22 @@
 
 namespace bench {
 
-/// CPU seconds that this process has used.
-inline double cpu_seconds() {
+inline double seconds_of(clockid_t clock) {
     timespec t{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    clock_gettime(clock, &t);
     return double(t.tv_sec) + double(t.tv_nsec) * 1e-9;
 }
+/// The time of the clock on the wall.
+inline double wall_seconds() { return seconds_of(CLOCK_MONOTONIC); }
+/// CPU seconds that a piece of work takes in the calling thread.
+inline double thread_cpu_of(const std::function<void()>& work) {
+    double begin = seconds_of(CLOCK_THREAD_CPUTIME_ID);
+    work();
+    return seconds_of(CLOCK_THREAD_CPUTIME_ID) - begin;
+}
+
+/// CPU seconds that this process has used.
+inline double cpu_seconds() { return seconds_of(CLOCK_PROCESS_CPUTIME_ID); }
 
 /// CPU seconds that a piece of work takes.
 inline double cpu_of(const std::function<void()>& work) {

@@ -20,6 +20,18 @@ int main(int argc, char** argv) {
     WindowCommand window;
     app.add_option("FILE", window.file, "a document (.json) or a Standard MIDI File to open in the window");
     add_buffers(app, window.buffers);
+    app.add_flag("--recover", window.recover,
+                 "bring back the latest session that ended unexpectedly, without asking");
+    app.add_flag("--stdin", window.lines,
+                 "lines of standard input drive the window, and what the box says is printed");
+
+    RecoverCommand recover;
+    CLI::App* recover_app =
+        app.add_subcommand("recover", "sessions that ended unexpectedly: list them, or write the latest");
+    recover_app->add_flag("--list", recover.list, "list them: when they ended, their files, their journals");
+    recover_app->add_option("OUT", recover.target, "the document to write (.json); the session stays");
+
+    CLI::App* recent_app = app.add_subcommand("recent", "list the documents that were opened or saved last");
 
     PlayCommand play;
     CLI::App* play_app = app.add_subcommand("play", "play a file in real time, without a window");
@@ -59,6 +71,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "sorvo render: say what to write: --wav, --midi or --png\n");
         return 2;
     }
+    if (*recover_app) return run_recover(recover);
+    if (*recent_app) return run_recent();
     if (*play_app) return run_play(play);
     if (*render_app) return run_render(render);
     if (*import_app) return run_import(import);

@@ -33,7 +33,7 @@ bool read_own_file(Prseq& object) {
 }
 
 bool read_by_name(Prseq& object, const std::string& name, const std::string& folder) {
-    std::optional<LocatedFile> found = locatefile_extended(name, folder);
+    std::optional<LocatedFile> found = object.host().patch.locate(name, folder);
     if (!found) {
         object_error(object, fmt::sprintf("The file \"%s\" could not be found", name));
         return false;

@@ -56,6 +56,33 @@ void append_symbol(std::string& out, const std::string& text) {
     out += '"';
 }
 
+template <typename Visit>
+void for_each_word(std::string_view text, Visit visit) {
+    MessageWord word;
+    size_t i = 0;
+    while (i < text.size()) {
+        if (is_blank(text[i])) {
+            ++i;
+            continue;
+        }
+        word.text.clear();
+        word.literal = false;
+        bool quoted = false;
+        for (; i < text.size() && (quoted || !is_blank(text[i])); ++i) {
+            if (text[i] == '"') {
+                quoted = !quoted;
+                word.literal = true;
+            } else if (text[i] == '\\' && i + 1 < text.size()) {
+                word.text += text[++i];
+                word.literal = true;
+            } else {
+                word.text += text[i];
+            }
+        }
+        visit(word);
+    }
+}
+
 }  // namespace
 
 long Atom::as_long() const {
@@ -104,32 +131,18 @@ std::string atom_gettext(AtomSpan atoms) {
     return out;
 }
 
+std::vector<MessageWord> message_words(std::string_view text) {
+    std::vector<MessageWord> words;
+    for_each_word(text, [&](const MessageWord& word) { words.push_back(word); });
+    return words;
+}
+
 Atoms atom_setparse(std::string_view text) {
     Atoms atoms;
-    std::string token;
-    size_t i = 0;
-    while (i < text.size()) {
-        if (is_blank(text[i])) {
-            ++i;
-            continue;
-        }
-        token.clear();
-        bool literal = false;  // quoted or escaped: a symbol, whatever it looks like
-        bool quoted = false;
-        for (; i < text.size() && (quoted || !is_blank(text[i])); ++i) {
-            if (text[i] == '"') {
-                quoted = !quoted;
-                literal = true;
-            } else if (text[i] == '\\' && i + 1 < text.size()) {
-                token += text[++i];
-                literal = true;
-            } else {
-                token += text[i];
-            }
-        }
-        std::optional<Atom> number = literal ? std::nullopt : number_from(token);
-        atoms.push_back(number ? *number : Atom(gensym(token)));
-    }
+    for_each_word(text, [&](const MessageWord& word) {
+        std::optional<Atom> number = word.literal ? std::nullopt : number_from(word.text);
+        atoms.push_back(number ? *number : Atom(gensym(word.text)));
+    });
     return atoms;
 }
 

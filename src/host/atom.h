@@ -53,6 +53,13 @@ using AtomSpan = std::span<const Atom>;
 /// point; symbols that would read as something else are quoted.
 std::string atom_gettext(AtomSpan atoms);
 
+/// One word of a message text.
+struct MessageWord {
+    std::string text;
+    bool literal = false;  ///< quoted or escaped: a symbol, whatever it looks like
+};
+std::vector<MessageWord> message_words(std::string_view text);
+
 /// The atoms of a message text: ints, floats and symbols between blanks; "…" holds a symbol together, a
 /// backslash takes the next character as it is. A number that no atom can hold is a symbol.
 Atoms atom_setparse(std::string_view text);

@@ -1,6 +1,7 @@
 #include "host/buffer.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "host/class.h"
 #include "host/host.h"
@@ -19,8 +20,8 @@ const Symbol binding = gensym("globalsymbol_binding"), unbinding = gensym("globa
 
 }  // namespace
 
-Buffer::Buffer(Host& host, Symbol name, SoundRef sound)
-    : Object(host, buffer_class()), name_(name), sound_(std::move(sound)) {
+Buffer::Buffer(Host& host, Symbol name, SoundRef sound, std::string path)
+    : Object(host, buffer_class()), name_(name), sound_(std::move(sound)), path_(std::move(path)) {
     host.things[name_] = this;
 }
 
@@ -34,15 +35,18 @@ Buffer* buffer_named(const Host& host, Symbol name) {
     return bound == host.things.end() ? nullptr : dynamic_cast<Buffer*>(bound->second);
 }
 
-bool buffer_set(Host& host, Symbol name, SoundRef sound) {
+bool buffer_set(Host& host, Symbol name, SoundRef sound, std::string path) {
     if (Buffer* buffer = buffer_named(host, name)) {
         buffer->sound_ = std::move(sound);
+        buffer->path_ = std::move(path);
+        host.patch.buffer_changed(name);
         host.references.tell(name, *buffer, modified);
         return true;
     }
     if (name.empty() || host.things.contains(name)) return false;
-    auto made = std::make_unique<Buffer>(host, name, std::move(sound));
+    auto made = std::make_unique<Buffer>(host, name, std::move(sound), std::move(path));
     Buffer& buffer = *(host.buffers[name] = std::move(made));
+    host.patch.buffer_changed(name);
     host.references.tell(name, buffer, binding);
     return true;
 }
@@ -51,7 +55,8 @@ std::optional<std::string> buffer_read(Host& host, Symbol name, const std::strin
     std::string fault;
     SoundRef sound = read_sound_file(path, fault);
     if (!sound) return "could not read \"" + path + "\": " + fault;
-    if (!buffer_set(host, name, std::move(sound)))
+    std::error_code ignored;
+    if (!buffer_set(host, name, std::move(sound), std::filesystem::absolute(path, ignored).string()))
         return "the name \"" + name.text() + "\" is taken by something that is no buffer";
     return {};
 }
@@ -61,6 +66,7 @@ bool buffer_remove(Host& host, Symbol name) {
     if (removed.empty()) return false;
     Buffer& buffer = *removed.mapped();
     host.things.erase(name);  // whoever looks while being told finds nothing
+    host.patch.buffer_changed(name);
     host.references.tell(name, buffer, unbinding);
     return true;
 }

@@ -7,6 +7,7 @@
 
 #include "host/exact_json.h"
 #include "host/files.h"
+#include "host/host.h"
 #include "host/object.h"
 
 namespace tq {
@@ -102,14 +103,14 @@ std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::strin
 std::optional<DictionaryFile> dictionary_read(const Object& object, const std::string& path) {
     std::string fault;
     std::optional<DictionaryFile> file;
-    if (std::optional<std::string> text = read_file(path, fault)) file = dictionary_parse(*text, fault);
+    if (FileBytes text = object.host().patch.read(path, fault)) file = dictionary_parse(*text, fault);
     if (!file) object_error(object, fmt::sprintf("could not read \"%s\": %s", path, fault));
     return file;
 }
 
 bool dictionary_write(const Object& object, const std::string& path, std::string_view text) {
     std::string fault;
-    if (write_file(path, text, fault)) return true;
+    if (object.host().patch.write(path, text, fault)) return true;
     object_error(object, fmt::sprintf("could not write \"%s\": %s", path, fault));
     return false;
 }

@@ -65,7 +65,7 @@ void sync_folder_of(const fs::path& path) {
 
 }  // namespace
 
-std::optional<std::string> read_file(const std::string& path, std::string& fault) {
+FileBytes read_file(const std::string& path, std::string& fault) {
     File file(path, O_RDONLY);
     struct stat status {};
     if (!file || ::fstat(file.descriptor(), &status) != 0) {
@@ -90,7 +90,7 @@ std::optional<std::string> read_file(const std::string& path, std::string& fault
         filled += static_cast<size_t>(got);
     }
     bytes.resize(filled);
-    return bytes;
+    return std::make_shared<const std::string>(std::move(bytes));
 }
 
 bool write_file(const std::string& path, std::string_view bytes, std::string& fault) {

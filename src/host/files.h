@@ -2,14 +2,17 @@
 // whole.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tq {
 
+/// A file's bytes, which more than one may need for a while; null: none.
+using FileBytes = std::shared_ptr<const std::string>;
 /// A file's bytes; none, and the reason in `fault`, when it cannot be read.
-std::optional<std::string> read_file(const std::string& path, std::string& fault);
+FileBytes read_file(const std::string& path, std::string& fault);
 /// Writes beside the file, syncs, and renames over it. False, and the reason in `fault`, when it cannot be
 /// written; what was there stays then. Devices and pipes are written into.
 bool write_file(const std::string& path, std::string_view bytes, std::string& fault);

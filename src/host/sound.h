@@ -8,6 +8,13 @@
 
 namespace tq {
 
+/// All of a sound but what is heard.
+struct SoundFormat {
+    long frames = 0, channels = 1;
+    double rate = 44100;  ///< frames a second
+    friend bool operator==(const SoundFormat&, const SoundFormat&) = default;
+};
+
 /// Never changes once it is made. Its reference count is the in-use counter: changed by atomic adds, so that
 /// the samples stay for as long as anybody reads them, on any thread.
 struct Sound : boost::intrusive_ref_counter<Sound, boost::thread_safe_counter> {
@@ -19,6 +26,7 @@ struct Sound : boost::intrusive_ref_counter<Sound, boost::thread_safe_counter> {
     const std::vector<float> samples;  ///< interleaved by channel, all finite
 
     long frames() const { return static_cast<long>(samples.size()) / channels; }
+    SoundFormat format() const { return {frames(), channels, rate}; }
     double ms() const { return static_cast<double>(frames()) / rate * 1000; }
     const float* frame(long index) const { return samples.data() + index * channels; }
 };

@@ -1,7 +1,5 @@
 #include "shell/instance.h"
 
-#include <cstdlib>
-
 #include "history/capture.h"
 #include "history/undoredo.h"
 #include "host/defer.h"
@@ -15,7 +13,6 @@
 #include "shell/change.h"
 #include "shell/messages.h"
 #include "shell/symbols.h"
-#include "shell/utilities.h"
 #include "view/layout.h"
 #include "view/synchronise.h"
 #include "view/zoom.h"
@@ -84,7 +81,6 @@ const Class& prseq_class() {
         Class c("tq.sorvo");
         add_messages(c);
         add_attributes(c);
-        std::srand(time_seed());
         return c;
     }();
     return the_class;

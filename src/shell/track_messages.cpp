@@ -3,10 +3,10 @@
 #include <fmt/printf.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "history/capture.h"
 #include "history/recorders.h"
+#include "host/host.h"
 #include "model/bpfs.h"
 #include "model/parameters.h"
 #include "model/track_info.h"
@@ -20,12 +20,12 @@ namespace tq {
 
 namespace {
 
-double random_hue() { return std::rand() / 2147483647.0; }
+double random_hue(Prseq& object) { return static_cast<double>(object.host().random()) / 2147483647.0; }
 
 void color_new_track(Prseq& object, const Track* previously_active) {
-    if (object.new_track_color == NewTrackColor::Random) TQ_Prseq_Tracks_SetColor(object, random_hue());
+    if (object.new_track_color == NewTrackColor::Random) TQ_Prseq_Tracks_SetColor(object, random_hue(object));
     if (object.new_track_color != NewTrackColor::Rainbow) return;
-    if (object.tracks.size() == 1) TQ_Prseq_Tracks_SetColor(object, random_hue());
+    if (object.tracks.size() == 1) TQ_Prseq_Tracks_SetColor(object, random_hue(object));
     if (previously_active) {
         double hue = previously_active->hue + 0.1;
         TQ_Prseq_Tracks_SetColor(object, hue >= 1 ? hue - 1 : hue);

@@ -27,10 +27,14 @@ bool asks_for_an_event_to_edit(const Prseq& object) {
            !(object.bpfeditor && object.bpfeditingevent);
 }
 
-void follow_and_draw_linecursor(Prseq& object, Graphics& view) {
+void follow_linecursor(Prseq& object) {
     TQ_Prseq_LineCursor_CalculateLineCursorPositionInDisplay(object);
     if (object.playing && object.linecursor.follow)
         TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(object);
+}
+
+void follow_and_draw_linecursor(Prseq& object, Graphics& view) {
+    follow_linecursor(object);
     draw_linecursor(object, view);
 }
 
@@ -63,6 +67,11 @@ void draw_display(Prseq& object, Graphics& view) {
     synchronise_view(object);
     for (const Step& step : steps)
         if (step.wanted(object)) step.paint(object, view);
+}
+
+void update_view_as_painted(Prseq& object) {
+    synchronise_view(object);
+    if (has_maindisplay(object)) follow_linecursor(object);
 }
 
 }  // namespace tq

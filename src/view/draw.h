@@ -11,5 +11,8 @@ struct Prseq;
 /// place.
 void prseq_paint(Prseq& object, Graphics& view);
 void draw_display(Prseq& object, Graphics& view);
+/// What a paint changes of the box, without the painting: zoom and scroll are brought into step, and the view
+/// follows the line cursor.
+void update_view_as_painted(Prseq& object);
 
 }  // namespace tq

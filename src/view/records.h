@@ -49,6 +49,7 @@ struct Layout {
 
     const Rect& operator[](Part part) const { return parts[static_cast<std::size_t>(part)]; }
     Rect& operator[](Part part) { return parts[static_cast<std::size_t>(part)]; }
+    friend bool operator==(const Layout&, const Layout&) = default;
 };
 
 /// The piano roll. "Page" is the whole timeline by all pitch rows at the present zoom; pitch 131 is at its
@@ -71,6 +72,7 @@ struct MainDisplay {
     bool marqueeactive = false;
     Rect marquee;              ///< relative to the main display
     double marqueescroll = 0;  ///< the vertical scroll when the marquee was set
+    friend bool operator==(const MainDisplay&, const MainDisplay&) = default;
 };
 
 /// The column of keys; scroll and zoom are the main display's vertical ones.
@@ -91,6 +93,7 @@ struct KeyDisplay {
     double totalpagesize = 1056;
     double minimumzoom = 0, maximumzoom = 32;
     double zoomcoefficient = (7. / 12) / (77 * 8);
+    friend bool operator==(const KeyDisplay&, const KeyDisplay&) = default;
 };
 
 /// A scrollbar with an optional zoom box. Its unity values are the state; the rest follows from them and from
@@ -121,6 +124,7 @@ struct TQScrollbar {
     double thickness = 15;
     Rgba knobcolor{0.78, 0.78, 0.78, 1};
     Rgba backgroundcolor{0.6, 0.6, 0.95, 0.5};  ///< also of a pressed arrow
+    friend bool operator==(const TQScrollbar&, const TQScrollbar&) = default;
 };
 
 /// The box of text beside the pointer.

@@ -8,12 +8,15 @@
 #include "file/document_reader.h"
 #include "file/document_writer.h"
 #include "history/random_edits.h"
+#include "history/random_message.h"
 #include "host/buffer.h"
 #include "model/bpfs.h"
 #include "model/tracks.h"
 
 namespace tq {
 namespace {
+
+using test::random_message;
 
 /// The rest of the line that a key stands on is blanked.
 void leave_out(std::string& text, const std::string& key) {
@@ -70,48 +73,6 @@ void expect_sound(const Session& session) {
     }
     ASSERT_LT(box.activetrack, static_cast<long>(box.tracks.size()));
     ASSERT_LT(box.history.cursor, static_cast<long>(box.history.items.size()));
-}
-
-/// A random message; those that the history does not cover only when asked for.
-std::string random_message(std::mt19937& random, bool undoable_only) {
-    auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-    auto number = [&](int count) { return std::to_string(pick(count)); };
-    switch (pick(undoable_only ? 10 : 16)) {
-        case 0:
-            return "track_add";
-        case 1:
-            return pick(3) ? "track_active " + number(4) : "track_delete " + number(4);
-        case 2:
-            return "track_parameter_add p" + number(5) + " 0 10 " + number(10) + " 0";
-        case 3:
-        case 4:
-        case 5:
-            return "event start " + number(5000) + " duration " + number(900) + " track " + number(3) +
-                   " <note> " + number(131) + " 99 </note>";
-        case 6:
-            return "event id " + number(40) + " start " + number(5000) + " label l" + number(9);
-        case 7:
-            return "event id " + number(40) + " track " + number(4) + " <parameter> p" + number(5) + " " +
-                   number(20) + " </parameter>";
-        case 8:
-            return "event id " + number(40) + " <bpf> Pitch 0 0 " + number(400) + " " + number(5) +
-                   " </bpf> <message> m " + number(9) + " </message>";
-        case 9:
-            return "event id " + number(40) + " duration " + number(2000) + " <note> " + number(131) +
-                   " </note>";
-        case 10:
-            return "undo";
-        case 11:
-            return "redo";
-        case 12:
-            return "undoredo " + std::to_string(pick(40) - 2);
-        case 13:
-            return "track_bpf_add b" + number(3) + " 0 1 " + number(2);
-        case 14:
-            return pick(2) ? "track_mute " + number(3) + " 1" : "track_color 0.3";
-        default:
-            return pick(4) ? "int " + number(2) : "undoredo_clear";
-    }
 }
 
 constexpr unsigned runs = 1000;

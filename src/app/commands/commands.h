@@ -12,6 +12,16 @@ struct ImportCommand {
 };
 int run_import(const ImportCommand& command);
 
+struct RecoverCommand {
+    std::string target;  ///< the document to write; empty: the sessions are listed
+    bool list = false;
+};
+/// Lists the sessions that ended unexpectedly, or writes the document of the latest; the session stays.
+int run_recover(const RecoverCommand& command);
+
+/// Lists the documents that were opened or saved last.
+int run_recent();
+
 struct ScriptCommand {
     std::string size;  ///< WxH; empty: 400x300
     std::string document;
@@ -39,6 +49,8 @@ int run_render(const RenderCommand& command);
 
 struct WindowCommand {
     std::string file;                  ///< empty: a new document
+    bool recover = false;              ///< bring back the latest session that ended unexpectedly
+    bool lines = false;                ///< lines of standard input drive the window
     std::vector<std::string> buffers;  ///< "NAME=FILE"
 };
 int run_window(const WindowCommand& command);

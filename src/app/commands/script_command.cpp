@@ -19,7 +19,7 @@ bool run_file(Script& script, const std::string& name) {
         return true;
     }
     std::string fault;
-    std::optional<std::string> text = read_file(name, fault);
+    FileBytes text = read_file(name, fault);
     if (!text) {
         std::cerr << "sorvo: could not read \"" << name << "\": " << fault << "\n";
         return false;

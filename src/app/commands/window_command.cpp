@@ -39,7 +39,8 @@ int run_window(const WindowCommand& command) {
         status = make_named_buffers(session, command.buffers);
         return status == 0;
     };
-    if (std::optional<int> shown = show_main_window(command.file, prepare)) return status ? status : *shown;
+    const WindowOptions options{command.file, command.recover, command.lines, prepare};
+    if (std::optional<int> shown = show_main_window(options)) return status ? status : *shown;
     return render_instead(command);
 }
 

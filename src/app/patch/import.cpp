@@ -8,6 +8,7 @@
 
 #include "app/midi/reader.h"
 #include "host/files.h"
+#include "host/host.h"
 #include "host/round.h"
 #include "model/bpfs.h"
 #include "model/events.h"
@@ -59,7 +60,7 @@ void add_track(Prseq& object, const MidiTrack& source) {
 
 std::optional<MidiSong> read_song(const Prseq& object, const std::string& path) {
     std::string fault;
-    if (std::optional<std::string> bytes = read_file(path, fault)) {
+    if (FileBytes bytes = object.host().patch.read(path, fault)) {
         try {
             return read_midi_file(std::as_bytes(std::span(*bytes)));
         } catch (const MidiError& error) {

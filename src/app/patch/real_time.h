@@ -1,6 +1,7 @@
 // Moves a scheduler's logical time with the machine's monotonic clock.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 
@@ -22,10 +23,11 @@ class RealTimeDriver {
         if (!due) return {};
         return std::max(0.0, *due - logical_now());
     }
-    /// The logical time of this moment, in ms.
+    /// The logical time of this moment, in ms, on the scheduler's grid: differences of such times are exact,
+    /// so that what was recorded with them is repeated at the same times.
     double logical_now() const {
         std::chrono::duration<double, std::milli> passed = Clock::now() - begin_;
-        return logical_begin_ + passed.count();
+        return on_time_grid(logical_begin_ + passed.count());
     }
 
  private:

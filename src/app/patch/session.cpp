@@ -1,13 +1,33 @@
 #include "app/patch/session.h"
 
+#include <cctype>
+
+#include "app/patch/host_calls.h"
 #include "app/patch/import.h"
-#include "file/document_messages.h"
 #include "shell/instance.h"
 #include "shell/symbols.h"
+#include "shell/utilities.h"
 
 namespace tq {
 
 namespace {
+
+/// The driver's own lines begin with a dot and comments with "#": a message that does is escaped.
+std::string driver_line(std::string_view message) {
+    const size_t begin = message.find_first_not_of(" \t\r\n");
+    if (begin == message.npos) return {};
+    const bool escape =
+        message[begin] == '#' || (message[begin] == '.' && begin + 1 < message.size() &&
+                                  std::isalpha(static_cast<unsigned char>(message[begin + 1])));
+    return (escape ? "\\" : "") + std::string(message.substr(begin));
+}
+
+/// The text that parse_message() makes this message of.
+std::string message_text(Symbol message, AtomSpan atoms) {
+    std::string text = atom_gettext(Atoms{message});
+    if (!atoms.empty()) text += ' ';
+    return text + atom_gettext(atoms);
+}
 
 constexpr std::string_view receiver_schemes[] = {"gm:", "midi:", "osc:"};
 
@@ -20,6 +40,7 @@ bool exists_when_named(Symbol name) {
 }  // namespace
 
 Session::Session() {
+    host_.random.seed(time_seed());
     box_ = prseq_new(host_, BoxDictionary{});
     wire();
 }
@@ -63,19 +84,20 @@ void Session::make_receiver(Symbol name) {
 }
 
 void Session::send(std::string_view text) {
-    ParsedMessage message = parse_message(text);
-    send(message.selector, message.arguments);
+    call([&] { return driver_line(text); },
+         [&] {
+             ParsedMessage message = parse_message(text);
+             object_method_typed(*box_, message.selector, message.arguments);
+         });
 }
 
 void Session::send(Symbol message, AtomSpan atoms) {
-    object_method_typed(*box_, message, atoms);
-    host_.scheduler.run_due();
+    call([&] { return driver_line(message_text(message, atoms)); },
+         [&] { object_method_typed(*box_, message, atoms); });
 }
 
 bool Session::open(const std::string& path) {
-    bool opened = is_midi_file(path) ? import_midi_file(*box_, path).has_value() : read_document(*box_, path);
-    host_.scheduler.run_due();
-    return opened;
+    return is_midi_file(path) ? call_import(*this, path) : call_open(*this, path);
 }
 
 ParsedMessage parse_message(std::string_view text) {

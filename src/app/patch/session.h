@@ -24,6 +24,20 @@ class SessionListener {
     virtual void redraw() {}
 };
 
+/// Hears of everything that is done to the box from outside. With the times of these calls, the random seed
+/// and what files and dialogs answered, that is all that a session depends on.
+class CallListener {
+ public:
+    virtual ~CallListener() = default;
+    /// A call begins: its line in the script driver's language.
+    virtual void calling(std::string_view line) = 0;
+    /// It is done.
+    virtual void called() = 0;
+    /// The box is about to be painted, and has been; a paint brings zoom and scroll into step.
+    virtual void painting() = 0;
+    virtual void painted() = 0;
+};
+
 class Session {
  public:
     /// Whether position reports are fed back to the transport.
@@ -37,11 +51,29 @@ class Session {
     const Prseq& box() const { return *box_; }
     /// The listener must live as long as the session.
     void listen(SessionListener& listener) { listeners_.push_back(&listener); }
+    /// From now on this one hears of the calls; none: nobody.
+    void listen_to_calls(CallListener* listener) { call_listener_ = listener; }
     /// Makes a relay of this name, unless there is one.
     void make_receiver(Symbol name);
 
-    /// Sends the inlet a message in message text (a lone number is "int" or "float"), and runs what it made
-    /// due.
+    /// Does something to the box that comes from outside, and runs what it made due. `line` gives the line of
+    /// the script driver that does the same; it is asked only when somebody listens.
+    template <typename Line, typename Action>
+    void call(Line line, Action action) {
+        if (call_listener_) call_listener_->calling(line());
+        action();
+        host_.scheduler.run_due();
+        if (call_listener_) call_listener_->called();
+    }
+    /// Paints the box by `draw`.
+    template <typename Draw>
+    void paint(Draw draw) {
+        if (call_listener_) call_listener_->painting();
+        draw();
+        if (call_listener_) call_listener_->painted();
+    }
+
+    /// Sends the inlet a message in message text (a lone number is "int" or "float").
     void send(std::string_view text);
     void send(Symbol message, AtomSpan atoms);
     /// Opens a document or a Standard MIDI File. False when it is neither; why is posted as an error.
@@ -53,6 +85,7 @@ class Session {
 
     Host host_;
     std::vector<SessionListener*> listeners_;
+    CallListener* call_listener_ = nullptr;
     std::unique_ptr<Prseq> box_;
 };
 

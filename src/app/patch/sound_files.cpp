@@ -21,6 +21,10 @@ bool stays_in_folder(const std::string& name) {
 
 SoundFiles::SoundFiles(Session& session) : session_(session) {
     session_.host().patch.want_buffer = [this](Symbol name) { want(name); };
+    folder_ = session_.box().info.folder;
+    for (const auto& [name, buffer] : session_.host().buffers)  // those of a session that was brought back
+        if (std::optional<File> file = beside_document(name.text()); file && file->path == buffer->path())
+            made_[name.text()] = *file;
 }
 
 SoundFiles::~SoundFiles() { session_.host().patch.want_buffer = Patch().want_buffer; }

@@ -3,11 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 
-#include "app/script/script.h"
+#include "app/patch/host_calls.h"
+#include "app/script/driver.h"
 #include "app/script/show.h"
-#include "shell/change.h"
-#include "view/mousewheel.h"
 
 namespace tq {
 
@@ -15,20 +16,22 @@ namespace {
 
 [[noreturn]] void fault(const std::string& what) { throw ScriptFault{"", 0, what}; }
 
-/// The words after a driver line's name, taken one by one.
+/// The words after a driver line's name, taken one by one. Numbers have double precision.
 class Words {
  public:
-    explicit Words(const std::string& line) : atoms_(atom_setparse(line)) {}
+    explicit Words(const std::string& line) : words_(message_words(line)) {}
 
     std::string name() { return word("a name"); }
-    bool more() const { return next_ < atoms_.size(); }
+    bool more() const { return next_ < words_.size(); }
     std::string word(const std::string& what) {
         if (!more()) fault("missing: " + what);
-        return atom_text(atoms_[next_++]);
+        return words_[next_++].text;
     }
     double number(const std::string& what) {
-        if (!more() || !atoms_[next_].is_number()) fault("missing: " + what);
-        return atoms_[next_++].as_double();
+        std::optional<double> value = more() ? parsed(words_[next_]) : std::nullopt;
+        if (!value) fault("missing: " + what);
+        ++next_;
+        return *value;
     }
     double number_between(const std::string& what, double low, double high) {
         double value = number(what);
@@ -36,105 +39,147 @@ class Words {
             fault(fmt::format("{} must lie between {} and {}", what, low, high));
         return value;
     }
-    bool on_off() {
-        std::string value = word("on or off");
-        if (value != "on" && value != "off") fault("neither on nor off: " + value);
-        return value == "on";
+    /// One of two words; whether it is the first.
+    bool either(const std::string& first, const std::string& second) {
+        std::string value = word(first + " or " + second);
+        if (value != first && value != second) fault("neither " + first + " nor " + second + ": " + value);
+        return value == first;
     }
     void end() const {
-        if (more()) fault("one word too many: " + atom_text(atoms_[next_]));
+        if (more()) fault("one word too many: " + words_[next_].text);
     }
 
  private:
-    /// A symbol as it is, a number as its text.
-    static std::string atom_text(const Atom& atom) {
-        return atom.is_symbol() ? atom.as_symbol().text() : atom_gettext(Atoms{atom});
+    static std::optional<double> parsed(const MessageWord& word) {
+        const char *begin = word.text.data(), *end = begin + word.text.size();
+        if (word.literal) return {};
+        if (begin != end && *begin == '+') ++begin;
+        double value = 0;
+        auto [stop, error] = std::from_chars(begin, end, value);
+        bool number = stop == end && error == std::errc() && std::isfinite(value);
+        return number ? std::optional(value) : std::nullopt;
     }
-    Atoms atoms_;
+    std::vector<MessageWord> words_;
     size_t next_ = 0;
 };
 
 }  // namespace
 
 /// What the rows of the table do; each takes its words and nothing more.
-struct ScriptCommands {
-    static void wait(Script& script, Words& words) {
+struct DriverCommands {
+    static void wait(Driver& driver, Words& words) {
         double ms = words.number_between("ms", 0, 1e12);
         words.end();
-        Scheduler& scheduler = script.session_.host().scheduler;
-        scheduler.run_until(scheduler.now() + ms);
+        driver.wait(ms);
     }
-    static void size(Script& script, Words& words) {
-        Prseq& box = script.session_.box();
+    static void size(Driver& driver, Words& words) {
         double width = words.number_between("width", 1, 16384),
                height = words.number_between("height", 1, 16384);
         words.end();
-        jbox_set_size(box, {width, height});
+        driver.resize({width, height});
     }
-    static void paint(Script& script, Words& words) {
-        Prseq& box = script.session_.box();
+    static void paint(Driver& driver, Words& words) {
         std::string file = words.more() ? words.word("a file") : "";
         words.end();
-        script.redraw_asked_ = false;
-        if (file.empty())
-            script.painter_.paint(box);
-        else if (auto reason = script.painter_.paint_to_png(box, file))
-            object_error(box, *reason);
+        driver.paint(file);
     }
-    static void wheel(Script& script, Words& words) {
+    static void wheel(Driver& driver, Words& words) {
         double x = words.number("X"), y = words.number("Y"), dx = words.number("DX"), dy = words.number("DY");
         words.end();
-        prseq_mousewheel(script.session_.box(), x, y, 0, dx, dy);
+        call_wheel(driver.session_, {x, y}, dx, dy);
     }
-    static void focus(Script& script, Words& words) {
-        std::string way = words.word("in or out");
+    static void focus(Driver& driver, Words& words) {
+        bool in = words.either("in", "out");
         words.end();
-        if (way != "in" && way != "out") fault("neither in nor out: " + way);
-        script.session_.box().focus = way == "in";
-        prseq_show(script.session_.box(), Change::UpperDisplay);
+        call_focus(driver.session_, in);
     }
-    static void tempo(Script& script, Words& words) {
+    static void tempo(Driver& driver, Words& words) {
         double bpm = words.number_between("tempo", 1, 10000);
         words.end();
-        itm_settempo(*script.session_.box().transport, bpm);
+        call_tempo(driver.session_, bpm);
     }
-    static void transport(Script& script, Words& words) {
+    static void transport(Driver& driver, Words& words) {
         double ms = words.number_between("ms", 0, 1e12);
         words.end();
-        Itm& itm = *script.session_.box().transport;
-        itm_setticks(itm, itm_mstoticks(itm, ms));
+        call_transport(driver.session_, ms);
     }
-    static void feedback(Script& script, Words& words) {
-        bool on = words.on_off();
+    static void feedback(Driver& driver, Words& words) {
+        bool on = words.either("on", "off");
         words.end();
-        script.session_.feedback = on;
+        call_feedback(driver.session_, on);
     }
-    static void receiver(Script& script, Words& words) {
+    static void receiver(Driver& driver, Words& words) {
         std::string name = words.name();
         words.end();
-        script.session_.make_receiver(gensym(name));
+        call_receiver(driver.session_, name);
     }
-    static void answer(Script& script, Words& words) {
-        std::string file = words.word("a file, or cancel");
+    static void seed(Driver& driver, Words& words) {
+        double seed = words.number_between("seed", 0, 4294967295.);
         words.end();
-        script.answers_.push_back(file == "cancel" ? std::nullopt : std::optional(file));
+        call_seed(driver.session_, static_cast<std::uint32_t>(seed));
     }
-    static void buffer(Script& script, Words& words) {
-        Host& host = script.session_.host();
-        const Symbol name = gensym(words.name());
+    static void buffer(Driver& driver, Words& words) {
+        const std::string name = words.name();
         const std::string file = words.more() ? words.word("a file") : "";
         words.end();
-        if (file.empty())
-            buffer_remove(host, name);
-        else if (auto reason = buffer_read(host, name, file))
-            object_error(script.session_.box(), *reason);
+        if (!driver.replaying_)
+            call_buffer(driver.session_, name, file);  // ".sound" has told what came of it
     }
-    static void show(Script& script, Words& words) {
+    static void sound(Driver& driver, Words& words) {
+        const Symbol name = gensym(words.name());
+        std::optional<SoundFormat> format;
+        if (words.more())
+            format = SoundFormat{static_cast<long>(words.number_between("frames", 0, 1e9)),
+                                 static_cast<long>(words.number_between("channels", 1, 1024)),
+                                 words.number_between("rate", 1, 1e9)};
+        const std::string file = words.more() ? words.word("a file") : "";
+        words.end();
+        constexpr double most_samples = 1 << 28;
+        if (format &&
+            static_cast<double>(format->frames) * static_cast<double>(format->channels) > most_samples)
+            fault("too much sound");
+        call_sound(driver.session_, name, format, file);
+    }
+    static void open(Driver& driver, Words& words) {
+        std::string file = words.word("a file");
+        words.end();
+        call_open(driver.session_, file);
+    }
+    static void import(Driver& driver, Words& words) {
+        std::string file = words.word("a file");
+        words.end();
+        call_import(driver.session_, file);
+    }
+    static void answer(Driver& driver, Words& words) {
+        std::string file = words.word("a file, or cancel");
+        Driver::Answer answer{file == "cancel" ? std::nullopt : std::optional(file), std::nullopt};
+        if (words.more()) answer.ms = words.number_between("ms", 0, 1e12);
+        words.end();
+        driver.answers_.push_back(std::move(answer));
+    }
+    static void file(Driver& driver, Words& words) {
+        std::string kind = words.word("what comes of a file");
+        for (const FileOutcomeName& row : file_outcome_names) {
+            if (kind != row.name) continue;
+            std::string text = row.has_text ? words.word("a file, or a reason") : "";
+            words.end();
+            driver.outcomes_.push_back({row.kind, text});
+            return;
+        }
+        fault("nothing that can come of a file: " + kind);
+    }
+    static void replay(Driver& driver, Words& words) {
+        words.end();
+        driver.replaying_ = true;
+        driver.answers_.clear();  // of a call that was never done
+        driver.outcomes_.clear();
+    }
+    static void show(Driver& driver, Words& words) {
         std::string what = words.word("what to show");
         words.end();
-        std::optional<std::vector<std::string>> lines = show_lines(script.session_.box(), what);
+        std::optional<std::vector<std::string>> lines = show_lines(driver.session_.box(), what);
         if (!lines) fault("cannot show \"" + what + "\"");
-        for (const std::string& line : *lines) script.say(line);
+        for (const std::string& line : *lines) driver.say(line);
     }
 };
 
@@ -142,28 +187,30 @@ namespace {
 
 struct CommandRow {
     const char* name;
-    void (*run)(Script&, Words&);
+    void (*run)(Driver&, Words&);
 };
 
 constexpr CommandRow commands[] = {
-    {".wait", ScriptCommands::wait},           {".size", ScriptCommands::size},
-    {".paint", ScriptCommands::paint},         {".wheel", ScriptCommands::wheel},
-    {".focus", ScriptCommands::focus},         {".tempo", ScriptCommands::tempo},
-    {".transport", ScriptCommands::transport}, {".feedback", ScriptCommands::feedback},
-    {".receiver", ScriptCommands::receiver},   {".answer", ScriptCommands::answer},
-    {".buffer", ScriptCommands::buffer},       {".show", ScriptCommands::show},
+    {".wait", DriverCommands::wait},           {".size", DriverCommands::size},
+    {".paint", DriverCommands::paint},         {".wheel", DriverCommands::wheel},
+    {".focus", DriverCommands::focus},         {".tempo", DriverCommands::tempo},
+    {".transport", DriverCommands::transport}, {".feedback", DriverCommands::feedback},
+    {".receiver", DriverCommands::receiver},   {".answer", DriverCommands::answer},
+    {".buffer", DriverCommands::buffer},       {".sound", DriverCommands::sound},
+    {".show", DriverCommands::show},           {".open", DriverCommands::open},
+    {".import", DriverCommands::import},       {".seed", DriverCommands::seed},
+    {".file", DriverCommands::file},           {".replay", DriverCommands::replay},
 };
 
 }  // namespace
 
-void run_command(Script& script, const std::string& line) {
+void run_command(Driver& driver, const std::string& line) {
     Words words(line);
     std::string name = words.name();
     auto row = std::find_if(std::begin(commands), std::end(commands),
                             [&](const CommandRow& r) { return name == r.name; });
     if (row == std::end(commands)) fault("no such line: " + name);
-    row->run(script, words);
-    script.session().host().scheduler.run_due();
+    row->run(driver, words);
 }
 
 }  // namespace tq

@@ -5,9 +5,9 @@
 
 namespace tq {
 
-class Script;
+class Driver;
 
 /// Runs one. Throws a ScriptFault when it is not understood.
-void run_command(Script& script, const std::string& line);
+void run_command(Driver& driver, const std::string& line);
 
 }  // namespace tq

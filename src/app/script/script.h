@@ -1,14 +1,13 @@
 // The script driver: drives one box in virtual time, line by line, and prints everything that it says.
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <iosfwd>
-#include <optional>
 #include <string>
 
 #include "app/patch/paint_offscreen.h"
-#include "app/patch/session.h"
+#include "app/script/driver.h"
+#include "app/script/session_printer.h"
 
 namespace tq {
 
@@ -19,42 +18,24 @@ struct ScriptOptions {
     bool times = false;  ///< every line of output begins with the virtual time in ms
 };
 
-/// A line that is not understood.
-struct ScriptFault {
-    std::string file;
-    long line = 0;
-    std::string what;
+/// The session that a script has to itself.
+struct OwnSession {
+    Session own_session;
 };
 
-class Script : private SessionListener {
+class Script : private OwnSession, public Driver, private SessionListener {
  public:
     Script(const ScriptOptions& options, std::ostream& out);
-    /// Runs all lines of a script. Throws a ScriptFault at the first that is not understood.
-    void run(std::istream& lines, const std::string& name);
-    Session& session() { return session_; }
 
  private:
-    friend struct ScriptCommands;
-    void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
-    void dumpout(Symbol selector, AtomSpan atoms) override;
-    void receiver(Symbol name, Symbol selector, AtomSpan atoms) override;
-    void post(const std::string& text) override;
-    void error(const Object& object, const std::string& text) override;
     void redraw() override { redraw_asked_ = true; }
-
-    void run_line(const std::string& line);
-    void say(const std::string& line);
-    void say_message(const std::string& from, Symbol selector, AtomSpan atoms);
+    void say(const std::string& line) override { printer_.say(line); }
+    void paint(const std::string& file) override;
+    void line_done() override { paint_if_asked(); }
     void paint_if_asked();
 
-    /// What the next file dialog is answered with; none left: it is cancelled.
-    std::optional<std::string> take_answer();
-
-    Session session_;
-    std::deque<std::optional<std::string>> answers_;
+    SessionPrinter printer_;
     OffscreenPainter painter_;
-    std::ostream& out_;
-    bool times_;
     bool redraw_asked_ = true;
 };
 

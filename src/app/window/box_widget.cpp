@@ -3,12 +3,11 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include "app/patch/host_calls.h"
 #include "app/window/wheel.h"
 #include "host/graphics.h"
 #include "host/qt/painter.h"
-#include "shell/change.h"
 #include "view/draw.h"
-#include "view/mousewheel.h"
 
 namespace tq {
 
@@ -37,7 +36,7 @@ void BoxWidget::paint_box() {
         picture_ = jgraphics_image_surface_create(size.width, size.height, ratio);
     stale_ = false;  // before painting, which may ask for another paint
     Graphics g(*picture_);
-    prseq_paint(session_.box(), g);
+    session_.paint([&] { prseq_paint(session_.box(), g); });
 }
 
 void BoxWidget::paintEvent(QPaintEvent*) {
@@ -51,7 +50,8 @@ void BoxWidget::paintEvent(QPaintEvent*) {
 }
 
 void BoxWidget::resizeEvent(QResizeEvent*) {
-    jbox_set_size(session_.box(), {double(width()), double(height())});
+    const Size size{double(width()), double(height())};
+    timer_.act([this, size] { call_size(session_, size); });
     redraw();
 }
 
@@ -59,15 +59,13 @@ void BoxWidget::wheelEvent(QWheelEvent* event) {
     const bool sideways = event->modifiers() & Qt::ShiftModifier;
     const WheelDelta delta =
         wheel_delta(event->angleDelta(), event->pixelDelta(), sideways, session_.box().maindisplay);
-    timer_.act([&] {
-        prseq_mousewheel(session_.box(), event->position().x(), event->position().y(), 0, delta.dx, delta.dy);
-    });
+    const Point at{event->position().x(), event->position().y()};
+    timer_.act([this, at, delta] { call_wheel(session_, at, delta.dx, delta.dy); });
     event->accept();
 }
 
 void BoxWidget::set_focus(bool focus) {
-    session_.box().focus = focus;
-    prseq_show(session_.box(), Change::UpperDisplay);
+    timer_.act([this, focus] { call_focus(session_, focus); });
 }
 
 }  // namespace tq

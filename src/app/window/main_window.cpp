@@ -11,14 +11,16 @@
 
 #include <cstdio>
 
+#include "app/patch/host_calls.h"
 #include "app/patch/import.h"
 #include "app/patch/kept_copies.h"
+#include "app/patch/recent_files.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
+#include "host/files.h"
 #include "shell/change.h"
-#include "view/zoom_commands.h"
 
 namespace tq {
 
@@ -38,11 +40,6 @@ constexpr KeyedMessage keyed_messages[] = {{QKeySequence::Undo, "undo"},
 
 const char* const document_files = "Documents (*.json);;All files (*)";
 
-/// None when the dialog was cancelled.
-std::optional<std::string> chosen(const QString& path) {
-    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
-}
-
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
@@ -51,8 +48,10 @@ QString dragged_file(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow(Loudspeaker loudspeaker)
+MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session)
     : loudspeaker_(std::move(loudspeaker)),
+      own_session_(std::move(session)),
+      session_(*own_session_),
       timer_(session_.host().scheduler),
       notes_(session_),
       box_(new BoxWidget(session_, timer_)),
@@ -93,19 +92,23 @@ void MainWindow::connect_parts() {
     console_->entered = [this](const std::string& line) { send(line); };
     bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
-    bar_->tempo = [this](double bpm) { timer_.act([&] { itm_settempo(*session_.box().transport, bpm); }); };
+    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { call_tempo(session_, bpm); }); };
     bar_->console = [this](bool open) { show_console(open); };
+    bar_->open_file = [this] { send("read"); };
+    bar_->open_recent = [this](const std::string& path) { open(path); };
     Patch& patch = session_.host().patch;
     patch.open_dialog = [this] {
-        return chosen(QFileDialog::getOpenFileName(this, "Open", {}, document_files));
+        return ask([this] { return QFileDialog::getOpenFileName(this, "Open", {}, document_files); });
     };
     patch.save_dialog = [this](const std::string& name) {
-        return chosen(
-            QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files));
+        return ask([this, &name] {
+            return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
+        });
     };
     patch.keep_copy = [this](const Object& box, const std::string& text) {
         std::string fault;
         std::optional<std::string> path = keep_copy(session_.box().info.filename, text, fault);
+        kept_ = path.has_value();
         std::string told =
             path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
         std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
@@ -123,6 +126,14 @@ void MainWindow::connect_parts() {
     connect(quit, &QShortcut::activated, this, &QWidget::close);
 }
 
+/// Time goes on while the dialog is open.
+std::optional<std::string> MainWindow::ask(const std::function<QString()>& dialog) {
+    timer_.wake();
+    const QString path = dialog();
+    timer_.pass_time();
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
+
 void MainWindow::listen_to_loudspeaker() {
     if (!loudspeaker_.output) {
         bar_->show_status(QString::fromStdString("no audio device: " + loudspeaker_.reason));
@@ -134,23 +145,26 @@ void MainWindow::listen_to_loudspeaker() {
 }
 
 bool MainWindow::open(const std::string& path) {
-    bool opened = false;
-    timer_.act([&] {
-        opened = session_.open(path);
-        if (opened && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
-            const bool animation = std::exchange(session_.box().zoom_animation, false);
-            prseq_zoom_out_all(session_.box());
-            session_.box().zoom_animation = animation;
+    opened_ = false;
+    timer_.act([this, path] {
+        opened_ = session_.open(path);
+        if (opened_ && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
+            const bool animation = session_.box().zoom_animation;
+            session_.send("zoom_animation 0");
+            session_.send("zoom_out_all");
+            session_.send(animation ? "zoom_animation 1" : "zoom_animation 0");
         }
+        if (!opened_) show_console(true);
+        refresh();
     });
-    if (!opened) show_console(true);
-    refresh();
-    return opened;
+    return opened_;
 }
 
 void MainWindow::send(const std::string& message) {
-    timer_.act([&] { session_.send(message); });
-    refresh();
+    timer_.act([this, message] {
+        session_.send(message);
+        refresh();
+    });
 }
 
 void MainWindow::toggle_play() { send(session_.box().playing ? "int 0" : "int 1"); }
@@ -166,7 +180,23 @@ void MainWindow::show_console(bool open) {
     }
 }
 
+void MainWindow::tell(const std::string& text) {
+    object_post(session_.box(), text);
+    show_console(true);
+}
+
+void MainWindow::remember_document() {
+    const DocumentInfo& info = session_.box().info;
+    std::string path = info.filename.empty() ? "" : path_in_folder(info.folder, info.filename);
+    if (path == remembered_) return;
+    remembered_ = std::move(path);
+    if (!remembered_.empty()) remember_file(remembered_);
+}
+
 void MainWindow::refresh() {
+    if (std::string fault = journal_ ? journal_->take_fault() : ""; !fault.empty())
+        object_post(session_.box(), "the journal of this session cannot be written: " + fault);
+    remember_document();
     const Prseq& box = session_.box();
     bar_->show_state({.playing = box.playing,
                       .loop = box.cycle.active,
@@ -179,8 +209,10 @@ void MainWindow::refresh() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     Prseq& box = session_.box();
+    kept_ = true;
     if (prseq_getdirtyflag(box))
         session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+    if (journal_ && kept_) journal_->finish();
     QWidget::closeEvent(event);
 }
 

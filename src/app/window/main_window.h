@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 #include <string>
 
+#include "app/journal/journal.h"
 #include "app/patch/loudspeaker.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/session.h"
@@ -20,11 +22,20 @@ class TransportBar;
 
 class MainWindow : public QWidget {
  public:
-    explicit MainWindow(Loudspeaker loudspeaker);
+    explicit MainWindow(Loudspeaker loudspeaker,
+                        std::unique_ptr<Session> session = std::make_unique<Session>());
     ~MainWindow() override;
     /// Opens a document or a Standard MIDI File. False when it is neither; the console then says why.
     bool open(const std::string& path);
+    /// The session's journal, from now on; it goes when the window is closed and nothing can be lost.
+    void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
+    /// Says something on the console, and shows it.
+    void tell(const std::string& text);
     Session& session() { return session_; }
+    SessionTimer& timer() { return timer_; }
+    BoxWidget& box() { return *box_; }
+    /// Shows what the session has become.
+    void refresh();
 
  protected:
     void closeEvent(QCloseEvent* event) override;
@@ -35,13 +46,15 @@ class MainWindow : public QWidget {
     void build();
     void connect_parts();
     void listen_to_loudspeaker();
+    std::optional<std::string> ask(const std::function<QString()>& dialog);
     void send(const std::string& message);
     void toggle_play();
     void show_console(bool open);
-    void refresh();
+    void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
-    Session session_;
+    std::unique_ptr<Session> own_session_;
+    Session& session_;
     SoundFiles sounds_{session_};
     SessionTimer timer_;
     NoteListener notes_;
@@ -49,6 +62,10 @@ class MainWindow : public QWidget {
     Console* console_;
     TransportBar* bar_;
     QSplitter* splitter_;
+    bool opened_ = false;     ///< the last file that was to be opened
+    bool kept_ = true;        ///< the last document that was not saved has a copy
+    std::string remembered_;  ///< the document that was last put among the recent files
+    std::unique_ptr<Journal> journal_;
 };
 
 }  // namespace tq

@@ -2,19 +2,67 @@
 
 #include <QApplication>
 
+#include <filesystem>
+
+#include "app/window/ask_recovery.h"
+#include "app/window/line_input.h"
 #include "app/window/main_window.h"
 #include "host/graphics_runtime.h"
 
 namespace tq {
 
-std::optional<int> show_main_window(const std::string& file, const std::function<bool(Session&)>& prepare) {
+namespace {
+
+std::optional<Recovery> wanted_recovery(const std::vector<DeadSession>& dead, const WindowOptions& options,
+                                        bool can_ask) {
+    if (dead.empty()) return {};
+    if (options.recover) return recover(dead.front().folder);
+    return can_ask ? ask_for_recovery(dead) : std::nullopt;
+}
+
+/// A session that was brought back goes on in its own journal and its own working folder, and stands still.
+void go_on(MainWindow& window, Recovery& recovery) {
+    std::error_code ignored;
+    if (!recovery.working_folder.empty()) std::filesystem::current_path(recovery.working_folder, ignored);
+    window.keep_journal(std::make_unique<Journal>(window.session(), std::move(recovery.folder), false));
+    if (window.session().box().playing) window.session().send("int 0");
+    if (!recovery.fault.empty()) window.tell("the session did not come back as a whole: " + recovery.fault);
+}
+
+void begin_journal(MainWindow& window) {
+    std::string fault;
+    if (std::optional<SessionFolder> folder = SessionFolder::make(fault))
+        window.keep_journal(std::make_unique<Journal>(window.session(), std::move(*folder), true));
+    else
+        window.tell("this session has no journal: " + fault);
+}
+
+}  // namespace
+
+std::optional<int> show_main_window(const WindowOptions& options) {
     GraphicsRuntime runtime(GraphicsRuntime::Screen::IfThere);
-    if (!runtime.has_screen()) return {};
-    MainWindow window(open_loudspeaker());
-    if (!prepare(window.session())) return 1;
+    if (!runtime.has_screen() && !options.lines) return {};
+    const DeadSessions dead = find_dead_sessions();
+    const bool can_ask = runtime.has_screen();
+    std::optional<Recovery> recovery = wanted_recovery(dead.sessions, options, can_ask);
+    MainWindow window(open_loudspeaker(),
+                      recovery ? std::move(recovery->session) : std::make_unique<Session>());
+    std::optional<LineInput> input;  // before the journal, which hears what lines answer to dialogs
+    if (options.lines) input.emplace(window, !can_ask);
+    for (const std::string& note : dead.notes) window.tell(note);
+    if (recovery)
+        go_on(window, *recovery);
+    else
+        begin_journal(window);
+    if (!options.prepare(window.session())) return 1;
+    if (options.recover && !recovery) window.tell("there is no session to bring back");
     window.show();
     QApplication::processEvents();  // a document's view is meant for the box as it is laid out
-    if (!file.empty()) window.open(file);
+    if (!options.file.empty() && recovery)
+        window.tell("\"" + options.file + "\" was not opened: a session came back");
+    else if (!options.file.empty())
+        window.open(options.file);
+    if (input) input->start();
     return QApplication::exec();
 }
 

@@ -9,9 +9,16 @@ namespace tq {
 
 class Session;
 
-/// Shows the window, with a file opened when `file` is not empty, until it is closed; returns the exit
-/// status. `prepare` is called before with the session, and says whether to go on. None, and nothing happens,
-/// when there is no display.
-std::optional<int> show_main_window(const std::string& file, const std::function<bool(Session&)>& prepare);
+struct WindowOptions {
+    std::string file;      ///< is opened; empty: none
+    bool recover = false;  ///< bring the latest session back that ended unexpectedly, without asking
+    bool lines = false;    ///< lines of standard input drive the window, with or without a display
+    /// Called with the session before the file is opened; says whether to go on.
+    std::function<bool(Session&)> prepare;
+};
+
+/// Shows the window until it is closed; returns the exit status. None, and nothing happens, when there is no
+/// display.
+std::optional<int> show_main_window(const WindowOptions& options);
 
 }  // namespace tq

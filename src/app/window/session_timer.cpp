@@ -15,7 +15,27 @@ constexpr double longest_wait = 60000;
 SessionTimer::SessionTimer(Scheduler& scheduler) : driver_(scheduler) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
-    connect(&timer_, &QTimer::timeout, this, [this] { act([] {}); });
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (acting_)
+            pass_time();
+        else
+            act([] {});
+        wake();
+    });
+}
+
+void SessionTimer::act(std::function<void()> action) {
+    later_.push_back(std::move(action));
+    if (acting_) return;
+    acting_ = true;
+    while (!later_.empty()) {
+        std::function<void()> next = std::move(later_.front());
+        later_.pop_front();
+        driver_.catch_up();
+        next();
+    }
+    acting_ = false;
+    wake();
 }
 
 void SessionTimer::wake() {

@@ -1,13 +1,17 @@
 #include "app/window/transport_bar.h"
 
 #include <QDoubleSpinBox>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QToolButton>
 #include <cmath>
+
+#include "app/patch/recent_files.h"
 
 namespace tq {
 
@@ -50,10 +54,31 @@ TransportBar::TransportBar() {
     row->addWidget(make_volume());
     status_ = new QLabel;
     row->addWidget(status_, 1);
+    make_open();
     console_ = button("Console", "console", "Messages to and from the box (Ctrl+K)");
     connect(play_, &QToolButton::clicked, this, [this](bool on) { play(on); });
     connect(loop_, &QToolButton::clicked, this, [this](bool on) { loop(on); });
     connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
+}
+
+void TransportBar::make_open() {
+    QToolButton* open_button = button("Open", "open", "Open a document (Ctrl+O), or a recent one");
+    open_button->setCheckable(false);
+    recent_ = new QMenu(open_button);
+    open_button->setMenu(recent_);
+    open_button->setPopupMode(QToolButton::MenuButtonPopup);
+    connect(open_button, &QToolButton::clicked, this, [this] { open_file(); });
+    connect(recent_, &QMenu::aboutToShow, this, [this] { fill_recent(); });
+}
+
+void TransportBar::fill_recent() {
+    recent_->clear();
+    for (const std::string& path : recent_files()) {
+        QAction* row = recent_->addAction(QString::fromStdString(path));
+        row->setEnabled(QFileInfo::exists(QString::fromStdString(path)));
+        connect(row, &QAction::triggered, this, [this, path] { open_recent(path); });
+    }
+    if (recent_->isEmpty()) recent_->addAction("No recent documents")->setEnabled(false);
 }
 
 QWidget* TransportBar::make_tempo() {

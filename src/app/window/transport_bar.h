@@ -3,9 +3,11 @@
 
 #include <QWidget>
 #include <functional>
+#include <string>
 
 class QDoubleSpinBox;
 class QLabel;
+class QMenu;
 class QSlider;
 class QToolButton;
 
@@ -31,14 +33,19 @@ class TransportBar : public QWidget {
     std::function<void(double)> tempo = [](double) {};   ///< beats a minute
     std::function<void(double)> volume = [](double) {};  ///< 0 to 1
     std::function<void(bool)> console = [](bool) {};
+    std::function<void()> open_file = [] {};
+    std::function<void(const std::string& path)> open_recent = [](auto&&) {};
 
  private:
     QWidget* make_tempo();
     QWidget* make_volume();
+    void make_open();
+    void fill_recent();
     QToolButton* button(const QString& text, const QString& name, const QString& hint);
 
     QToolButton *play_, *loop_, *console_;
     QLabel *position_, *status_;
+    QMenu* recent_;
     QDoubleSpinBox* tempo_;
     QSlider* volume_;
 };

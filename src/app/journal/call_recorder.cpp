@@ -1,0 +1,159 @@
+#include "app/journal/call_recorder.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <utility>
+
+#include "app/journal/session_folder.h"
+#include "app/patch/host_calls.h"
+#include "shell/utilities.h"
+
+namespace tq {
+
+namespace {
+
+std::string word(const std::string& text) { return atom_gettext(Atoms{gensym(text)}); }
+
+std::string single_line(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+}  // namespace
+
+CallRecorder::CallRecorder(Session& session, JournalFile& journal, bool fresh)
+    : session_(session),
+      journal_(journal),
+      outside_(static_cast<PatchFiles&>(session.host().patch)),
+      written_(session.host().scheduler.now()) {
+    install_files();
+    session_.listen_to_calls(this);
+    begin(fresh);
+    session_.host().patch.buffer_changed = [this](Symbol name) { write(sound_line(session_.host(), name)); };
+    witness_crashes(this);
+}
+
+CallRecorder::~CallRecorder() {
+    witness_crashes(nullptr);
+    session_.listen_to_calls(nullptr);
+    session_.host().patch.buffer_changed = Patch().buffer_changed;
+    static_cast<PatchFiles&>(session_.host().patch) = outside_;
+}
+
+void CallRecorder::begin(bool fresh) {
+    if (fresh) text_ = journal_head;
+    std::error_code ignored;
+    text_ += working_folder_note;
+    text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n.replay\n";
+    if (!fresh) return;
+    for (const auto& [name, buffer] : session_.host().buffers) write(sound_line(session_.host(), name));
+    call_seed(session_, time_seed());
+}
+
+void CallRecorder::calling(std::string_view line) {
+    if (painted_at_) {
+        wait_until(std::max(*painted_at_, written_));
+        text_ += ".paint\n";
+        painted_at_.reset();
+    }
+    wait_until(now());
+    line_ = line;
+    running_ = true;
+}
+
+void CallRecorder::called() {
+    running_ = false;
+    write(line_);
+    written_ = now();
+    note_document();
+    journal_.append(text_);
+    text_.clear();
+}
+
+/// A replay must not do what broke the program; a report of the fault should have it.
+void CallRecorder::crashed() noexcept {
+    if (running_)
+        journal_.write_in_a_crash(
+            {text_, "# in ", std::string_view(line_).substr(0, line_.find('\n')), "\n"});
+    else
+        journal_.write_in_a_crash({text_});
+}
+
+void CallRecorder::painting() { before_ = view(); }
+
+void CallRecorder::painted() {
+    if (view() != before_) painted_at_ = now();
+}
+
+CallRecorder::View CallRecorder::view() const {
+    const Prseq& box = session_.box();
+    return {
+        box.layout,        box.maindisplay,
+        box.keydisplay,    box.horscrollbar,
+        box.vertscrollbar, {box.horizontalzoom, box.verticalzoom, box.horizontalscroll, box.verticalscroll}};
+}
+
+void CallRecorder::wait_until(double time) {
+    if (time > written_) fmt::format_to(std::back_inserter(text_), ".wait {}\n", time - written_);
+    written_ = std::max(written_, time);
+}
+
+void CallRecorder::write(std::string_view line) {
+    if (const auto ends = std::count(line.begin(), line.end(), '\n'))
+        fmt::format_to(std::back_inserter(text_), ".lines {}\n", ends + 1);
+    text_ += line;
+    text_ += '\n';
+}
+
+/// For whoever is asked whether this session is to come back.
+void CallRecorder::note_document() {
+    const DocumentInfo& info = session_.box().info;
+    if (info.dirty && !std::exchange(edited_, true)) write(edited_note);
+    if (info.filename == document_) return;
+    document_ = info.filename;
+    write(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));
+}
+
+/// How long the dialog was open is part of the answer: time passed meanwhile.
+std::optional<std::string> CallRecorder::note_answer(double asked, std::optional<std::string> answer) {
+    write(fmt::format(".answer {} {}", answer ? word(*answer) : "cancel", now() - asked));
+    return answer;
+}
+
+void CallRecorder::install_files() {
+    PatchFiles& files = session_.host().patch;
+    files.open_dialog = [this] {
+        const double asked = now();
+        return note_answer(asked, outside_.open_dialog());
+    };
+    files.save_dialog = [this](const std::string& name) {
+        const double asked = now();
+        return note_answer(asked, outside_.save_dialog(name));
+    };
+    files.locate = [this](const std::string& name, const std::string& folder) {
+        std::optional<LocatedFile> found = outside_.locate(name, folder);
+        write(found ? ".file found " + word(path_in_folder(found->folder, found->name)) : ".file missing");
+        return found;
+    };
+    files.read = [this](const std::string& path, std::string& fault) {
+        FileBytes bytes = outside_.read(path, fault);
+        if (bytes) {
+            journal_.append(text_);
+            text_.clear();
+            journal_.keep(bytes);
+        } else {
+            write(".file unreadable " + word(fault));
+        }
+        return bytes;
+    };
+    files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
+        const bool written = outside_.write(path, bytes, fault);
+        write(written ? ".file written" : ".file unwritable " + word(fault));
+        return written;
+    };
+}
+
+}  // namespace tq

@@ -1,0 +1,95 @@
+#include "app/journal/recovery.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "app/journal/journal_file.h"
+#include "app/patch/state_folder.h"
+#include "app/script/driver.h"
+#include "host/files.h"
+
+namespace tq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Nobody hears what the box says, and nothing is painted.
+class ReplayDriver : public Driver {
+ public:
+    ReplayDriver(Session& session, const fs::path& folder) : Driver(session) { folder_ = folder.string(); }
+};
+
+/// Kept files tell their size and checksum by their names; one that is not what it was is no use.
+void remove_spoilt_files(const fs::path& folder) {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (!name.starts_with("kept-")) continue;
+        std::string fault;
+        FileBytes bytes = read_file(entry.path().string(), fault);
+        if (!bytes || kept_name(*bytes) != name) fs::remove(entry.path(), error);
+    }
+}
+
+/// Without a last line, or several that are one, that is not whole.
+std::string_view whole_lines(std::string_view journal) {
+    constexpr std::string_view several = "\n.lines ";
+    journal = journal.substr(0, journal.rfind('\n') + 1);
+    const size_t at = journal.rfind(several);
+    if (at == journal.npos) return journal;
+    const auto ends = std::count(journal.begin() + static_cast<long>(at) + 1, journal.end(), '\n');
+    const long count = std::strtol(journal.data() + at + several.size(), nullptr, 10);
+    return ends > count ? journal : journal.substr(0, at + 1);
+}
+
+size_t size_of_lines(std::string_view text, long count) {
+    size_t end = 0;
+    for (; count > 0 && end < text.size(); --count) end = std::min(text.find('\n', end), text.size()) + 1;
+    return std::min(end, text.size());
+}
+
+std::string put_copy_aside(std::string_view journal, const fs::path& folder) {
+    std::error_code error;
+    const fs::path path = state_folder() / "damaged" / (folder.filename().string() + ".journal");
+    fs::create_directories(path.parent_path(), error);
+    std::string fault;
+    return write_file(path.string(), journal, fault) ? path.string() : fault;
+}
+
+}  // namespace
+
+Replay replay(Session& session, std::string_view journal, const fs::path& folder) {
+    if (!journal.starts_with(journal_head)) return {"it is no journal", 0};
+    ReplayDriver driver(session, folder);
+    std::istringstream lines{std::string(journal)};
+    try {
+        driver.run(lines, "journal");
+    } catch (const ScriptFault& fault) {
+        return {fmt::format("line {}: {}", fault.line, fault.what), size_of_lines(journal, fault.line - 1)};
+    }
+    return {"", journal.size()};
+}
+
+std::optional<Recovery> recover(const fs::path& path) {
+    std::optional<SessionFolder> folder = SessionFolder::take(path);
+    std::string fault;
+    FileBytes bytes = folder ? read_file(folder->journal_path().string(), fault) : nullptr;
+    if (!bytes) return {};
+    remove_spoilt_files(path);
+    const std::string_view journal = whole_lines(*bytes);
+    Recovery recovery{std::make_unique<Session>(), std::move(*folder),
+                      last_note(journal, working_folder_note).value_or(""), ""};
+    const Replay replayed = replay(*recovery.session, journal, path);
+    if (!replayed.fault.empty())
+        recovery.fault = replayed.fault + "; all before it is back, and the whole journal is kept in " +
+                         put_copy_aside(*bytes, path);
+    if (::ftruncate(recovery.folder.journal(), static_cast<off_t>(replayed.done)) != 0) return {};
+    return recovery;
+}
+
+}  // namespace tq

@@ -1,0 +1,14 @@
+// Where the program keeps what is neither a document nor a setting.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace tq {
+
+/// The program's folder among the user's state files (XDG_STATE_HOME); it need not exist.
+std::filesystem::path state_folder();
+/// The present moment, as part of a file name: the order of names is that of time.
+std::string time_stamp();
+
+}  // namespace tq

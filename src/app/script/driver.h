@@ -1,0 +1,92 @@
+// Drives a session by lines: a line is a message to the box, or begins with a dot and is the driver's own.
+#pragma once
+
+#include <deque>
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+#include "app/patch/session.h"
+
+namespace tq {
+
+/// A line that is not understood, or does not fit what happens.
+struct ScriptFault {
+    std::string file;
+    long line = 0;
+    std::string what;
+};
+
+/// What a file access will answer: ".file KIND [TEXT]".
+struct FileOutcome {
+    enum class Kind { Found, Missing, Read, Unreadable, Written, Unwritable };
+    Kind kind;
+    std::string text;  ///< the path found, the file that holds the bytes, or the reason
+};
+struct FileOutcomeName {
+    const char* name;
+    FileOutcome::Kind kind;
+    bool has_text;
+};
+inline constexpr FileOutcomeName file_outcome_names[] = {
+    {"found", FileOutcome::Kind::Found, true},      {"missing", FileOutcome::Kind::Missing, false},
+    {"read", FileOutcome::Kind::Read, true},        {"unreadable", FileOutcome::Kind::Unreadable, true},
+    {"written", FileOutcome::Kind::Written, false}, {"unwritable", FileOutcome::Kind::Unwritable, true}};
+
+/// Runs lines in virtual time. How time passes, what paints and who hears what is said are the business of
+/// those that derive from it. File dialogs and file accesses are answered from the lines, and by whoever
+/// answered them before when no line does.
+class Driver {
+ public:
+    explicit Driver(Session& session);
+    virtual ~Driver();
+    Driver(const Driver&) = delete;
+    Driver& operator=(const Driver&) = delete;
+
+    /// Runs all lines. Throws a ScriptFault at the first that is not understood.
+    void run(std::istream& lines, const std::string& name);
+    /// Runs one line; an empty one and a comment do nothing. Throws a ScriptFault without file and line.
+    void run_line(const std::string& line);
+    Session& session() { return session_; }
+
+ protected:
+    /// A line that ".show" prints, or a dialog that is asked for.
+    virtual void say(const std::string&) {}
+    /// ".wait": lets time pass.
+    virtual void wait(double ms);
+    /// ".size": gives the box a size.
+    virtual void resize(Size size);
+    /// ".paint": paints now, into a PNG when `file` is not empty.
+    virtual void paint(const std::string& file);
+    /// After each line.
+    virtual void line_done() {}
+
+    /// The lines are a recorded session: it is painted only where it says so, and no file is touched.
+    bool replaying() const { return replaying_; }
+    /// Where the files that lines name are; empty: in the working folder.
+    std::string folder_;
+
+ private:
+    friend struct DriverCommands;
+    struct Answer {
+        std::optional<std::string> file;  ///< none: cancelled
+        std::optional<double> ms;         ///< how long the dialog is open
+    };
+    void install_files();
+    std::optional<std::string> take_answer(const std::string& said,
+                                           const std::function<std::optional<std::string>()>& ask);
+    /// The outcome of the file access that is going on; none: it is to be done. Notes a fault when the lines
+    /// tell of another access.
+    std::optional<FileOutcome> take_outcome(FileOutcome::Kind good, FileOutcome::Kind bad);
+    FileBytes kept_bytes(const std::string& name, std::string& fault);
+    void note_fault(const std::string& what);
+
+    Session& session_;
+    PatchFiles outside_;  ///< who answered before
+    std::deque<Answer> answers_;
+    std::deque<FileOutcome> outcomes_;
+    std::optional<std::string> fault_;  ///< of the line that is being run
+    bool replaying_ = false;
+};
+
+}  // namespace tq

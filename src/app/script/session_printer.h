@@ -1,0 +1,31 @@
+// Prints everything that a session says, one line a thing.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "app/patch/session.h"
+
+namespace tq {
+
+class SessionPrinter : public SessionListener {
+ public:
+    /// With `times`, every line begins with the logical time in ms.
+    SessionPrinter(Session& session, std::ostream& out, bool times);
+    void say(const std::string& line);
+
+    void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
+    void dumpout(Symbol selector, AtomSpan atoms) override;
+    void receiver(Symbol name, Symbol selector, AtomSpan atoms) override;
+    void post(const std::string& text) override;
+    void error(const Object& object, const std::string& text) override;
+
+ private:
+    void say_message(const std::string& from, Symbol selector, AtomSpan atoms);
+
+    const Scheduler& scheduler_;
+    std::ostream& out_;
+    bool times_;
+};
+
+}  // namespace tq

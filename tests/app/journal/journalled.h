@@ -1,0 +1,30 @@
+// Sessions with a journal, in a state folder of the test's own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "app/journal/journal.h"
+#include "app/journal/recovery.h"
+#include "app/script_fixture.h"
+
+namespace tq::test {
+
+struct Journalled : testing::Test {
+    Journalled() { ::setenv("XDG_STATE_HOME", folder.path.c_str(), 1); }
+    static std::unique_ptr<Journal> begin(Session& session) {
+        std::string fault;
+        std::optional<SessionFolder> made = SessionFolder::make(fault);
+        EXPECT_TRUE(made) << fault;
+        return std::make_unique<Journal>(session, std::move(*made), true);
+    }
+    static std::string text_of(Journal& journal) {
+        EXPECT_TRUE(journal.drain());
+        return text_of_file(journal.folder().journal_path());
+    }
+    TemporaryFolder folder;
+};
+
+}  // namespace tq::test

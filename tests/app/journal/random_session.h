@@ -1,0 +1,119 @@
+// Sessions in virtual time that a seed chooses: everything that can be done to a box, with files that come
+// and go and dialogs that take their time.
+#pragma once
+
+#include <cmath>
+#include <random>
+
+#include "app/midi/files.h"
+#include "app/patch/host_calls.h"
+#include "app/patch/paint_offscreen.h"
+#include "file/random_document.h"
+#include "history/random_message.h"
+#include "temporary_folder.h"
+
+namespace tq::test {
+
+class RandomSession {
+ public:
+    RandomSession(Session& session, const TemporaryFolder& files, unsigned seed)
+        : session_(session), files_(files), random_(seed) {
+        files_.file_with("0.json", good_document);
+        files_.file_with("1.json", "{\"tq.sorvo\":");
+        Bytes midi = midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"});
+        files_.file_with("2.mid", {reinterpret_cast<const char*>(midi.data()), midi.size()});
+    }
+
+    /// Whoever answers dialogs, before anybody else asks.
+    void answer_dialogs() {
+        Patch& patch = session_.host().patch;
+        patch.open_dialog = [this] { return answer(); };
+        patch.save_dialog = [this](const std::string&) { return answer(); };
+    }
+
+    void act() {
+        switch (below(26)) {
+            case 0:
+                return call_size(session_, {300. + below(300), 250 + number()});
+            case 1:
+            case 2:
+                return call_wheel(session_, {250., 150.}, below(2) ? number() - 5 : 0, number() - 5);
+            case 3:
+                return call_focus(session_, below(2));
+            case 4:
+                return call_tempo(session_, 20 + 10 * number());
+            case 5:
+                return call_transport(session_, 100 * number());
+            case 6:
+                return call_feedback(session_, below(3));
+            case 7:
+            case 8:
+                return session_.paint([&] { painter_.paint(session_.box()); });
+            case 9:
+                return session_.send(below(2) ? "zoom_out" : "zoom_in");
+            case 10:
+                return session_.send("zoom_hor " + std::to_string(number() / 10));
+            case 11:
+                return session_.send("cyclerange " + std::to_string(below(900)) + " " +
+                                     std::to_string(900 + below(900)));
+            case 12:
+                return session_.send(below(2) ? "cycle 1" : "cycle 0");
+            case 13:
+                return session_.send("new_track_color " + std::to_string(below(3)));
+            case 14:
+            case 15:
+                return wait(number() * number() * 3);
+            case 16:
+                return wait(std::ldexp(std::floor(std::ldexp(number(), 20)), -20));
+            case 17:
+                return use_files();
+            case 18:
+                return session_.send(gensym("track_add"), Atoms{gensym("# two\nlines \"here\"")});
+            default:
+                return session_.send(random_message(random_, false));
+        }
+    }
+
+ private:
+    int below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+    double number() { return below(1000001) / 1e5; }
+    void wait(double ms) {
+        Scheduler& scheduler = session_.host().scheduler;
+        scheduler.run_until(on_time_grid(scheduler.now() + ms));
+    }
+    std::string file() { return files_.file(std::to_string(below(4)) + (below(4) ? ".json" : ".mid")); }
+    std::optional<std::string> answer() {
+        wait(number() * 30);
+        return below(3) ? std::optional(file()) : std::nullopt;
+    }
+    void use_files() {
+        switch (below(8)) {
+            case 0:
+                session_.open(file());
+                return;
+            case 1:
+                return session_.send("read \"" + file() + "\"");
+            case 2:
+                return session_.send(below(2) ? "read" : "readagain");
+            case 3:
+                return session_.send("write \"" + (below(4) ? file() : files_.file("none/x.json")) + "\"");
+            case 4:
+                return session_.send(below(2) ? "write" : "writeagain");
+            case 5:  // somebody else writes
+                files_.file_with(std::to_string(below(4)) + ".json", good_document);
+                return;
+            case 6:
+                RandomDocument(static_cast<unsigned>(below(1000))).make(session_);
+                return;
+            default:
+                std::filesystem::remove(file());
+        }
+    }
+
+    Session& session_;
+    const TemporaryFolder& files_;
+    std::mt19937 random_;
+    OffscreenPainter painter_;
+};
+
+}  // namespace tq::test

@@ -1,0 +1,74 @@
+// What a journal tells is done again: the same session comes of it, to the last thing that it says.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "app/journal/journalled.h"
+#include "app/journal/random_session.h"
+#include "app/script/session_printer.h"
+#include "file/document_writer.h"
+
+namespace tq::test {
+namespace {
+
+/// A session, and all that it says with the times at which it does.
+struct HeardSession {
+    Session session;
+    std::ostringstream said;
+    SessionPrinter printer{session, said, true};
+};
+
+/// All that a session has, as far as it can be asked; the history as well.
+std::string state_of(HeardSession& heard) {
+    heard.said.str("");
+    heard.session.send("undoredo_dump");
+    const Prseq& box = heard.session.box();
+    std::string document = TQ_Prseq_Json_MakeDictionary(box, true);
+    size_t date = document.find("\"date\"");
+    document.erase(date, document.find('\n', date) - date);
+    std::ostringstream state;
+    state.precision(17);
+    state << document << heard.said.str() << heard.session.host().scheduler.now() << ' ' << box.info.filename
+          << ' ' << box.info.folder << ' ' << box.info.dirty << ' ' << box.eventcounter << ' ' << box.playing
+          << ' ' << box.linecursor.position << ' ' << itm_getticks(*box.transport) << ' '
+          << itm_gettempo(*box.transport) << ' ' << box.horscrollbar.scrollvalue << ' '
+          << box.maindisplay.horizontalzoom << ' ' << box.width << ' ' << box.focus << ' '
+          << heard.session.feedback << ' ' << heard.session.host().random();
+    return state.str();
+}
+
+void go_the_same_way_after_a_replay(unsigned seed) {
+    TemporaryFolder files;
+    HeardSession first, second;
+    RandomSession random(first.session, files, seed);
+    random.answer_dialogs();
+    second.session.host().random.seed(seed);  // what chance does is told by the journal as well
+    std::unique_ptr<Journal> journal = Journalled::begin(first.session);
+    for (int i = 0; i < 120; ++i) random.act();
+    first.session.send("getdirty");  // what was painted before is told with a call
+    const std::string text = Journalled::text_of(*journal);
+    for (const auto& file : std::filesystem::directory_iterator(files.path))
+        std::filesystem::remove(file);  // a replay needs none of them
+    const Replay replayed = replay(second.session, text, journal->folder().path());
+    ASSERT_EQ(replayed.fault, "") << text.substr(replayed.done, 200);
+    ASSERT_TRUE(same_lines(lines_of(second.said.str()), lines_of(first.said.str())));
+    ASSERT_TRUE(same_lines(lines_of(state_of(second)), lines_of(state_of(first))));
+    ASSERT_TRUE(std::filesystem::is_empty(files.path)) << "a replay writes nothing";
+    for (HeardSession* heard : {&first, &second}) {
+        std::mt19937 further(seed);
+        for (int i = 0; i < 10; ++i) heard->session.send(random_message(further, true));
+        heard->session.send("undoredo -1");
+    }
+    ASSERT_TRUE(same_lines(lines_of(state_of(second)), lines_of(state_of(first))));
+}
+
+TEST_F(Journalled, sessionsComeBackAsTheyWere) {
+    constexpr unsigned runs = 300;
+    for (unsigned seed = 1; seed <= runs && !HasFatalFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        go_the_same_way_after_a_replay(seed);
+    }
+}
+
+}  // namespace
+}  // namespace tq::test
