@@ -24,9 +24,9 @@ int write_latest(const DeadSession& latest, const std::string& target) {
         std::fprintf(stderr, "sorvo: could not bring back %s\n", latest.folder.c_str());
         return 1;
     }
-    if (!recovery->fault.empty())
+    if (!recovery->replay.fault.empty())
         std::fprintf(stderr, "sorvo: the session did not come back as a whole: %s\n",
-                     recovery->fault.c_str());
+                     recovery->replay.fault.c_str());
     std::string fault;
     const std::string text = TQ_Prseq_Json_MakeDictionary(recovery->session->box(), true) + "\n";
     if (write_file(target, text, fault)) return 0;

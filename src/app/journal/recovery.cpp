@@ -18,23 +18,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Nobody hears what the box says, and nothing is painted.
+/// Nobody hears what the box says, and nothing is painted. Kept files tell their size and checksum by their
+/// names; one that is not what it was is no use.
 class ReplayDriver : public Driver {
  public:
-    ReplayDriver(Session& session, const fs::path& folder) : Driver(session) { folder_ = folder.string(); }
-};
+    ReplayDriver(Session& session, const fs::path& folder) : Driver(session), folder_(folder) {}
 
-/// Kept files tell their size and checksum by their names; one that is not what it was is no use.
-void remove_spoilt_files(const fs::path& folder) {
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        const std::string name = entry.path().filename().string();
-        if (!name.starts_with("kept-")) continue;
-        std::string fault;
-        FileBytes bytes = read_file(entry.path().string(), fault);
-        if (!bytes || kept_name(*bytes) != name) fs::remove(entry.path(), error);
+ private:
+    FileBytes kept_bytes(const std::string& name, std::string& fault) override {
+        FileBytes bytes = read_file((folder_ / name).string(), fault);
+        if (!bytes || kept_name(*bytes) == name) return bytes;
+        fault = "it is not what was kept";
+        return nullptr;
     }
-}
+    const fs::path& folder_;
+};
 
 /// Without a last line, or several that are one, that is not whole.
 std::string_view whole_lines(std::string_view journal) {
@@ -53,12 +51,13 @@ size_t size_of_lines(std::string_view text, long count) {
     return std::min(end, text.size());
 }
 
-std::string put_copy_aside(std::string_view journal, const fs::path& folder) {
+/// Where the copy is, or why there is none.
+std::string put_copy_aside(const SessionFolder& folder) {
     std::error_code error;
-    const fs::path path = state_folder() / "damaged" / (folder.filename().string() + ".journal");
+    const fs::path path = state_folder() / "damaged" / (folder.path().filename().string() + ".journal");
     fs::create_directories(path.parent_path(), error);
-    std::string fault;
-    return write_file(path.string(), journal, fault) ? path.string() : fault;
+    fs::copy_file(folder.journal_path(), path, fs::copy_options::overwrite_existing, error);
+    return error ? error.message() : path.string();
 }
 
 }  // namespace
@@ -80,16 +79,20 @@ std::optional<Recovery> recover(const fs::path& path) {
     std::string fault;
     FileBytes bytes = folder ? read_file(folder->journal_path().string(), fault) : nullptr;
     if (!bytes) return {};
-    remove_spoilt_files(path);
     const std::string_view journal = whole_lines(*bytes);
-    Recovery recovery{std::make_unique<Session>(), std::move(*folder),
-                      last_note(journal, working_folder_note).value_or(""), ""};
-    const Replay replayed = replay(*recovery.session, journal, path);
+    auto session = std::make_unique<Session>();
+    Replay replayed = replay(*session, journal, path);
+    return Recovery{std::move(session), std::move(*folder),
+                    last_note(journal, working_folder_note).value_or(""), std::move(replayed)};
+}
+
+std::unique_ptr<Journal> go_on(Session& session, Recovery& recovery) {
+    Replay& replayed = recovery.replay;
     if (!replayed.fault.empty())
-        recovery.fault = replayed.fault + "; all before it is back, and the whole journal is kept in " +
-                         put_copy_aside(*bytes, path);
-    if (::ftruncate(recovery.folder.journal(), static_cast<off_t>(replayed.done)) != 0) return {};
-    return recovery;
+        replayed.fault +=
+            "; what came before is back, and all of the journal is kept: " + put_copy_aside(recovery.folder);
+    if (::ftruncate(recovery.folder.journal(), static_cast<off_t>(replayed.done)) != 0) return nullptr;
+    return std::make_unique<Journal>(session, std::move(recovery.folder), false);
 }
 
 }  // namespace tq

@@ -51,7 +51,7 @@ void Driver::run(std::istream& lines, const std::string& name) {
         const long first = number;
         try {
             if (line.starts_with(several)) line = joined_lines(line.substr(several.size()), lines, number);
-            run_line(trimmed(line));
+            run_line(line);
         } catch (ScriptFault& fault) {
             fault.file = name;
             fault.line = first;
@@ -61,7 +61,8 @@ void Driver::run(std::istream& lines, const std::string& name) {
     }
 }
 
-void Driver::run_line(const std::string& line) {
+void Driver::run_line(const std::string& text) {
+    const std::string line = trimmed(text);
     if (line.empty() || line[0] == '#') return;
     if (is_driver_line(line))
         run_command(*this, line);
@@ -95,9 +96,11 @@ void Driver::install_files() {
     files.read = [this](const std::string& path, std::string& fault) {
         std::optional<FileOutcome> outcome = take_outcome(Kind::Read, Kind::Unreadable);
         if (!outcome) return outside_.read(path, fault);
-        if (outcome->kind == Kind::Read) return kept_bytes(outcome->text, fault);
         fault = outcome->text;
-        return FileBytes();
+        if (outcome->kind != Kind::Read) return FileBytes();
+        FileBytes bytes = kept_bytes(outcome->text, fault);
+        if (!bytes) note_fault("could not read \"" + outcome->text + "\": " + fault);
+        return bytes;
     };
     files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
         std::optional<FileOutcome> outcome = take_outcome(Kind::Written, Kind::Unwritable);
@@ -131,12 +134,7 @@ std::optional<FileOutcome> Driver::take_outcome(Kind good, Kind bad) {
     return outcome;
 }
 
-/// What a recorded session has read must be there.
-FileBytes Driver::kept_bytes(const std::string& name, std::string& fault) {
-    FileBytes bytes = read_file(path_in_folder(folder_, name), fault);
-    if (!bytes) note_fault("could not read \"" + name + "\": " + fault);
-    return bytes;
-}
+FileBytes Driver::kept_bytes(const std::string& name, std::string& fault) { return read_file(name, fault); }
 
 void Driver::note_fault(const std::string& what) {
     if (!fault_) fault_ = what;

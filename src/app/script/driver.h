@@ -46,7 +46,7 @@ class Driver {
     /// Runs all lines. Throws a ScriptFault at the first that is not understood.
     void run(std::istream& lines, const std::string& name);
     /// Runs one line; an empty one and a comment do nothing. Throws a ScriptFault without file and line.
-    void run_line(const std::string& line);
+    void run_line(const std::string& text);
     Session& session() { return session_; }
 
  protected:
@@ -58,13 +58,13 @@ class Driver {
     virtual void resize(Size size);
     /// ".paint": paints now, into a PNG when `file` is not empty.
     virtual void paint(const std::string& file);
+    /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.
+    virtual FileBytes kept_bytes(const std::string& name, std::string& fault);
     /// After each line.
     virtual void line_done() {}
 
     /// The lines are a recorded session: it is painted only where it says so, and no file is touched.
     bool replaying() const { return replaying_; }
-    /// Where the files that lines name are; empty: in the working folder.
-    std::string folder_;
 
  private:
     friend struct DriverCommands;
@@ -78,7 +78,6 @@ class Driver {
     /// The outcome of the file access that is going on; none: it is to be done. Notes a fault when the lines
     /// tell of another access.
     std::optional<FileOutcome> take_outcome(FileOutcome::Kind good, FileOutcome::Kind bad);
-    FileBytes kept_bytes(const std::string& name, std::string& fault);
     void note_fault(const std::string& what);
 
     Session& session_;

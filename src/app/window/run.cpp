@@ -21,12 +21,13 @@ std::optional<Recovery> wanted_recovery(const std::vector<DeadSession>& dead, co
 }
 
 /// A session that was brought back goes on in its own journal and its own working folder, and stands still.
-void go_on(MainWindow& window, Recovery& recovery) {
+void bring_back(MainWindow& window, Recovery& recovery) {
     std::error_code ignored;
     if (!recovery.working_folder.empty()) std::filesystem::current_path(recovery.working_folder, ignored);
-    window.keep_journal(std::make_unique<Journal>(window.session(), std::move(recovery.folder), false));
+    window.keep_journal(go_on(window.session(), recovery));
     if (window.session().box().playing) window.session().send("int 0");
-    if (!recovery.fault.empty()) window.tell("the session did not come back as a whole: " + recovery.fault);
+    if (const std::string& fault = recovery.replay.fault; !fault.empty())
+        window.tell("the session did not come back as a whole: " + fault);
 }
 
 void begin_journal(MainWindow& window) {
@@ -51,7 +52,7 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     if (options.lines) input.emplace(window, !can_ask);
     for (const std::string& note : dead.notes) window.tell(note);
     if (recovery)
-        go_on(window, *recovery);
+        bring_back(window, *recovery);
     else
         begin_journal(window);
     if (!options.prepare(window.session())) return 1;

@@ -108,7 +108,7 @@ TEST(Kill, atAnyMomentLosesAtMostTheLastSecond) {
             EXPECT_EQ(certain, 0);
             continue;
         }
-        EXPECT_EQ(recovery->fault, "");
+        EXPECT_EQ(recovery->replay.fault, "");
         EXPECT_GE(numbered_events(*recovery->session), certain);
         killed.expect_the_history(*recovery->session);
     }
@@ -129,7 +129,7 @@ TEST(Kill, aSecondTimeLosesNothingEither) {
     }
     std::optional<Recovery> recovery = killed.recovered();
     ASSERT_TRUE(recovery);
-    EXPECT_EQ(recovery->fault, "");
+    EXPECT_EQ(recovery->replay.fault, "");
     EXPECT_EQ(numbered_events(*recovery->session), killed.sent);
     EXPECT_EQ(recovery->session->box().info.filename, "other.json") << "what a dialog answered";
     EXPECT_FALSE(recovery->session->box().info.dirty);

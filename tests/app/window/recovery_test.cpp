@@ -59,7 +59,7 @@ TEST_F(EarlierSessions, comeBackOrGoOrWaitAsTheUserSays) {
     EXPECT_EQ(find_dead_sessions().sessions.size(), 1u) << "one is gone, one is held";
 
     MainWindow window({nullptr, "not in a test"}, std::move(recovery->session));
-    window.keep_journal(std::make_unique<Journal>(window.session(), std::move(recovery->folder), false));
+    window.keep_journal(go_on(window.session(), *recovery));
     window.show();
     window.session().send("undo");
     EXPECT_TRUE(window.session().box().tracks.empty());
