@@ -8,8 +8,10 @@
 #include "app/midi/files.h"
 #include "app/patch/host_calls.h"
 #include "app/patch/paint_offscreen.h"
+#include "app/patch/sound_files.h"
 #include "file/random_document.h"
 #include "history/random_message.h"
+#include "sounds.h"
 #include "temporary_folder.h"
 
 namespace tq::test {
@@ -32,7 +34,7 @@ class RandomSession {
     }
 
     void act() {
-        switch (below(26)) {
+        switch (below(28)) {
             case 0:
                 return call_size(session_, {300. + below(300), 250 + number()});
             case 1:
@@ -67,6 +69,9 @@ class RandomSession {
                 return wait(std::ldexp(std::floor(std::ldexp(number(), 20)), -20));
             case 17:
                 return use_files();
+            case 19:
+            case 20:
+                return use_sounds();
             case 18:
                 return session_.send(gensym("track_add"), Atoms{gensym("# two\nlines \"here\"")});
             default:
@@ -110,9 +115,29 @@ class RandomSession {
         }
     }
 
+    /// Sounds that come and go, beside the document and by name, and events that link to them.
+    void use_sounds() {
+        const std::string name = below(2) ? "kick" : "snare", path = files_.file(name + ".wav");
+        switch (below(8)) {
+            case 0:
+            case 1:
+                write_silence(path, static_cast<size_t>(1 + below(4000)));
+                return;
+            case 2:
+                std::filesystem::remove(path);
+                return;
+            case 3:
+                return call_buffer(session_, name, below(3) ? path : "");
+            default:
+                return session_.send("event id " + std::to_string(below(40)) + " <buffer> " + name +
+                                     (below(2) ? " 1" : "") + " </buffer>");
+        }
+    }
+
     Session& session_;
     const TemporaryFolder& files_;
     std::mt19937 random_;
+    SoundFiles sounds_{session_};
     OffscreenPainter painter_;
 };
 
