@@ -130,9 +130,27 @@ double ns_of(const Operation& operation, Editing& editing) {
     return operation.whole ? best / static_cast<double>(editing.count()) : sum / runs;
 }
 
+/// ns an undoable edit when the history holds so many: each reports the whole list.
+double ns_with_history(size_t items) {
+    Session session;
+    const Symbol active = gensym("track_active");
+    session.send("track_add");
+    session.send("track_add");
+    auto edit = [&](size_t i) { session.send(active, Atoms{static_cast<long>(i % 2)}); };
+    for (size_t i = 0; i < items; ++i) edit(i);
+    constexpr size_t measured = 200;
+    return cpu_of([&] {
+               for (size_t i = 0; i < measured; ++i) edit(i);
+           }) *
+           1e9 / measured;
+}
+
 }  // namespace
 
 void editing_rows() {
+    row("an undoable edit, 100 in the history", ns_with_history(100), "ns");
+    row("an undoable edit, 10 k in the history", ns_with_history(10000), "ns");
+
     constexpr size_t sizes[] = {1000, 100000, 1000000};
     std::vector<std::unique_ptr<Editing>> documents;
     for (size_t size : sizes) documents.push_back(std::make_unique<Editing>(size));

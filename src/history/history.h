@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/symbol.h"
+
 namespace tq {
 
 struct Prseq;
@@ -15,6 +17,7 @@ struct UndoItem {
     virtual ~UndoItem() = default;
     /// The text that menus and reports show.
     virtual std::string name() const = 0;
+    Symbol reportedname;  ///< the same, once the item is in the history
     virtual void undo(Prseq& object) = 0;
     virtual void redo(Prseq& object) = 0;
 };

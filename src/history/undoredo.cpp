@@ -1,5 +1,7 @@
 #include "history/undoredo.h"
 
+#include <initializer_list>
+
 #include "history/capture.h"
 #include "host/outlet.h"
 #include "shell/change.h"
@@ -10,8 +12,8 @@ namespace tq {
 
 namespace {
 
-void report(Prseq& object, const Atoms& atoms) {
-    outlet_anything(object, OutletSystemInfo, tq_sym_undoredo, atoms);
+void report(Prseq& object, std::initializer_list<Atom> atoms) {
+    outlet_anything(object, OutletSystemInfo, tq_sym_undoredo, AtomSpan(atoms.begin(), atoms.size()));
 }
 
 UndoItem* item_at(const History& history, long index) {
@@ -24,6 +26,7 @@ UndoItem* item_at(const History& history, long index) {
 void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item) {
     History& history = object.history;
     while (static_cast<long>(history.items.size()) > history.cursor + 1) history.items.pop_back();
+    item->reportedname = gensym(item->name());
     history.items.push_back(std::move(item));
     ++history.cursor;
     TQ_Prseq_Undoredo_Dump(object);
@@ -65,7 +68,7 @@ std::optional<std::string> TQ_Prseq_Undoredo_RedoMenu(const Prseq& object) {
 void TQ_Prseq_Undoredo_Dump(Prseq& object) {
     report(object, {tq_sym_clear});
     if (object.history.cursor >= 0)
-        for (const auto& item : object.history.items) report(object, {tq_sym_append, gensym(item->name())});
+        for (const auto& item : object.history.items) report(object, {tq_sym_append, item->reportedname});
     report(object, {tq_sym_done});
 }
 

@@ -45,10 +45,24 @@ bool write_all(const File& file, std::string_view bytes) {
     return true;
 }
 
-/// The bytes on disk under a name of their own; false with errno set.
+bool write_and_sync(const File& file, std::string_view bytes) {
+    return write_all(file, bytes) && ::fsync(file.descriptor()) == 0;
+}
+
+/// The bytes on disk under a name of their own; false with errno set. Where the system can, the file gets its
+/// name when it is whole: a program that is killed leaves nothing behind.
 bool write_beside(const std::string& beside, std::string_view bytes, mode_t mode) {
+    const fs::path folder = fs::path(beside).parent_path();
+    File nameless(folder.empty() ? "." : folder.string(), O_WRONLY | O_TMPFILE, mode);
+    if (nameless) {
+        if (!write_and_sync(nameless, bytes)) return false;
+        const std::string open_file = "/proc/self/fd/" + std::to_string(nameless.descriptor());
+        ::unlink(beside.c_str());
+        if (::linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, beside.c_str(), AT_SYMLINK_FOLLOW) == 0)
+            return nameless.close();
+    }
     File file(beside, O_WRONLY | O_CREAT | O_TRUNC, mode);
-    return file && write_all(file, bytes) && ::fsync(file.descriptor()) == 0 && file.close();
+    return file && write_and_sync(file, bytes) && file.close();
 }
 
 /// Whether the path leads to something that is no file to be replaced: a device, a pipe, a terminal.

@@ -1,12 +1,18 @@
 #include "app/journal/recovery.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
+#include <charconv>
 #include <cstdlib>
+#include <fstream>
 #include <sstream>
 
+#include "app/journal/crash_note.h"
 #include "app/journal/journal_file.h"
 #include "app/patch/state_folder.h"
 #include "app/script/driver.h"
@@ -18,13 +24,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A replay that breaks the program down leaves the number of the line that did, and the next one stops
+/// before it.
+fs::path broken_line_path(const fs::path& folder) { return folder / "broken-line"; }
+
 /// Nobody hears what the box says, and nothing is painted. Kept files tell their size and checksum by their
 /// names; one that is not what it was is no use.
-class ReplayDriver : public Driver {
+class ReplayDriver : public Driver, private CrashWitness {
  public:
-    ReplayDriver(Session& session, const fs::path& folder) : Driver(session), folder_(folder) {}
+    ReplayDriver(Session& session, const fs::path& folder)
+        : Driver(session), folder_(folder), broken_line_path_(broken_line_path(folder).string()) {
+        std::ifstream(broken_line_path_) >> broken_line_;
+        witness_crashes(this);
+    }
+    ~ReplayDriver() override { witness_crashes(nullptr); }
 
  private:
+    void line_begins(long number) override {
+        line_ = number;
+        if (number == broken_line_)
+            throw ScriptFault{"", 0, "it broke the program down when it was done again"};
+    }
+    void crashed() noexcept override {
+        std::array<char, 24> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), line_.load()).ptr;
+        const int file = ::open(broken_line_path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        if (file < 0) return;
+        if (::write(file, digits.data(), static_cast<size_t>(end - digits.data())) >= 0) ::fsync(file);
+        ::close(file);
+    }
     FileBytes kept_bytes(const std::string& name, std::string& fault) override {
         FileBytes bytes = read_file((folder_ / name).string(), fault);
         if (!bytes || kept_name(*bytes) == name) return bytes;
@@ -32,6 +60,9 @@ class ReplayDriver : public Driver {
         return nullptr;
     }
     const fs::path& folder_;
+    const std::string broken_line_path_;
+    long broken_line_ = 0;
+    std::atomic<long> line_ = 0;
 };
 
 /// Without a last line, or several that are one, that is not whole.
@@ -92,6 +123,8 @@ std::unique_ptr<Journal> go_on(Session& session, Recovery& recovery) {
         replayed.fault +=
             "; what came before is back, and all of the journal is kept: " + put_copy_aside(recovery.folder);
     if (::ftruncate(recovery.folder.journal(), static_cast<off_t>(replayed.done)) != 0) return nullptr;
+    std::error_code ignored;
+    fs::remove(broken_line_path(recovery.folder.path()), ignored);
     return std::make_unique<Journal>(session, std::move(recovery.folder), false);
 }
 

@@ -51,6 +51,7 @@ void Driver::run(std::istream& lines, const std::string& name) {
         const long first = number;
         try {
             if (line.starts_with(several)) line = joined_lines(line.substr(several.size()), lines, number);
+            line_begins(first);
             run_line(line);
         } catch (ScriptFault& fault) {
             fault.file = name;

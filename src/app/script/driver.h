@@ -60,6 +60,8 @@ class Driver {
     virtual void paint(const std::string& file);
     /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.
     virtual FileBytes kept_bytes(const std::string& name, std::string& fault);
+    /// Before each line; may throw a ScriptFault.
+    virtual void line_begins(long /*number*/) {}
     /// After each line.
     virtual void line_done() {}
 

@@ -12,9 +12,10 @@ enum class Wish { BringBack, Later, Discard };
 
 Wish ask(const DeadSession& session, size_t more) {
     const QString name = session.document.empty()
-                             ? QString("A document that was never saved")
+                             ? QString("a document that was never saved")
                              : QFileInfo(QString::fromStdString(session.document)).fileName();
-    QMessageBox box(QMessageBox::Question, "sorvo", name + " ended unexpectedly. Bring it back?");
+    QMessageBox box(QMessageBox::Question, "sorvo",
+                    "A session with " + name + " ended unexpectedly. Bring it back?");
     QString told = "Last changed " + QString::fromStdString(session.ended) + ", with its editing history.";
     if (more > 0) told += QString("\n%1 more wait.").arg(more);
     box.setInformativeText(told);

@@ -107,6 +107,29 @@ TEST_F(DamagedJournal, byACrashHasAllBeforeItAndTellsWhatWasRunning) {
     EXPECT_EQ(tracks(*recover(dead.sessions[0].folder)), 20u);
 }
 
+TEST_F(DamagedJournal, whoseReplayBreaksTheProgramDownStopsThereTheNextTime) {
+    const fs::path path = dead_session();
+    if (::fork() == 0) {
+        Session session;
+        session.host().patch.outlet = [](auto&, int, Symbol, AtomSpan atoms) {
+            for (const Atom& atom : atoms)
+                if (atom.is_symbol() && atom.as_symbol().text() == "T7") std::abort();
+        };
+        replay(session, text_of_file(path / "journal"), path);
+        std::_Exit(0);
+    }
+    int status = 0;
+    ::wait(&status);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    std::optional<Recovery> recovery = recover(path);
+    ASSERT_TRUE(recovery);
+    EXPECT_EQ(tracks(*recovery), 2 + 7u);
+    EXPECT_NE(recovery->replay.fault.find("broke the program down"), std::string::npos);
+    go_on(*recovery->session, *recovery).reset();
+    recovery.reset();
+    EXPECT_EQ(recover(path)->replay.fault, "");
+}
+
 TEST_F(DamagedJournal, thatIsNoneIsPutAsideWithOneMessage) {
     const fs::path garbage = dead_session(), good = dead_session();
     overwrite(garbage / "journal", std::string(5000, '\0'));
