@@ -5,6 +5,7 @@
 #include "app/patch/import.h"
 #include "file/document_messages.h"
 #include "file/document_writer.h"
+#include "interaction/key_commands.h"
 #include "shell/change.h"
 #include "view/mousewheel.h"
 
@@ -31,6 +32,16 @@ void call_size(Session& session, Size size) {
 void call_wheel(Session& session, Point at, double dx, double dy) {
     session.call([&] { return fmt::format(".wheel {} {} {} {}", at.x, at.y, dx, dy); },
                  [&] { prseq_mousewheel(session.box(), at.x, at.y, 0, dx, dy); });
+}
+
+void call_key(Session& session, long code, unsigned modifiers) {
+    auto line = [&] {
+        std::string text = fmt::format(".key {}", code);
+        for (const ModifierName& row : modifier_names)
+            if (modifiers & row.bit) text += fmt::format(" {}", row.name);
+        return text;
+    };
+    session.call(line, [&] { prseq_key(session.box(), code, modifiers); });
 }
 
 void call_focus(Session& session, bool in) {

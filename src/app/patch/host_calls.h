@@ -7,13 +7,26 @@
 #include <string>
 
 #include "app/patch/session.h"
+#include "host/modifiers.h"
 
 namespace tq {
+
+/// What lines call the modifier keys.
+struct ModifierName {
+    const char* name;
+    Modifier bit;
+};
+inline constexpr ModifierName modifier_names[] = {{"command", modifier_command},
+                                                  {"shift", modifier_shift},
+                                                  {"control", modifier_control},
+                                                  {"option", modifier_option}};
 
 /// ".size W H": pixels, held to what the box can be.
 void call_size(Session& session, Size size);
 /// ".wheel X Y DX DY": box coordinates, and turns in the host's units.
 void call_wheel(Session& session, Point at, double dx, double dy);
+/// ".key CODE [shift] [control] [option] [command]": a key of interaction/key_commands.h, or a character.
+void call_key(Session& session, long code, unsigned modifiers);
 /// ".focus in|out"
 void call_focus(Session& session, bool in);
 /// ".tempo BPM", ".transport MS", ".feedback on|off": the host's transport.

@@ -88,6 +88,17 @@ struct DriverCommands {
         words.end();
         call_wheel(driver.session_, {x, y}, dx, dy);
     }
+    static void key(Driver& driver, Words& words) {
+        const long code = static_cast<long>(words.number_between("key code", -1000, 0x10ffff));
+        unsigned modifiers = 0;
+        while (words.more()) {
+            const std::string name = words.word("a modifier");
+            auto row = std::ranges::find(modifier_names, name, &ModifierName::name);
+            if (row == std::end(modifier_names)) fault("no modifier: " + name);
+            modifiers |= row->bit;
+        }
+        call_key(driver.session_, code, modifiers);
+    }
     static void focus(Driver& driver, Words& words) {
         bool in = words.either("in", "out");
         words.end();
@@ -191,15 +202,16 @@ struct CommandRow {
 };
 
 constexpr CommandRow commands[] = {
-    {".wait", DriverCommands::wait},           {".size", DriverCommands::size},
-    {".paint", DriverCommands::paint},         {".wheel", DriverCommands::wheel},
-    {".focus", DriverCommands::focus},         {".tempo", DriverCommands::tempo},
-    {".transport", DriverCommands::transport}, {".feedback", DriverCommands::feedback},
-    {".receiver", DriverCommands::receiver},   {".answer", DriverCommands::answer},
-    {".buffer", DriverCommands::buffer},       {".sound", DriverCommands::sound},
-    {".show", DriverCommands::show},           {".open", DriverCommands::open},
-    {".import", DriverCommands::import},       {".seed", DriverCommands::seed},
-    {".file", DriverCommands::file},           {".replay", DriverCommands::replay},
+    {".wait", DriverCommands::wait},         {".size", DriverCommands::size},
+    {".paint", DriverCommands::paint},       {".wheel", DriverCommands::wheel},
+    {".key", DriverCommands::key},           {".focus", DriverCommands::focus},
+    {".tempo", DriverCommands::tempo},       {".transport", DriverCommands::transport},
+    {".feedback", DriverCommands::feedback}, {".receiver", DriverCommands::receiver},
+    {".answer", DriverCommands::answer},     {".buffer", DriverCommands::buffer},
+    {".sound", DriverCommands::sound},       {".show", DriverCommands::show},
+    {".open", DriverCommands::open},         {".import", DriverCommands::import},
+    {".seed", DriverCommands::seed},         {".file", DriverCommands::file},
+    {".replay", DriverCommands::replay},
 };
 
 }  // namespace

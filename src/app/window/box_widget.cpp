@@ -1,9 +1,11 @@
 #include "app/window/box_widget.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include "app/patch/host_calls.h"
+#include "app/window/keys.h"
 #include "app/window/wheel.h"
 #include "host/graphics.h"
 #include "host/qt/painter.h"
@@ -62,6 +64,12 @@ void BoxWidget::wheelEvent(QWheelEvent* event) {
     const Point at{event->position().x(), event->position().y()};
     timer_.act([this, at, delta] { call_wheel(session_, at, delta.dx, delta.dy); });
     event->accept();
+}
+
+void BoxWidget::keyPressEvent(QKeyEvent* event) {
+    const std::optional<KeyPress> key = key_press(*event);
+    if (!key) return QWidget::keyPressEvent(event);
+    timer_.act([this, key] { call_key(session_, key->code, key->modifiers); });
 }
 
 void BoxWidget::set_focus(bool focus) {

@@ -22,6 +22,7 @@ class BoxWidget : public QWidget, private SessionListener {
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent*) override { set_focus(true); }
     void focusOutEvent(QFocusEvent*) override { set_focus(false); }
 

@@ -38,6 +38,16 @@ constexpr KeyedMessage keyed_messages[] = {{QKeySequence::Undo, "undo"},
                                            {QKeySequence::Save, "writeagain"},
                                            {QKeySequence::SaveAs, "write"}};
 
+/// What everybody expects of these beside the box's own keys.
+struct KeyedKey {
+    QKeySequence::StandardKey key;
+    char character;
+};
+constexpr KeyedKey keyed_keys[] = {{QKeySequence::Cut, 'x'},
+                                   {QKeySequence::Copy, 'c'},
+                                   {QKeySequence::Paste, 'v'},
+                                   {QKeySequence::SelectAll, 'a'}};
+
 const char* const document_files = "Documents (*.json);;All files (*)";
 
 /// The file that is dragged, or an empty path.
@@ -121,6 +131,12 @@ void MainWindow::connect_parts() {
     for (const KeyedMessage& row : keyed_messages) {
         auto* shortcut = new QShortcut(QKeySequence(row.key), this);
         connect(shortcut, &QShortcut::activated, this, [this, message = row.message] { send(message); });
+    }
+    for (const KeyedKey& row : keyed_keys) {
+        auto* shortcut = new QShortcut(QKeySequence(row.key), this);
+        connect(shortcut, &QShortcut::activated, this, [this, character = row.character] {
+            timer_.act([this, character] { call_key(session_, character, 0); });
+        });
     }
     auto* quit = new QShortcut(QKeySequence::Quit, this);
     connect(quit, &QShortcut::activated, this, &QWidget::close);

@@ -41,7 +41,7 @@ class RandomSession {
             case 2:
                 return call_wheel(session_, {250., 150.}, below(2) ? number() - 5 : 0, number() - 5);
             case 3:
-                return call_focus(session_, below(2));
+                return below(3) ? call_key(session_, "acxvz"[below(5)], 0) : call_focus(session_, below(2));
             case 4:
                 return call_tempo(session_, 20 + 10 * number());
             case 5:

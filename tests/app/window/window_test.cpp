@@ -80,6 +80,21 @@ TEST_F(WindowTest, SpaceStartsAndStopsAndTimePasses) {
     EXPECT_FALSE(part<QToolButton>("play").isChecked());
 }
 
+TEST_F(WindowTest, KeysReachTheBox) {
+    session.send("event start 0 <note> 60 90 </note>");
+    session.send("event start 100 <note> 62 90 </note>");
+    press(Qt::Key_A);
+    EXPECT_EQ(box.tracks[0]->events.selected().size(), 2u);
+    press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(box.tracks[0]->events.size(), 0u);
+    press(Qt::Key_V);
+    press(Qt::Key_Delete);
+    press(Qt::Key_Z);
+    EXPECT_EQ(box.tracks[0]->events.size(), 2u);
+    press(Qt::Key_Z, Qt::ShiftModifier);
+    EXPECT_EQ(box.tracks[0]->events.size(), 0u);
+}
+
 TEST_F(WindowTest, TheConsoleSendsLinesAndShowsWhatTheBoxSays) {
     EXPECT_TRUE(part<QLineEdit>("console line").isHidden() || !part<QLineEdit>("console line").isVisible());
     press(Qt::Key_K, Qt::ControlModifier);

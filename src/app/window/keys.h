@@ -1,0 +1,18 @@
+// Keys of the toolkit as the box knows them.
+#pragma once
+
+#include <optional>
+
+class QKeyEvent;
+
+namespace tq {
+
+struct KeyPress {
+    long code = 0;           ///< a character, or one of interaction/key_commands.h
+    unsigned modifiers = 0;  ///< bits of host/modifiers.h
+};
+
+/// None for keys that the box knows nothing of.
+std::optional<KeyPress> key_press(const QKeyEvent& event);
+
+}  // namespace tq

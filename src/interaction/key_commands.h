@@ -1,0 +1,14 @@
+// What keys do while the box has the keyboard.
+#pragma once
+
+namespace tq {
+
+struct Prseq;
+
+/// Key codes of keys that make no character; others are characters.
+enum KeyCode : long { key_backspace = -7, key_left = -11, key_right = -12 };
+
+/// A key was pressed, with these modifiers held. One that is no command does nothing.
+void prseq_key(Prseq& object, long code, unsigned modifiers);
+
+}  // namespace tq
