@@ -10,6 +10,11 @@
 
 namespace tq::test {
 
+inline std::string text_of_file(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// A folder that goes away with the test.
 struct TemporaryFolder {
     std::filesystem::path path;

@@ -10,7 +10,6 @@
 #include "app/program.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Import : ScriptTest {};
@@ -32,8 +31,7 @@ TEST_F(Import, makesWhatMessagesWouldHaveMade) {
          "2f 00",
          "00 ff 03 04 42 61 73 73 00 c1 20 07 91 24 7f 81 00 91 24 00 00 91 30 01 87 68 91 30 00 00 ff 2f 00",
          "00 99 24 70 10 89 24 00 00 ff 2f 00"});
-    std::string path =
-        folder.file_with("song.mid", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    std::string path = folder.file_with("song.mid", text_of(bytes));
     say("new_track_color 0");
     MidiSong song = read_midi_file(bytes);
     size_t notes = 0;
@@ -111,5 +109,4 @@ TEST_F(Import, andRenderingGiveRealMusicBack) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

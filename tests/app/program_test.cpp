@@ -9,7 +9,6 @@
 #include "sounds.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Program : testing::Test {
@@ -21,8 +20,7 @@ struct Program : testing::Test {
         folder.file_with("bad.mid", "MThd and no more");
         folder.file_with("good.txt", "track_add A\n.show view\n");
         folder.file_with("bad.txt", "# one\n\n.nonsense 1\n");
-        Bytes midi = midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"});
-        folder.file_with("good.mid", {reinterpret_cast<const char*>(midi.data()), midi.size()});
+        folder.file_with("good.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
         std::filesystem::create_directory(folder.path / "folder");
     }
     ProgramRun run(const std::string& arguments, const std::string& input = "") {
@@ -137,5 +135,4 @@ TEST_F(Program, runsScripts) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/script/script.h"
+#include "file/document_writer.h"
 #include "temporary_folder.h"
 
 namespace tq::test {
@@ -43,10 +44,15 @@ inline testing::AssertionResult same_lines(const Lines& said, const Lines& expec
     return result;
 }
 
-inline std::string text_of_file(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
+/// A written document whose line of a key, or whose part up to the next brace, is cut off at the key.
+inline std::string without(std::string document, const std::string& key) {
+    const size_t at = document.find('"' + key + '"');
+    return at == document.npos ? document : document.erase(at, document.find_first_of("\n}", at) - at);
+}
+
+/// A session's document, without what the history does not cover of it: the date and the timeline's length.
+inline std::string document_of(const Session& session) {
+    return without(without(TQ_Prseq_Json_MakeDictionary(session.box(), true), "date"), "maxtime");
 }
 
 /// One box; every call of `say` goes on where the last one ended.
@@ -74,6 +80,9 @@ struct ScriptTest : testing::Test {
     testing::AssertionResult says(const std::string& text, std::string_view source,
                                   std::string_view expected) {
         return same_lines(say(text, source), lines_of(expected));
+    }
+    Lines read_document(const std::string& text) {
+        return say("read \"" + folder.file_with("document.json", text) + "\"");
     }
     std::string document() { return say(".show document", "document").at(0).substr(sizeof "document"); }
     Prseq& box() { return script.session().box(); }

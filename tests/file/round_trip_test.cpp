@@ -7,17 +7,10 @@
 #include "file/random_document.h"
 
 namespace tq::test {
-
 namespace {
 
-std::string without_date(std::string json) {
-    size_t at = json.find("\"date\":");
-    EXPECT_NE(at, json.npos);
-    return at == json.npos ? json : json.erase(at, json.find('}', at) - at);
-}
-
 std::string written(const Session& session) {
-    return without_date(TQ_Prseq_Json_MakeDictionary(session.box(), true));
+    return without(TQ_Prseq_Json_MakeDictionary(session.box(), true), "date");
 }
 
 struct Documents : ScriptTest {};
@@ -38,7 +31,7 @@ TEST_F(Documents, comeBackByteForByte) {
 }
 
 TEST_F(Documents, haveEveryKeyReadAndWritten) {
-    say("read \"" + folder.file_with("d.json", good_document) + "\"");
+    read_document(good_document);
     std::string json = document();
     for (
         const char* piece :
@@ -79,11 +72,9 @@ TEST_F(Documents, areWrittenInWholeMilliseconds) {
 }
 
 TEST_F(Documents, giveTracksWithoutANameToTheActiveOne) {
-    EXPECT_TRUE(says("read \"" +
-                         folder.file_with("d.json", R"({"tq.sorvo":1,"header":{"fileversion":100.0},"tracks":[
-        {"mute":1,"events":[{"start":1}]},{"name":"A"},{"solo":1,"events":[{"start":2},{}]},null,7,{"name":5}]})") +
-                         "\"\n.show events",
-                     "event", R"(
+    read_document(R"({"tq.sorvo":1,"header":{"fileversion":100.0},"tracks":[
+        {"mute":1,"events":[{"start":1}]},{"name":"A"},{"solo":1,"events":[{"start":2},{}]},null,7,{"name":5}]})");
+    EXPECT_TRUE(says(".show events", "event", R"(
         event 2 track 0 start 0. duration 0. pitch 0. velocity 0. selected 0
         event 1 track 0 start 2. duration 0. pitch 0. velocity 0. selected 0)"));
     EXPECT_TRUE(box().tracks.at(0)->solo);
@@ -91,17 +82,13 @@ TEST_F(Documents, giveTracksWithoutANameToTheActiveOne) {
 }
 
 TEST_F(Documents, repairCurvesWithoutEnds) {
-    say("read \"" +
-        folder.file_with("d.json",
-                         R"({"tq.sorvo":"","header":{"fileversion":100},"tracks":[{"name":"A","events":[
+    read_document(R"({"tq.sorvo":"","header":{"fileversion":100},"tracks":[{"name":"A","events":[
         {"bpfs":[{"name":"Pitch","points":[{"x":0.75,"y":1},{"x":-1,"y":9},{"y":4},{"x":0.5,"y":2},{"x":2,"y":9},{"x":"0"},null]},
-                 {"name":"Unknown","points":[]}]}]}]})") +
-        "\"");
+                 {"name":"Unknown","points":[]}]}]}]})");
     const Event& event = *box().tracks.at(0)->events.first();
     ASSERT_EQ(event.bpfs.size(), 1u);
     EXPECT_EQ(event.bpfs[0]->points, BpfPoints({{0, 0}, {0.5, 2}, {0.75, 1}, {1, 0}}));
 }
 
 }  // namespace
-
 }  // namespace tq::test

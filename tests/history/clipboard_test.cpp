@@ -14,33 +14,40 @@
 namespace tq {
 namespace {
 
+using Names = std::vector<std::string>;
+
 struct ClipboardTest : testing::Test, SessionListener {
     Session session;
     Prseq& box = session.box();
-    std::vector<std::string> errors;
+    Names errors;
 
     ClipboardTest() { session.listen(*this); }
     void error(const Object&, const std::string& text) override { errors.push_back(text); }
-    void send(const std::string& message) { session.send(message); }
+    template <typename... Messages>
+    void send(const Messages&... messages) {
+        (session.send(messages), ...);
+    }
     void settle() { session.host().scheduler.run_until(session.host().scheduler.now() + 100); }
     Track& track(size_t index) { return *box.tracks.at(index); }
     EventRef event(size_t t, size_t index) { return track(t).events.at(index); }
-    void select_all() { TQ_Prseq_Tracks_SelectAllEvents(box, box.activetrack); }
-    std::vector<std::string> history() {
-        std::vector<std::string> names;
+    void select_all() {
+        settle();
+        TQ_Prseq_Tracks_SelectAllEvents(box, box.activetrack);
+    }
+    void copy_all() {
+        select_all();
+        TQ_Prseq_Clipboard_CopySelection(box);
+    }
+    Names history() {
+        Names names;
         for (const auto& item : box.history.items) names.push_back(item->name());
         return names;
     }
 };
 
-using Names = std::vector<std::string>;
-
 TEST_F(ClipboardTest, PastesIntoTheActiveTrackWhereThingsWereInTime) {
-    send("event start 1000 <note> 60 90 </note>");
-    send("event start 1500 label x <note> 62 90 </note>");
-    settle();
-    select_all();
-    TQ_Prseq_Clipboard_CopySelection(box);
+    send("event start 1000 <note> 60 90 </note>", "event start 1500 label x <note> 62 90 </note>");
+    copy_all();
     send("track_add");
     TQ_Prseq_Clipboard_PasteSelection(box);
     ASSERT_EQ(track(1).events.size(), 2u);
@@ -57,7 +64,6 @@ TEST_F(ClipboardTest, PastesIntoTheActiveTrackWhereThingsWereInTime) {
 
 TEST_F(ClipboardTest, CutTakesOutWhatPasteBringsBackAnew) {
     for (int i = 0; i < 3; ++i) send("event start " + std::to_string(i * 100) + " <note> 60 90 </note>");
-    settle();
     select_all();
     EventRef first = event(0, 0);
     TQ_Prseq_Clipboard_CutSelection(box);
@@ -77,9 +83,7 @@ TEST_F(ClipboardTest, CutTakesOutWhatPasteBringsBackAnew) {
 
 TEST_F(ClipboardTest, APasteIntoNoTrackMakesOne) {
     send("event start 100 <note> 60 90 </note>");
-    settle();
-    select_all();
-    TQ_Prseq_Clipboard_CopySelection(box);
+    copy_all();
     send("track_delete 0");
     TQ_Prseq_Clipboard_PasteSelection(box);
     EXPECT_EQ(track(0).name, "Untitled");
@@ -93,23 +97,18 @@ TEST_F(ClipboardTest, APasteIntoNoTrackMakesOne) {
 }
 
 TEST_F(ClipboardTest, AddsTheTypesThatTheFirstEventNeeds) {
-    send("track_add");
-    send("track_bpf_add vol 0 2 1");
-    send("track_parameter_add cut 0 10 5 0");
+    send("track_add", "track_bpf_add vol 0 2 1", "track_parameter_add cut 0 10 5 0");
     send(
         "event start 0 duration 1000 <note> 60 90 </note> <bpf> vol 0 0.5 500 2 </bpf> <parameter> cut 7 "
         "</parameter>");
-    settle();
-    select_all();
-    TQ_Prseq_Clipboard_CopySelection(box);
-    send("track_add");
-    send("event start 0 <note> 30 90 </note>");
+    copy_all();
+    send("track_add", "event start 0 <note> 30 90 </note>");
     settle();
     const size_t before = history().size();
     TQ_Prseq_Clipboard_PasteSelection(box);
-    Names added = history();
-    added.erase(added.begin(), added.begin() + static_cast<long>(before));
-    EXPECT_EQ(added, (Names{"Add Bpf Type To Track", "Add Parameter Type To Track", "Paste Event"}));
+    Names names = history();
+    EXPECT_EQ(Names(names.begin() + static_cast<long>(before), names.end()),
+              (Names{"Add Bpf Type To Track", "Add Parameter Type To Track", "Paste Event"}));
     EventRef pasted = track(1).events.selected().at(0);
     ASSERT_EQ(pasted->bpfs.size(), 2u);
     EXPECT_EQ(pasted->bpfs[1]->points, event(0, 0)->bpfs[1]->points);
@@ -119,14 +118,10 @@ TEST_F(ClipboardTest, AddsTheTypesThatTheFirstEventNeeds) {
 }
 
 TEST_F(ClipboardTest, ATypeOfTheSameNameWithAnotherRangeStays) {
-    send("track_add");
-    send("track_bpf_add vol 0 2 1");
-    send("event start 0 duration 1000 <note> 60 90 </note> <bpf> vol 0 0.5 500 2 </bpf>");
-    settle();
-    select_all();
-    TQ_Prseq_Clipboard_CopySelection(box);
-    send("track_add");
-    send("track_bpf_add vol 0 127 0");
+    send("track_add", "track_bpf_add vol 0 2 1",
+         "event start 0 duration 1000 <note> 60 90 </note> <bpf> vol 0 0.5 500 2 </bpf>");
+    copy_all();
+    send("track_add", "track_bpf_add vol 0 127 0");
     for (int i = 0; i < 2; ++i) {
         TQ_Prseq_Clipboard_PasteSelection(box);
         ASSERT_EQ(track(1).bpftypes.size(), 3u);
@@ -142,9 +137,7 @@ TEST_F(ClipboardTest, OnlyTheSelectModeCopiesAndOnlyCurveEditingDoesNotPaste) {
     TQ_Prseq_Clipboard_PasteSelection(box);
     EXPECT_TRUE(box.tracks.empty()) << "nothing was ever copied";
     send("event start 100 <note> 60 90 </note>");
-    settle();
-    select_all();
-    TQ_Prseq_Clipboard_CopySelection(box);
+    copy_all();
     send("mouse_mode edit_bpf");
     EXPECT_EQ(TQ_Prseq_Clipboard_GetItemToPaste(box), nullptr);
     send("mouse_mode insert");
@@ -186,9 +179,7 @@ TEST_F(ClipboardTest, LaterStepsFindTheEventsThatEarlierOnesBringBack) {
 }
 
 TEST_F(ClipboardTest, CurvesComeBackWithTheirTypeToWhoeverRefersToThem) {
-    send("track_add");
-    send("track_bpf_add vol 0 2 1");
-    send("event start 0 duration 1000 <note> 60 90 </note>");
+    send("track_add", "track_bpf_add vol 0 2 1", "event start 0 duration 1000 <note> 60 90 </note>");
     settle();
     BpfRef curve = event(0, 0)->bpfs[1];
     BpfPoints before = curve->points;

@@ -9,7 +9,6 @@
 #include <random>
 
 namespace tq {
-
 namespace {
 
 TEST(Dictionary, readsTheNumberThatWasWritten) {
@@ -58,5 +57,4 @@ TEST(Dictionary, refusesWhatIsNone) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 
 #include "host/box.h"
@@ -184,9 +183,8 @@ TEST(Text, ThatDoesNotFitIsCutWithAnEllipsis) {
 }
 
 TEST(Image, IsWrittenWholeOrNotAtAll) {
-    const test::TemporaryFolder temporary;
-    const std::filesystem::path folder = temporary.path;
-    std::string path = (folder / "picture.png").string();
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("picture.png");
     SurfaceRef surface = jgraphics_image_surface_create(10, 10, 2);
     if (Graphics g(*surface); true) {
         jgraphics_set_source_rgba(g, 1, 0, 0, 1);
@@ -197,10 +195,10 @@ TEST(Image, IsWrittenWholeOrNotAtAll) {
     ASSERT_TRUE(read);
     EXPECT_EQ(read->size(), (Size{20, 20}));
     EXPECT_EQ(surface_pixel(*read, 19, 19), red);
-    auto failure = surface_write_png(*surface, (folder / "missing" / "picture.png").string());
+    auto failure = surface_write_png(*surface, folder.file("missing/picture.png"));
     ASSERT_TRUE(failure);
     EXPECT_NE(failure->find("picture.png"), std::string::npos);
-    EXPECT_FALSE(jgraphics_image_surface_create_from_file((folder / "nothing.png").string()));
+    EXPECT_FALSE(jgraphics_image_surface_create_from_file(folder.file("nothing.png")));
 }
 
 struct LayerTest : testing::Test {

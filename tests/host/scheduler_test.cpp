@@ -8,7 +8,6 @@
 #include "shell/instance.h"
 
 namespace tq {
-
 namespace {
 
 struct SchedulerTest : testing::Test {
@@ -81,5 +80,4 @@ TEST_F(SchedulerTest, countsTicksThroughTempoPausesAndJumps) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -13,7 +13,6 @@
 #include "shell/utilities.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Bars : ScriptTest {
@@ -142,5 +141,4 @@ TEST(Colors, ofANewTrackComeFromItsHue) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -9,7 +9,6 @@
 #include "sounds.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Buffers : ScriptTest {
@@ -27,18 +26,20 @@ struct Buffers : ScriptTest {
         const BufferOverview* overview = box().buffers.find(gensym(name));
         return overview ? overview->refcount() : 0;
     }
+    void range(double start, double end) {
+        event().make_link().start = start;
+        event().make_link().end = end;
+    }
     /// Name, length, start, end and ratio, and whether there is a buffer.
     std::string link(size_t i = 0) {
         const BufferLink& l = event(i).link();
         return atom_gettext(
             Atoms{l.name, l.length, l.start, l.end, l.ratio, long{event(i).buffer() != nullptr}});
     }
-    void read_document(const std::string& link) {
-        const std::string path = folder.file_with(
-            "d.json",
+    void read_link(const std::string& link) {
+        read_document(
             R"({"tq.sorvo":"","header":{"fileversion":100},"tracks":[{"name":"A","events":[{"start":0,"duration":500,)" +
-                link + "}]}]}");
-        say("read \"" + path + "\"");
+            link + "}]}]}");
     }
 };
 
@@ -113,8 +114,7 @@ TEST_F(Buffers, countTheEventsThatLinkToThem) {
 TEST_F(Buffers, comeAndGo) {
     make("kick", "long");
     say(linked);
-    event().make_link().start = 100;
-    event().make_link().end = 300;
+    range(100, 300);
     say(".buffer kick");
     EXPECT_EQ(link(), "kick 0. 100. 300. 1. 0");
     EXPECT_TRUE(says("int 1\n.wait 1\nint 0", "out0",
@@ -124,8 +124,7 @@ TEST_F(Buffers, comeAndGo) {
     EXPECT_EQ(link(), "kick 500. 0. 500. 1. 1") << "the range is the whole again";
     make("kick", "long");
     EXPECT_EQ(link(), "kick 2000. 0. 2000. 1. 1") << "replaced: the whole stays the whole";
-    event().make_link().start = 100;
-    event().make_link().end = 900;
+    range(100, 900);
     make("kick", "short");
     EXPECT_EQ(link(), "kick 500. 100. 500. 1. 1") << "replaced: a part stays within it";
     say("event id 1 <buffer> kick 1 </buffer>");
@@ -143,7 +142,7 @@ TEST_F(Buffers, comeAndGo) {
 }
 
 TEST_F(Buffers, ofADocumentMayComeLater) {
-    read_document(R"("buffer":"kick","bufferstart":100.0,"bufferend":300.0,"bufferadapt":1)");
+    read_link(R"("buffer":"kick","bufferstart":100.0,"bufferend":300.0,"bufferadapt":1)");
     EXPECT_EQ(link(), "kick 0. 100. 300. 0. 0");
     EXPECT_EQ(refcount("kick"), 1);
     make("kick", "long");
@@ -151,12 +150,12 @@ TEST_F(Buffers, ofADocumentMayComeLater) {
     say(".buffer kick");
     make("kick", "long");
     EXPECT_EQ(link(), "kick 2000. 0. 2000. 4. 1") << "only when it comes for the first time";
-    read_document(R"("buffer":"kick","bufferstart":100.0,"bufferend":300.0)");
+    read_link(R"("buffer":"kick","bufferstart":100.0,"bufferend":300.0)");
     EXPECT_EQ(link(), "kick 2000. 100. 300. 1. 1") << "there already";
-    read_document(R"("buffer":"kick")");
+    read_link(R"("buffer":"kick")");
     EXPECT_EQ(link(), "kick 2000. 0. 2000. 1. 1") << "without a range";
     say(".buffer kick");
-    read_document(R"("buffer":"kick")");
+    read_link(R"("buffer":"kick")");
     make("kick", "short");
     EXPECT_EQ(link(), "kick 500. 0. 500. 1. 1") << "without a range, later";
 }
@@ -165,8 +164,7 @@ TEST_F(Buffers, ofUndoneChangesAreTheOnesOfToday) {
     make("a", "long");
     make("b", "short");
     say("event start 0 duration 500 <note> 60 100 </note> <buffer> a </buffer>\n.wait 100");
-    event().make_link().start = 1000;
-    event().make_link().end = 1500;
+    range(1000, 1500);
     say("event id 1 <buffer> b </buffer>\n.wait 100");
     EXPECT_EQ(link(), "b 500. 0. 500. 1. 1");
     EXPECT_EQ(refcount("a"), 0);
@@ -205,34 +203,17 @@ TEST_F(Buffers, andLinksAgreeAfterAnything) {
     for (int step = 0; step < 400; ++step) {
         const std::string name = names[below(3)];
         const std::string id = std::to_string(1 + below(static_cast<size_t>(box().eventcounter) + 1));
-        switch (below(9)) {
-            case 0:
-                make(name, below(2) ? "long" : "short");
-                break;
-            case 1:
-                say(".buffer " + name);
-                break;
-            case 2:
-            case 3:
-                say("event start " + std::to_string(below(5000)) + " <buffer> " + name + " 1 </buffer>");
-                break;
-            case 4:
-                say("event id " + id + " duration " + std::to_string(below(500)) + " <buffer> " + name +
-                    " </buffer>");
-                break;
-            case 5:
-                say("undo");
-                break;
-            case 6:
-                say("redo");
-                break;
-            case 7:
-                say(".wait 100");
-                break;
-            case 8:
-                if (below(4) == 0) say("track_delete 0");
-                break;
-        }
+        const std::string lines[] = {
+            ".buffer " + name + " \"" + folder.file(below(2) ? "long.wav\"" : "short.wav\""),
+            ".buffer " + name,
+            "event start " + std::to_string(below(5000)) + " <buffer> " + name + " 1 </buffer>",
+            "event start " + std::to_string(below(5000)) + " <buffer> " + name + " 1 </buffer>",
+            "event id " + id + " duration " + std::to_string(below(500)) + " <buffer> " + name + " </buffer>",
+            "undo",
+            "redo",
+            ".wait 100",
+            below(4) ? "redo" : "track_delete 0"};
+        say(lines[below(std::size(lines))]);
         for (const TrackRef& track : box().tracks)
             track->events.for_each([&](const Event& e) {
                 const Buffer* buffer = buffer_named(box().host(), e.link().name);
@@ -251,5 +232,4 @@ TEST_F(Buffers, andLinksAgreeAfterAnything) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

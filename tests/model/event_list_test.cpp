@@ -9,7 +9,6 @@
 #include "model/track.h"
 
 namespace tq {
-
 namespace {
 
 /// Does everything the slow and certain way.
@@ -185,5 +184,4 @@ TEST(EventList, letsGoOfItsEvents) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -11,7 +11,6 @@
 #include "model/tracks.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Events : ScriptTest {
@@ -162,5 +161,4 @@ TEST(BpfPoints, areInsertedBeforeWhatStandsAtTheirTime) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -20,10 +20,7 @@ namespace {
 struct SelectionTest : ViewTest {
     SelectionTest() {
         resize(1000 + 165 + 40 + 15, 600);
-        send("zoom_out_all");
-        send("scroll_vert 0.5");
-        send("track_add");
-        paint();
+        see("zoom_out_all", "scroll_vert 0.5", "track_add");
         pixels_per_ms = TQ_Prseq_Maindisplay_CalculateMouseFromPosition(box, box.maindisplay, 1);
     }
     EventRef add(long start, long duration, double pitch) {

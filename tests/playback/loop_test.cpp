@@ -4,7 +4,6 @@
 #include "app/script_fixture.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Looping : TimedScriptTest {
@@ -90,5 +89,4 @@ TEST_F(Looping, letsTimeGoOnWithoutLength) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -8,7 +8,6 @@
 #include "app/script_fixture.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Playing : TimedScriptTest {
@@ -83,7 +82,8 @@ TEST_F(Playing, leavesMutedTracksOut) {
 }
 
 TEST_F(Playing, sendsToADestinationInsteadOfTheOutlet) {
-    folder.file_with("d.json", R"({"tq.sorvo": "", "header": {"fileversion": 100}, "tracks": [
+    say(".receiver synth");
+    read_document(R"({"tq.sorvo": "", "header": {"fileversion": 100}, "tracks": [
         {"name": "a", "destination": "synth", "events": [{"start": 10, "duration": 5, "pitch": 60}]},
         {"name": "b", "destination": "nobody", "events": [{"start": 20, "duration": 5, "pitch": 61}]},
         {"name": "c", "destination": "gm:7", "discard_default_pitch_bpf_output": 1,
@@ -91,7 +91,6 @@ TEST_F(Playing, sendsToADestinationInsteadOfTheOutlet) {
         {"name": "d", "discard_note_output": 1, "discard_default_pitch_bpf_output": 1, "bpftypes":
          [{"name": "Gain", "minvalue": 0, "maxvalue": 2, "defaultvalue": 1}],
          "events": [{"start": 40, "duration": 5, "pitch": 63}]}]})");
-    say(".receiver synth\nread \"" + folder.file("d.json") + "\"");
     Lines said;
     for (const std::string& line : say("1\n.wait 50\n0"))
         if (line.find("out3") == line.npos) said.push_back(line);
@@ -221,7 +220,7 @@ TEST_F(Playing, losesNothingOfADenseDocumentThatIsPaintedMeanwhile) {
         json << (i ? "," : "") << R"({"start":)" << start_of(i) << R"(,"duration":50,"pitch":)" << i % 100
              << "}";
     json << "]}]}";
-    say("read \"" + folder.file_with("dense.json", json.str()) + "\"");
+    read_document(json.str());
     std::string watching = "1\n";
     for (int frame = 0; frame < 910; ++frame) watching += ".wait 33.3\n.paint\n";
     Lines said = log(watching);
@@ -234,5 +233,4 @@ TEST_F(Playing, losesNothingOfADenseDocumentThatIsPaintedMeanwhile) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

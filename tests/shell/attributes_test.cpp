@@ -5,7 +5,6 @@
 #include "shell/instance.h"
 
 namespace tq::test {
-
 namespace {
 
 struct Attributes : ScriptTest {};
@@ -80,10 +79,9 @@ TEST_F(Attributes, comeBackWithThePatch) {
 }
 
 TEST_F(Attributes, areOverwrittenByADocument) {
-    folder.file_with(
-        "d.json",
+    say("showbuffers 0");
+    read_document(
         R"({"tq.sorvo":"","header":{"fileversion":100},"showlabels":0,"showallbpfs":0,"showbuffers":7})");
-    say("showbuffers 0\nread \"" + folder.file("d.json") + "\"");
     EXPECT_TRUE(says("getshowlabels\ngetshowmessages\ngetdisplay_all_bpfs\ngetshowbuffers",
                      "dump showlabels 0\ndump showmessages 1\ndump display_all_bpfs 0\ndump showbuffers 1"));
 }
@@ -98,5 +96,4 @@ TEST_F(Attributes, setTheIntervalOfTheLineCursor) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -4,7 +4,6 @@
 #include "app/script_fixture.h"
 
 namespace tq::test {
-
 namespace {
 
 struct EventMessages : ScriptTest {
@@ -84,18 +83,16 @@ TEST_F(EventMessages, changesOnlyWhatItNames) {
     make_types();
     say("event start 100 duration 200 label L <note> 60 100 </note> <message> m </message> <parameter> Cut "
         "700 </parameter>");
-    struct Row {
-        const char *message, *event;
-    };
-    for (const Row& row : {Row{"start 1000", "start 1000. duration 200. pitch 60. velocity 100."},
-                           {"duration 50.5", "start 1000. duration 50.5 pitch 60. velocity 100."},
-                           {"<note> </note>", "start 1000. duration 50.5 pitch 60. velocity 100."},
-                           {"<note> 61.5 </note>", "start 1000. duration 50.5 pitch 61.5 velocity 100."},
-                           {"<note> 62 7 </note>", "start 1000. duration 50.5 pitch 62. velocity 7."},
-                           {"label X", "start 1000. duration 50.5 pitch 62. velocity 7."}})
-        EXPECT_TRUE(says(std::string("event id 1 ") + row.message + "\n.show events", "event",
-                         std::string("event 1 track 0 ") + row.event + " selected 0"))
-            << row.message;
+    for (auto [message, event] :
+         {std::pair{"start 1000", "start 1000. duration 200. pitch 60. velocity 100."},
+          {"duration 50.5", "start 1000. duration 50.5 pitch 60. velocity 100."},
+          {"<note> </note>", "start 1000. duration 50.5 pitch 60. velocity 100."},
+          {"<note> 61.5 </note>", "start 1000. duration 50.5 pitch 61.5 velocity 100."},
+          {"<note> 62 7 </note>", "start 1000. duration 50.5 pitch 62. velocity 7."},
+          {"label X", "start 1000. duration 50.5 pitch 62. velocity 7."}})
+        EXPECT_TRUE(says(std::string("event id 1 ") + message + "\n.show events", "event",
+                         std::string("event 1 track 0 ") + event + " selected 0"))
+            << message;
     EXPECT_EQ(written("label"), "\"X\"");
     EXPECT_EQ(written("message"), "\"m\"");
     EXPECT_EQ(written("parameters"), R"([{"name":"Cut","value":700.0},{"name":"Res","value":0.5}])");
@@ -195,5 +192,4 @@ TEST_F(EventMessages, setsCurves) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

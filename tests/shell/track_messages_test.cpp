@@ -5,7 +5,6 @@
 #include "shell/colors.h"
 
 namespace tq::test {
-
 namespace {
 
 struct TrackMessages : ScriptTest {
@@ -13,21 +12,7 @@ struct TrackMessages : ScriptTest {
 };
 
 TEST_F(TrackMessages, tellAllOfATrack) {
-    EXPECT_TRUE(says("track_add Lead", "out2", R"(
-        out2 tracks select 0
-        out2 tracks bpf 0 Pitch 0. 131. 0.
-        out2 tracks clear
-        out2 tracks bpf clear
-        out2 tracks set 0 Lead
-        out2 tracks color 0 0.46 0.94 0.94
-        out2 tracks inactivecolor 0 0.82 0.98 0.98
-        out2 tracks visible 0 1
-        out2 tracks mute 0 0
-        out2 tracks bpf 0 Pitch 0. 131. 0.
-        out2 tracks destination ""
-        out2 tracks select 0
-        out2 tracks done)"));
-    say("track_bpf_add Gain 0 2 0.5\ntrack_parameter_add Cut 0 1000 250 5");
+    say("track_add Lead\ntrack_bpf_add Gain 0 2 0.5\ntrack_parameter_add Cut 0 1000 250 5");
     EXPECT_TRUE(says("track_add Next", "out2", R"(
         out2 tracks select 1
         out2 tracks bpf 1 Pitch 0. 131. 0.
@@ -71,11 +56,8 @@ TEST_F(TrackMessages, switchTracks) {
     EXPECT_TRUE(says("track_visible 1 0\ntrack_mute foo\ntrack_mute", ""))
         << "without tracks nothing happens";
     say("track_add A\ntrack_add B");
-    struct Row {
-        const char *message, *said;
-    };
-    for (const Row& row :
-         {Row{"track_visible 1 0", "out2 tracks visible 1 0\nout2 tracks done"},
+    for (auto [message, said] :
+         {std::pair{"track_visible 1 0", "out2 tracks visible 1 0\nout2 tracks done"},
           {"track_visible 5", "out2 tracks visible 1 1\nout2 tracks done"},
           {"track_visible 0 -1", "out2 tracks visible 0 0\nout2 tracks done"},
           {"track_mute 1", "out2 tracks mute 1 1\nout2 tracks done"},
@@ -87,7 +69,7 @@ TEST_F(TrackMessages, switchTracks) {
           {"track_mute 1 foo", "error tq.sorvo: bad argument type for message track_mute"},
           {"track_visible 1 2 3", "error tq.sorvo: bad arguments for message track_visible"},
           {"track_mute", "error tq.sorvo: bad arguments for message track_mute"}})
-        EXPECT_TRUE(says(row.message, row.said)) << row.message;
+        EXPECT_TRUE(says(message, said)) << message;
 }
 
 TEST_F(TrackMessages, deleteTracksAndKeepAnotherActive) {
@@ -151,5 +133,4 @@ TEST_F(TrackMessages, addTypesOnce) {
 }
 
 }  // namespace
-
 }  // namespace tq::test

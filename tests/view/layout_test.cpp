@@ -11,8 +11,7 @@ struct LayoutTest : ViewTest {
 };
 
 TEST_F(LayoutTest, PartsTileTheBox) {
-    send("parameterdisplay 1");
-    paint();
+    see("parameterdisplay 1");
     EXPECT_EQ(part(Part::UpperDisplay), (Rect{0, 0, 1000, 24}));
     EXPECT_EQ(part(Part::TrackDisplay), (Rect{0, 24, 165, 576}));
     EXPECT_EQ(part(Part::TimeDisplay), (Rect{205, 24, 780, 24}));
@@ -37,8 +36,7 @@ TEST_F(LayoutTest, HiddenDisplaysGiveTheirRoomToTheMainDisplay) {
 }
 
 TEST_F(LayoutTest, APointOnAnEdgeBelongsToTheNextPartOrToNone) {
-    send("parameterdisplay 1");
-    paint();
+    see("parameterdisplay 1");
     struct {
         double x, y;
         Part part;

@@ -13,8 +13,7 @@ struct MappingTest : ViewTest {
 };
 
 TEST_F(MappingTest, TimeAndPixelsAreInverse) {
-    send("zoom_hor 0.3");
-    send("scroll_hor 0.4");
+    send("zoom_hor 0.3", "scroll_hor 0.4");
     EXPECT_GT(md.horizontalscroll, 0);
     for (double ms : {0., 1., 2500.5, 10000.}) {
         double page = TQ_Prseq_Maindisplay_CalculateMouseFromPosition(box, md, ms);

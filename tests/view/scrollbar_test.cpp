@@ -12,7 +12,8 @@ namespace {
 using Bar = TQScrollbar;
 
 /// A page of 1000 pixels at the present zoom, 300 of them visible.
-TQScrollbar make_bar(Bar::Orientation orientation, Bar::Zoom zoom) {
+TQScrollbar make_bar(Bar::Orientation orientation = Bar::Orientation::Horizontal,
+                     Bar::Zoom zoom = Bar::Zoom::AtStart) {
     TQScrollbar bar = TQScrollbar_Create(orientation, true, zoom);
     bar.selectionpagesize = 300;
     bar.maximumpagesize = 10000;
@@ -23,7 +24,7 @@ TQScrollbar make_bar(Bar::Orientation orientation, Bar::Zoom zoom) {
 }
 
 TEST(Scrollbar, ConversionsAreInverse) {
-    TQScrollbar bar = make_bar(Bar::Orientation::Horizontal, Bar::Zoom::AtStart);
+    TQScrollbar bar = make_bar();
     EXPECT_NEAR(bar.zoomvalue, 1, 1e-12);
     EXPECT_NEAR(bar.totalpagesize, 1000, 1e-9);
     EXPECT_NEAR(TQScrollbar_ZoomUnityValueToZoomValue(bar, bar.zoomunityvalue), 1, 1e-12);
@@ -33,7 +34,7 @@ TEST(Scrollbar, ConversionsAreInverse) {
 }
 
 TEST(Scrollbar, ValuesAreHeldInTheirRange) {
-    TQScrollbar bar = make_bar(Bar::Orientation::Horizontal, Bar::Zoom::AtStart);
+    TQScrollbar bar = make_bar();
     TQScrollbar_SetScrollUnityValue(bar, 0.5);
     TQScrollbar_Scroll(bar, 70);
     EXPECT_NEAR(bar.scrollunityvalue, 0.6, 1e-12);
@@ -50,7 +51,7 @@ TEST(Scrollbar, ValuesAreHeldInTheirRange) {
 }
 
 TEST(Scrollbar, ComponentsLieAlongTheBar) {
-    TQScrollbar horizontal = make_bar(Bar::Orientation::Horizontal, Bar::Zoom::AtStart);
+    TQScrollbar horizontal = make_bar();
     TQScrollbar_SetScrollUnityValue(horizontal, 0.5);
     TQScrollbar_MakeCalculations(horizontal, {165, 585, 832, 15});
     EXPECT_EQ(horizontal.zoombox, (Rect{0, 0, 100, 15}));
@@ -73,7 +74,7 @@ TEST(Scrollbar, ComponentsLieAlongTheBar) {
 }
 
 TEST(Scrollbar, AtTheLeastZoomThereIsNothingToScroll) {
-    TQScrollbar bar = make_bar(Bar::Orientation::Horizontal, Bar::Zoom::AtStart);
+    TQScrollbar bar = make_bar();
     TQScrollbar_SetZoomUnityValue(bar, 0);
     TQScrollbar_MakeCalculations(bar, {0, 0, 832, 15});
     EXPECT_FALSE(bar.knobexists);
@@ -83,7 +84,7 @@ TEST(Scrollbar, AtTheLeastZoomThereIsNothingToScroll) {
 }
 
 TEST(Scrollbar, AKnobIsNeverTooShortToGrabNorLongerThanItsBox) {
-    TQScrollbar bar = make_bar(Bar::Orientation::Horizontal, Bar::Zoom::AtStart);
+    TQScrollbar bar = make_bar();
     TQScrollbar_SetZoomUnityValue(bar, 1);
     TQScrollbar_MakeCalculations(bar, {0, 0, 432, 15});
     EXPECT_EQ(bar.knobsize, 20);

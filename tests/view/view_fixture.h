@@ -10,6 +10,7 @@
 #include "host/graphics.h"
 #include "host/image.h"
 #include "view/draw.h"
+#include "view/invalidate.h"
 
 namespace tq {
 
@@ -25,10 +26,24 @@ struct ViewTest : testing::Test, SessionListener {
     void outlet(int outlet, Symbol selector, AtomSpan atoms) override {
         if (outlet == OutletSystemInfo) said.push_back(selector.text() + " " + atom_gettext(atoms));
     }
-    void send(const std::string& message) { session.send(message); }
+    template <typename... Messages>
+    void send(const Messages&... messages) {
+        (session.send(messages), ...);
+    }
+    /// Sends them, and paints what has become of it.
     void resize(double width, double height) {
         box.width = width;
         box.height = height;
+        paint();
+    }
+    /// Sends messages, or marks what has changed, and paints what has become of it.
+    template <typename... Messages>
+    void see(const Messages&... messages) {
+        send(messages...);
+        paint();
+    }
+    void see(Change what) {
+        prseq_invalidate(box, what);
         paint();
     }
     SurfaceRef paint(double ratio = 1) {

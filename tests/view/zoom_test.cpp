@@ -26,10 +26,7 @@ struct ZoomTest : ViewTest {
 };
 
 TEST_F(ZoomTest, SettersHoldTheirValues) {
-    send("zoom_hor 2");
-    send("zoom_vert -1");
-    send("scroll_hor 0.25");
-    send("scroll_vert 7.");
+    send("zoom_hor 2", "zoom_vert -1", "scroll_hor 0.25", "scroll_vert 7.");
     EXPECT_EQ(box.horizontalzoom, 1);
     EXPECT_EQ(box.verticalzoom, 0);
     EXPECT_EQ(box.horizontalscroll, 0.25);
@@ -57,24 +54,20 @@ TEST_F(ZoomTest, ASectorAndItsViewAreInverse) {
 }
 
 TEST_F(ZoomTest, ZoomOutAllShowsEverything) {
-    send("zoom_hor 0.5");
-    send("scroll_vert 1");
-    send("zoom_out_all");
+    send("zoom_hor 0.5", "scroll_vert 1", "zoom_out_all");
     expect_sector({0, 131, 10000, 132});
     EXPECT_EQ(said.size(), 4u) << "all four values are reported";
 }
 
 TEST_F(ZoomTest, ZoomingInAndOutKeepsTheMiddle) {
-    send("zoom_out_all");
-    paint();
+    see("zoom_out_all");
     send("zoom_in");
     expect_sector({2500, 98, 5000, 66});
     send("zoom_in");
     expect_sector({3750, 81.5, 2500, 33});
     send("zoom_out");
     expect_sector({2500, 98, 5000, 66});
-    send("zoom_out");
-    send("zoom_out");
+    send("zoom_out", "zoom_out");
     expect_sector({0, 131, 10000, 132});
 }
 
@@ -90,8 +83,7 @@ TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {
 }
 
 TEST_F(ZoomTest, AnAnimatedZoomTakesHalfASecondInEqualSteps) {
-    send("zoom_out_all");
-    paint();
+    see("zoom_out_all");
     said.clear();
     send("zoom_animation 1");
     Scheduler& scheduler = session.host().scheduler;
@@ -114,8 +106,7 @@ TEST_F(ZoomTest, AnAnimatedZoomTakesHalfASecondInEqualSteps) {
 }
 
 TEST_F(ZoomTest, ANewZoomDuringAnAnimationStartsFromWhatIsSeen) {
-    send("zoom_animation 1");
-    send("zoom_out_all");
+    send("zoom_animation 1", "zoom_out_all");
     Scheduler& scheduler = session.host().scheduler;
     scheduler.run_until(scheduler.now() + 200);
     Sector halfway = sector();
@@ -141,10 +132,7 @@ TEST_F(ZoomTest, TheTimelineGrowsToWholeSeconds) {
 }
 
 TEST_F(ZoomTest, TheWheelScrollsByDivisionsAndRows) {
-    send("zoom_hor 0.5");
-    send("scroll_hor 0.5");
-    send("zoom_vert 0.5");
-    paint();
+    see("zoom_hor 0.5", "scroll_hor 0.5", "zoom_vert 0.5");
     const MainDisplay before = box.maindisplay;
     prseq_mousewheel(box, 500, 300, 0, 0.039062, 0);
     paint();

@@ -20,6 +20,14 @@ struct Journalled : testing::Test {
         EXPECT_TRUE(made) << fault;
         return std::make_unique<Journal>(session, std::move(*made), true);
     }
+    /// What comes back of a dead session; a fault that says this is expected.
+    static Recovery recovered(const std::filesystem::path& session, const std::string& fault = "") {
+        std::optional<Recovery> recovery = recover(session);
+        if (!recovery) throw std::runtime_error("nothing comes back of " + session.string());
+        const std::string& found = recovery->replay.fault;
+        EXPECT_TRUE(fault.empty() ? found.empty() : found.find(fault) != found.npos) << found;
+        return std::move(*recovery);
+    }
     static std::string text_of(Journal& journal) {
         EXPECT_TRUE(journal.drain());
         return text_of_file(journal.folder().journal_path());

@@ -16,15 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = WindowProcess::Clock;
 
-std::string document_of(const Session& session) {
-    std::string text = TQ_Prseq_Json_MakeDictionary(session.box(), true);
-    for (const char* key : {"\"date\"", "\"maxtime\""}) {
-        size_t at = text.find(key);
-        text.erase(at, text.find('\n', at) - at);
-    }
-    return text;
-}
-
 /// How many events 0, 1, 2 … there are, by their starts; −1 when they are others.
 long numbered_events(const Session& session) {
     long count = 0;
@@ -137,12 +128,6 @@ TEST(Kill, aSecondTimeLosesNothingEither) {
     killed.expect_the_history(*recovery->session);
 }
 
-/// A document on one line, without the time at which it was written.
-std::string without_date(std::string document) {
-    const size_t date = document.find("\"date\"");
-    return document.erase(date, document.find('}', date) - date);
-}
-
 TEST(Kill, bringsTheViewBackAsWell) {
     KilledSession killed(true);
     WindowProcess window(killed.folder, killed.arguments());
@@ -172,8 +157,8 @@ TEST(Kill, bringsTheViewBackAsWell) {
     const size_t at = said.find("document {") + sizeof "document";
     std::optional<Recovery> recovery = killed.recovered();
     ASSERT_TRUE(recovery);
-    EXPECT_EQ(without_date(TQ_Prseq_Json_MakeDictionary(recovery->session->box(), false)),
-              without_date(said.substr(at, said.find('\n', at) - at)));
+    EXPECT_EQ(without(TQ_Prseq_Json_MakeDictionary(recovery->session->box(), false), "date"),
+              without(said.substr(at, said.find('\n', at) - at), "date"));
 }
 
 TEST(Kill, isNotWhatAQuitIs) {

@@ -22,8 +22,7 @@ class RandomSession {
         : session_(session), files_(files), random_(seed) {
         files_.file_with("0.json", good_document);
         files_.file_with("1.json", "{\"tq.sorvo\":");
-        Bytes midi = midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"});
-        files_.file_with("2.mid", {reinterpret_cast<const char*>(midi.data()), midi.size()});
+        files_.file_with("2.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
     }
 
     /// Whoever answers dialogs, before anybody else asks.
@@ -34,6 +33,9 @@ class RandomSession {
     }
 
     void act() {
+        static const std::vector<std::string> views = {
+            "zoom_out", "zoom_in", "zoom_hor 0.#999999", "cyclerange #900 1#900", "cyclerange #2000 #2000",
+            "cycle 1",  "cycle 0", "new_track_color #3"};
         switch (below(28)) {
             case 0:
                 return call_size(session_, {300. + below(300), 250 + number()});
@@ -52,27 +54,21 @@ class RandomSession {
             case 8:
                 return session_.paint([&] { painter_.paint(session_.box()); });
             case 9:
-                return session_.send(below(2) ? "zoom_out" : "zoom_in");
             case 10:
-                return session_.send("zoom_hor " + std::to_string(number() / 10));
             case 11:
-                return session_.send("cyclerange " + std::to_string(below(900)) + " " +
-                                     std::to_string(900 + below(900)));
             case 12:
-                return session_.send(below(2) ? "cycle 1" : "cycle 0");
-            case 13:
-                return session_.send("new_track_color " + std::to_string(below(3)));
+                return session_.send(random_text(random_, views));
             case 14:
             case 15:
                 return wait(number() * number() * 3);
             case 16:
                 return wait(std::ldexp(std::floor(std::ldexp(number(), 20)), -20));
-            case 17:
+            case 13:
                 return use_files();
-            case 19:
-            case 20:
-                return use_sounds();
+            case 17:
             case 18:
+                return use_sounds();
+            case 19:
                 return session_.send(gensym("track_add"), Atoms{gensym("# two\nlines \"here\"")});
             default:
                 return session_.send(random_message(random_, false));

@@ -23,17 +23,14 @@ std::string state_of(HeardSession& heard) {
     heard.said.str("");
     heard.session.send("undoredo_dump");
     const Prseq& box = heard.session.box();
-    std::string document = TQ_Prseq_Json_MakeDictionary(box, true);
-    size_t date = document.find("\"date\"");
-    document.erase(date, document.find('\n', date) - date);
     std::ostringstream state;
     state.precision(17);
-    state << document << heard.said.str() << heard.session.host().scheduler.now() << ' ' << box.info.filename
-          << ' ' << box.info.folder << ' ' << box.info.dirty << ' ' << box.eventcounter << ' ' << box.playing
-          << ' ' << box.linecursor.position << ' ' << itm_getticks(*box.transport) << ' '
-          << itm_gettempo(*box.transport) << ' ' << box.horscrollbar.scrollvalue << ' '
-          << box.maindisplay.horizontalzoom << ' ' << box.width << ' ' << box.focus << ' '
-          << heard.session.feedback << ' ' << heard.session.host().random();
+    state << without(TQ_Prseq_Json_MakeDictionary(box, true), "date") << heard.said.str()
+          << heard.session.host().scheduler.now() << ' ' << box.info.filename << ' ' << box.info.folder << ' '
+          << box.info.dirty << ' ' << box.eventcounter << ' ' << box.playing << ' ' << box.linecursor.position
+          << ' ' << itm_getticks(*box.transport) << ' ' << itm_gettempo(*box.transport) << ' '
+          << box.horscrollbar.scrollvalue << ' ' << box.maindisplay.horizontalzoom << ' ' << box.width << ' '
+          << box.focus << ' ' << heard.session.feedback << ' ' << heard.session.host().random();
     return state.str();
 }
 

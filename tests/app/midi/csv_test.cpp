@@ -8,7 +8,6 @@
 #include "app/midi/reader.h"
 
 namespace tq {
-
 namespace {
 
 using test::CsvNote, test::microseconds, test::midicsv, test::notes_of;
@@ -41,5 +40,4 @@ TEST(MidiCsv, readsTheSameNotes) {
 }
 
 }  // namespace
-
 }  // namespace tq

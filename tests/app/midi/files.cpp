@@ -1,11 +1,11 @@
 #include "app/midi/files.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 
-namespace tq::test {
+#include "temporary_folder.h"
 
+namespace tq::test {
 namespace {
 
 void add_text(Bytes& bytes, std::string_view text) {
@@ -22,9 +22,8 @@ Bytes from_hex(std::string_view text) {
     std::string digits;
     std::ranges::copy_if(text, std::back_inserter(digits), [](char c) { return c != ' '; });
     Bytes bytes;
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
         bytes.push_back(static_cast<std::byte>(std::stoi(digits.substr(i, 2), nullptr, 16)));
-    }
     return bytes;
 }
 
@@ -44,11 +43,13 @@ Bytes midi_file(int format, int division, const std::vector<std::string>& tracks
     return bytes;
 }
 
+std::string text_of(const Bytes& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
 Bytes read_bytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    const std::string text((std::istreambuf_iterator<char>(file)), {});
     Bytes bytes;
-    add_text(bytes, text);
+    add_text(bytes, text_of_file(path));
     return bytes;
 }
 

@@ -15,6 +15,7 @@ using Bytes = std::vector<std::byte>;
 Bytes from_hex(std::string_view text);
 /// A whole file; each track in hex, without its chunk header.
 Bytes midi_file(int format, int division, const std::vector<std::string>& tracks);
+std::string text_of(const Bytes& bytes);
 Bytes read_bytes(const std::filesystem::path& path);
 /// Real music, where the machine has it installed; sorted.
 std::vector<std::filesystem::path> real_files();

@@ -6,20 +6,15 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <tuple>
 
-#include "app/midi/files.h"
 #include "app/midi/reader.h"
 
 namespace tq {
-
 namespace {
 
 // A note as it sounds: what was written or what was read back, by start.
 struct Heard {
-    double start;
-    double end;
-    double velocity;
+    double start, end, velocity;
     int program;
     bool drums;
     std::vector<PitchPoint> curve;  // at least two points
@@ -106,29 +101,6 @@ void expect_round_trip(const std::vector<MidiPart>& parts) {
     }
 }
 
-// Notes of real music start together, so what is compared is all of them, in order, without their curves.
-void expect_same_keys(const std::vector<MidiPart>& parts) {
-    using Key = std::tuple<int, long, bool, double, double>;
-    const auto keys = [](const std::vector<Heard>& notes) {
-        std::vector<Key> result;
-        for (const Heard& note : notes) {
-            const auto pitch = std::lround(pitch_at(note, 0) * 20);
-            result.emplace_back(note.program, pitch, note.drums, note.velocity, note.start);
-        }
-        std::ranges::sort(result);
-        return result;
-    };
-    const auto written = keys(heard(parts));
-    const auto read = keys(heard(read_midi_file(write_midi_file(parts))));
-    ASSERT_EQ(read.size(), written.size());
-    for (std::size_t i = 0; i < read.size(); ++i) {
-        ASSERT_EQ(std::get<0>(read[i]), std::get<0>(written[i]));
-        ASSERT_EQ(std::get<1>(read[i]), std::get<1>(written[i]));
-        ASSERT_EQ(std::get<3>(read[i]), std::get<3>(written[i]));
-        ASSERT_NEAR(std::get<4>(read[i]), std::get<4>(written[i]), 0.1);
-    }
-}
-
 using Random = std::mt19937;
 
 double uniform(Random& random, double low, double high) {
@@ -136,9 +108,8 @@ double uniform(Random& random, double low, double high) {
 }
 
 std::vector<PitchPoint> random_curve(Random& random, double pitch, double duration) {
-    std::vector<PitchPoint> curve = {{0, pitch}};
     const double middle = duration * uniform(random, 0.1, 0.9);
-    curve.push_back({middle, pitch + uniform(random, -30, 30)});
+    std::vector<PitchPoint> curve = {{0, pitch}, {middle, pitch + uniform(random, -30, 30)}};
     if (random() % 2) curve.push_back({middle, pitch + uniform(random, -2, 2)});
     curve.push_back({duration, pitch + uniform(random, -1, 1)});
     return curve;
@@ -171,33 +142,6 @@ TEST(MidiWriter, whatIsWrittenReadsBackTheSame) {
         expect_round_trip(parts);
         if (HasFatalFailure()) return;
     }
-}
-
-TEST(MidiWriter, realMusicReadsBackTheSame) {
-    const auto files = test::real_files();
-    if (files.empty()) GTEST_SKIP() << "no MIDI files on this machine";
-    std::size_t compared = 0;
-    for (std::size_t i = 0; i < files.size(); i += 6) {
-        SCOPED_TRACE(files[i].filename().string());
-        const MidiSong song = read_midi_file(test::read_bytes(files[i]));
-        std::vector<MidiPart> parts;
-        for (const MidiTrack& track : song.tracks) {
-            MidiPart& part = parts.emplace_back(MidiPart{track.name, track.program, track.drums, {}});
-            for (const MidiNote& note : track.notes) {
-                part.notes.push_back({note.start_ms,
-                                      note.duration_ms,
-                                      static_cast<double>(note.pitch),
-                                      static_cast<double>(note.velocity),
-                                      {}});
-                for (const BendPoint& point : track.bend(note)) {
-                    part.notes.back().curve.push_back({point.ms, note.pitch + point.semitones});
-                }
-            }
-            compared += track.notes.size();
-        }
-        expect_same_keys(parts);
-    }
-    EXPECT_GT(compared, 5000u);
 }
 
 TEST(MidiWriter, keepsWhatIsHardToKeep) {
@@ -256,5 +200,4 @@ TEST(MidiWriter, bendsTakeChannelsThatNobodyElsePlaysOn) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -10,7 +10,6 @@
 #include "sounds.h"
 
 namespace tq::test {
-
 namespace {
 
 std::string document_with(const std::string& buffer) {
@@ -38,11 +37,8 @@ struct SoundFilesTest : testing::Test, SessionListener {
         folder.file_with("two/text.wav", "no sound");
         write_sound(folder.file("one/snare.flac"), std::vector<float>(4410),
                     {.format = SF_FORMAT_FLAC | SF_FORMAT_PCM_16});
-        document("one/kick.json", "kick");
-        document("one/snare.json", "snare");
-        document("two/kick.json", "kick");
-        document("two/snare.json", "snare");
-        document("two/text.json", "text");
+        for (const char* path : {"one/kick", "one/snare", "two/kick", "two/snare", "two/text"})
+            document(path + std::string(".json"), path + 4);
     }
     void document(const std::string& name, const std::string& buffer) {
         folder.file_with(name, document_with(buffer));
@@ -155,24 +151,17 @@ TEST_F(BufferProgram, takesBuffersFromTheCommandLine) {
               "sorvo: no sound for the buffer \"nosuch\": beside the document is no file of that name (.wav, "
               ".flac, .aif, .aiff or .ogg)\n");
     EXPECT_GT(std::abs(heard(150, 100).at(50)), 0) << "its note is heard instead";
-    const struct {
-        const char* arguments;
-        int status;
-        const char* error;
-    } rows[] = {
-        {"render d.json --wav out.wav --buffer kick=none.wav", 1,
-         "sorvo: could not read \"none.wav\": No such file or directory\n"},
-        {"script --buffer kick=d.json s.txt", 1, "sorvo: could not read \"d.json\": "},
-        {"play --buffer kick d.json", 2, "sorvo: --buffer takes NAME=FILE, not \"kick\"\n"},
-        {"script --buffer =kick.wav s.txt", 2, "sorvo: --buffer takes NAME=FILE, not \"=kick.wav\"\n"},
-    };
-    for (const auto& row : rows) {
-        const ProgramRun run = run_program(folder, row.arguments);
-        EXPECT_EQ(run.status, row.status) << row.arguments;
-        EXPECT_TRUE(run.err.starts_with(row.error)) << row.arguments << '\n' << run.err;
+    for (auto [arguments, status, error] :
+         {std::tuple{"render d.json --wav out.wav --buffer kick=none.wav", 1,
+                     "sorvo: could not read \"none.wav\": No such file or directory\n"},
+          {"script --buffer kick=d.json s.txt", 1, "sorvo: could not read \"d.json\": "},
+          {"play --buffer kick d.json", 2, "sorvo: --buffer takes NAME=FILE, not \"kick\"\n"},
+          {"script --buffer =kick.wav s.txt", 2, "sorvo: --buffer takes NAME=FILE, not \"=kick.wav\"\n"}}) {
+        const ProgramRun run = run_program(folder, arguments);
+        EXPECT_EQ(run.status, status) << arguments;
+        EXPECT_TRUE(run.err.starts_with(error)) << arguments << '\n' << run.err;
     }
 }
 
 }  // namespace
-
 }  // namespace tq::test

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace tq {
-
 namespace {
 
 std::string spell(const std::optional<PlayedNote>& note) {
@@ -91,11 +90,9 @@ TEST(EventMessage, tellsEventsAndStopsOfTracks) {
     EXPECT_TRUE(parse_event_note(parsed->arguments));
     const Atoms stop = atom_setparse("3 stop");
     EXPECT_EQ(parse_outlet_list(stop)->kind, OutletList::Kind::Stop);
-    for (const char* text : {"", "stop", "x stop", "1 go", "1.5 event", "1"}) {
+    for (const char* text : {"", "stop", "x stop", "1 go", "1.5 event", "1"})
         EXPECT_FALSE(parse_outlet_list(atom_setparse(text))) << text;
-    }
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -9,7 +9,6 @@
 #include "app/sound/audio_output.h"
 
 namespace tq {
-
 namespace {
 
 constexpr double rate = 44100;
@@ -27,8 +26,7 @@ class Realtime : public testing::Test {
 
     void render(std::size_t frames) {
         while (frames > 0) {
-            float left[256];
-            float right[256];
+            float left[256], right[256];
             const std::size_t part = std::min<std::size_t>(frames, 256);
             player.render(left, right, static_cast<int>(part));
             sound.insert(sound.end(), left, left + part);
@@ -96,8 +94,7 @@ TEST_F(Realtime, stopsEndTheNotesOfTheirSource) {
 TEST_F(Realtime, nothingIsLostBetweenTheThreads) {
     std::atomic<bool> done = false;
     std::thread audio([&] {
-        float left[64];
-        float right[64];
+        float left[64], right[64];
         while (!done) player.render(left, right, 64);
     });
     player.start(0);
@@ -123,5 +120,4 @@ TEST(AudioOutput, opensOrSaysWhyNotWithoutAWord) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace tq {
-
 namespace {
 
 PlayedNote note(double ms, double duration_ms, const std::string& source, Voice voice = {}) {
@@ -38,12 +37,10 @@ TEST(Recorder, groupsNotesIntoPartsBySourceAndSound) {
     recorder.note(note(2, 10, "lead", {73, false}));
     recorder.note(note(3, 10, "lead", {40, false}));
     std::vector<std::string> parts;
-    for (const MidiPart& part : recorder.midi_parts({{"1", "Rhythm"}})) {
+    for (const MidiPart& part : recorder.midi_parts({{"1", "Rhythm"}}))
         parts.push_back(part.name + " " + std::to_string(part.notes.size()));
-    }
     EXPECT_EQ(parts, (std::vector<std::string>{"Violin 2", "Rhythm 1", "Flute 1"}));
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -9,15 +9,14 @@
 #include <numbers>
 #include <random>
 
-#include "app/sound/fluid.h"
 #include "app/sound/recorder.h"
-#include "app/sound/synth.h"
+#include "app/sound/rendered.h"
 
 namespace tq {
-
 namespace {
 
-constexpr double rate = 44100;
+using test::hand_in, test::rate, test::Rendered;
+
 constexpr float headroom = 0.4f;  // of everything that is played
 
 SoundRef noise(long frames, long channels = 1, double of_rate = rate) {
@@ -46,40 +45,13 @@ PlayedNote played(double ms, double duration_ms, const PlayedSample& sample, dou
         .ms = ms, .duration_ms = duration_ms, .velocity = velocity, .source = "0", .sample = sample};
 }
 
-struct Rendered {
-    std::vector<float> left, right;
-    std::size_t peak() const {
-        return static_cast<std::size_t>(
-            std::ranges::max_element(left, {}, [](float s) { return std::abs(s); }) - left.begin());
-    }
-    /// The first and the last sample that is not silent, and the end of all when none is.
-    std::size_t first() const {
-        std::size_t i = 0;
-        while (i < left.size() && left[i] == 0) ++i;
-        return i;
-    }
-    std::size_t last() const {
-        std::size_t i = left.size();
-        while (i > 0 && left[i - 1] == 0) --i;
-        return i ? i - 1 : left.size();
-    }
-};
-
 struct Samples : testing::Test {
     Samples() : synth(find_sound_font(), rate) {}
-    void hand_in(const PlayedNote& note) {
-        if (is_audible(note)) synth.note(std::make_unique<SynthNote>(synth_note(note, 0, rate)));
-    }
-    Rendered render(std::size_t frames, std::size_t piece = 777) {
-        Rendered all{std::vector<float>(frames), std::vector<float>(frames)};
-        for (std::size_t i = 0; i < frames; i += piece)
-            synth.render(&all.left[i], &all.right[i], static_cast<int>(std::min(piece, frames - i)));
-        return all;
-    }
     Rendered render(const std::vector<PlayedNote>& notes, std::size_t frames) {
-        for (const PlayedNote& note : notes) hand_in(note);
-        return render(frames);
+        for (const PlayedNote& note : notes) hand_in(synth, note);
+        return test::render(synth, frames);
     }
+    double now() const { return static_cast<double>(synth.position()) / rate * 1000; }
     Synth synth;
 };
 
@@ -128,12 +100,9 @@ TEST_F(Samples, soundOnlyWithinTheirRangeAndTheirEvent) {
         {0, 1000, 100, odd, 0},     {odd, 1000, 100, 1, 0},     {0, infinite, 100, 1, 0},
         {0, 1000, 999.5, 1, 44100}, {0, 1e300, 100, 1, 4410}};
     for (const RangeRow& row : rows) {
-        const PlayedNote note = played(1, row.duration, {second, row.start, row.end, row.speed});
         SCOPED_TRACE(testing::PrintToString(std::vector{row.start, row.end, row.duration, row.speed}));
-        const std::size_t from = static_cast<std::size_t>(synth.position());
-        PlayedNote later = note;
-        later.ms = static_cast<double>(from) / rate * 1000;
-        const Rendered out = render({later}, 100000);
+        const Rendered out =
+            render({played(now(), row.duration, {second, row.start, row.end, row.speed})}, 100000);
         if (row.samples == 0) {
             EXPECT_EQ(out.first(), out.left.size());
         } else {
@@ -159,9 +128,8 @@ TEST_F(Samples, areWhereTheyBelongAtAnySpeed) {
         for (const double ratio : {0.25, 0.9, 1., 1.5, 2., 3.7, 12.}) {
             const double at_ms = 300;
             const auto at = static_cast<long>(at_ms * of_rate / 1000);
-            const double start_ms = static_cast<double>(synth.position()) / rate * 1000;
             const Rendered out =
-                render({played(start_ms, 5000, {impulse(at * 2, at, of_rate), 0, 600, ratio})}, 120000);
+                render({played(now(), 5000, {impulse(at * 2, at, of_rate), 0, 600, ratio})}, 120000);
             EXPECT_NEAR(static_cast<double>(out.peak()), at_ms / ratio * rate / 1000, 1.01)
                 << of_rate << " frames a second, " << ratio;
         }
@@ -175,8 +143,7 @@ TEST_F(Samples, keepTheirSoundAtOtherRates) {
         worst = std::max(worst, std::abs(out.left[i] - headroom * std::sin(2 * std::numbers::pi * 1000 *
                                                                            static_cast<double>(i) / rate)));
     EXPECT_LT(worst, headroom * 1e-3);
-    const double now = static_cast<double>(synth.position()) / rate * 1000;
-    const Rendered fast = render({played(now, 100, {sine(8000, rate, 1), 0, 1000, 4})}, 8820);
+    const Rendered fast = render({played(now(), 100, {sine(8000, rate, 1), 0, 1000, 4})}, 8820);
     for (std::size_t i = 200; i < 4000; ++i)
         ASSERT_LT(std::abs(fast.left[i]), headroom * 1e-2)
             << "an octave above what can be heard does not fold back";
@@ -184,10 +151,10 @@ TEST_F(Samples, keepTheirSoundAtOtherRates) {
 
 TEST_F(Samples, endWithoutAClickWhenStoppedOrCut) {
     const SoundRef level(new Sound(1, rate, std::vector<float>(44100, 1.f)));
-    hand_in(played(0, 1000, {level, 0, 1000, 1}));
-    hand_in(played(500, 100, {level, 0, 1000, 1}));
+    hand_in(synth, played(0, 1000, {level, 0, 1000, 1}));
+    hand_in(synth, played(500, 100, {level, 0, 1000, 1}));
     synth.stop(Synth::all_sources, 4410);
-    const Rendered out = render(44100);
+    const Rendered out = test::render(synth, 44100);
     EXPECT_FLOAT_EQ(out.left[4409], headroom) << "until it is stopped";
     EXPECT_EQ(out.left[4410 + 221], 0) << "5 ms later";
     EXPECT_FLOAT_EQ(out.left[22050], headroom);
@@ -201,7 +168,7 @@ TEST_F(Samples, endWithoutAClickWhenStoppedOrCut) {
 
 TEST_F(Samples, thatComeTooLateStartAtOnceAndEndWhenTheyShould) {
     const SoundRef level(new Sound(1, rate, std::vector<float>(44100, 1.f)));
-    render(2205);
+    test::render(synth, 2205);
     const Rendered out =
         render({played(0, 2000, {level, 0, 1000, 1}), played(0, 10, {level, 0, 1000, 1})}, 60000);
     EXPECT_FLOAT_EQ(out.left[0], headroom) << "the second is over";
@@ -212,11 +179,9 @@ TEST_F(Samples, areGivenBackWhileTheyFadeAndWhenNothingIsRenderedAnyMore) {
     const SoundRef sound = noise(44100);
     {
         Synth other(find_sound_font(), rate);
-        for (int i = 0; i < 3; ++i)
-            other.note(std::make_unique<SynthNote>(synth_note(played(i, 100, {sound, 0, 1000, 1}), 0, rate)));
+        for (int i = 0; i < 3; ++i) hand_in(other, played(i, 100, {sound, 0, 1000, 1}));
         other.stop(Synth::all_sources, 100);
-        std::vector<float> out(120);
-        other.render(out.data(), out.data(), 120);
+        test::render(other, 120);
         other.collect();
         EXPECT_EQ(sound->use_count(), 4u);
     }
@@ -235,5 +200,4 @@ TEST_F(Samples, areNoNotesOfAMidiFileByThemselves) {
 }
 
 }  // namespace
-
 }  // namespace tq

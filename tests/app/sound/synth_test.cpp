@@ -6,57 +6,23 @@
 #include <numbers>
 
 #include "app/sound/error.h"
+#include "app/sound/rendered.h"
 
 namespace tq {
-
 namespace {
 
-constexpr double rate = 44100;
+using test::hand_in, test::rate, test::render, test::Rendered;
+
 constexpr int drum_click = 37;  // a side stick: short, with a hard beginning
-
-struct Sound {
-    std::vector<float> left;
-    std::vector<float> right;
-};
-
-Sound render(Synth& synth, int frames, int piece = 1000) {
-    Sound sound;
-    std::vector<float> left(static_cast<std::size_t>(piece));
-    std::vector<float> right = left;
-    while (frames > 0) {
-        const int part = std::min(frames, piece);
-        synth.render(left.data(), right.data(), part);
-        sound.left.insert(sound.left.end(), left.begin(), left.begin() + part);
-        sound.right.insert(sound.right.end(), right.begin(), right.begin() + part);
-        frames -= part;
-    }
-    return sound;
-}
 
 PlayedNote note_at(double ms, double duration_ms = 100, double pitch = 60, Voice voice = {}) {
     return {ms, duration_ms, pitch, 100, {}, voice, "0"};
 }
 
-void hand_in(Synth& synth, const PlayedNote& note, int source = 0) {
-    synth.note(std::make_unique<SynthNote>(synth_note(note, source, rate)));
-}
-
-Sound sound_of(const std::vector<PlayedNote>& notes, int frames, int piece = 1000) {
+Rendered sound_of(const std::vector<PlayedNote>& notes, std::size_t frames, std::size_t piece = 1000) {
     Synth synth(find_sound_font(), rate);
     for (const PlayedNote& note : notes) hand_in(synth, note);
     return render(synth, frames, piece);
-}
-
-std::size_t onset(const std::vector<float>& samples) {
-    std::size_t i = 0;
-    while (i < samples.size() && samples[i] == 0) ++i;
-    return i;
-}
-
-double loudness(const std::vector<float>& samples, std::size_t begin, std::size_t end) {
-    double sum = 0;
-    for (std::size_t i = begin; i < end; ++i) sum += samples[i] * samples[i];
-    return std::sqrt(sum / static_cast<double>(end - begin));
 }
 
 // The frequency of a nearly pure tone: by how far its phase turns from one half of the stretch to the other,
@@ -64,8 +30,7 @@ double loudness(const std::vector<float>& samples, std::size_t begin, std::size_
 double frequency(const std::vector<float>& samples, std::size_t begin, std::size_t length, double near) {
     double phase[2] = {};
     for (std::size_t half = 0; half < 2; ++half) {
-        double real = 0;
-        double imaginary = 0;
+        double real = 0, imaginary = 0;
         for (std::size_t i = 0; i < length / 2; ++i) {
             const std::size_t at = half * (length / 2) + i;
             const double angle = 2 * std::numbers::pi * near * static_cast<double>(at) / rate;
@@ -86,43 +51,36 @@ constexpr Voice ocarina{79, false};  // of all the sounds, nearly a sine
 
 TEST(Synth, aNoteBeginsOnItsSampleWhereverTheBlocksAre) {
     const auto first = sound_of({note_at(0, 50, drum_click, {0, true})}, 4000);
-    EXPECT_LE(onset(first.left), 2u);
+    EXPECT_LE(first.first(), 2u);
     for (const double ms : {0.1, 1.0, 3.217, 17.77, 100.0, 333.333}) {
         const auto start = static_cast<std::size_t>(std::lround(ms * rate / 1000));
         const auto sound = sound_of({note_at(ms, 50, drum_click, {0, true})}, 20000);
-        for (std::size_t i = 0; i < 4000; ++i) {
-            const float expected = first.left[i];
-            ASSERT_EQ(sound.left[start + i], expected) << ms << " ms, sample " << i;
-        }
-        EXPECT_EQ(onset(sound.left), start + onset(first.left));
+        for (std::size_t i = 0; i < 4000; ++i)
+            ASSERT_EQ(sound.left[start + i], first.left[i]) << ms << " ms, sample " << i;
+        EXPECT_EQ(sound.first(), start + first.first());
     }
 }
 
 // What one note sounds like does not depend on the others: the sum of all is the sound of all.
 TEST(Synth, manyNotesOnAllSamplesAddUp) {
     std::vector<PlayedNote> notes;
-    for (int i = 0; i < 100; ++i) notes.push_back(note_at(i * 1000.0 / rate * 7, 20, 40 + i % 50));
-    for (PlayedNote& note : notes) note.velocity = 8;  // softly, so that nothing is rounded off
-    const auto together = sound_of(notes, 6000);
     std::vector<double> sum(6000);
-    for (const PlayedNote& note : notes) {
-        if (std::llround(note.ms * rate / 1000) % 35 != 0) continue;
-        const auto alone = sound_of({note}, 6000);
-        for (std::size_t i = 0; i < sum.size(); ++i) sum[i] += alone.left[i];
+    for (int i = 0; i < 20; ++i) {
+        notes.push_back(note_at(i * 1000.0 / rate * 35, 20, 40 + i * 5 % 50));
+        notes.back().velocity = 8;  // softly, so that nothing is rounded off
+        const auto alone = sound_of({notes.back()}, 6000);
+        for (std::size_t at = 0; at < sum.size(); ++at) sum[at] += alone.left[at];
     }
-    std::erase_if(notes,
-                  [](const PlayedNote& note) { return std::llround(note.ms * rate / 1000) % 35 != 0; });
-    ASSERT_EQ(notes.size(), 20u);
-    const auto some = sound_of(notes, 6000);
-    for (std::size_t i = 0; i < sum.size(); ++i) ASSERT_NEAR(some.left[i], sum[i], 1e-5) << i;
-    EXPECT_GT(loudness(together.left, 0, 6000), loudness(some.left, 0, 6000));
+    const auto together = sound_of(notes, 6000);
+    for (std::size_t i = 0; i < sum.size(); ++i) ASSERT_NEAR(together.left[i], sum[i], 1e-5) << i;
+    EXPECT_GT(together.loudness(0, 6000), 0);
 }
 
 TEST(Synth, theSizeOfThePiecesChangesNothing) {
     std::vector<PlayedNote> notes = {note_at(3, 40, 60), note_at(11.3, 100, 64.5), note_at(30, 10, 67)};
     notes[1].curve = {{0, 64.5}, {100, 70}};
     const auto expected = sound_of(notes, 12000, 12000);
-    for (const int piece : {1, 64, 441, 1023})
+    for (const std::size_t piece : {1u, 64u, 441u, 1023u})
         EXPECT_EQ(sound_of(notes, 12000, piece).left, expected.left) << piece;
 }
 
@@ -132,7 +90,7 @@ TEST(Synth, notesEndAndNothingIsLeft) {
     hand_in(synth, note_at(0, 1e9, 76, ocarina), 1);
     auto sound = render(synth, 44100);
     EXPECT_EQ(synth.sounding(), 1);
-    EXPECT_GT(loudness(sound.left, 40000, 44000), 0.001) << "the other source's note goes on";
+    EXPECT_GT(sound.loudness(40000, 44000), 0.001) << "the other source's note goes on";
     synth.stop(1, 44100);
     hand_in(synth, note_at(1500, 1e9, 60, ocarina), 1);
     synth.stop(Synth::all_sources, 44100 * 2);
@@ -140,7 +98,7 @@ TEST(Synth, notesEndAndNothingIsLeft) {
     EXPECT_EQ(synth.sounding(), 1) << "what starts after the stop sounds";
     render(synth, 44100 * 5);
     EXPECT_EQ(synth.sounding(), 0);
-    EXPECT_EQ(loudness(render(synth, 1000).left, 0, 1000), 0);
+    EXPECT_EQ(render(synth, 1000).loudness(0, 1000), 0);
 }
 
 TEST(Synth, equalKeysThatOverlapDoNotEndEachOther) {
@@ -148,8 +106,8 @@ TEST(Synth, equalKeysThatOverlapDoNotEndEachOther) {
     hand_in(synth, note_at(0, 1000, 60, ocarina));
     hand_in(synth, note_at(100, 100, 60, ocarina));
     const auto sound = render(synth, 44100 * 2);
-    EXPECT_GT(loudness(sound.left, 30000, 43000), 0.01) << "the long note outlives the short one";
-    EXPECT_LT(loudness(sound.left, 80000, 88000), 0.001);
+    EXPECT_GT(sound.loudness(30000, 43000), 0.01) << "the long note outlives the short one";
+    EXPECT_LT(sound.loudness(80000, 88000), 0.001);
 }
 
 TEST(Synth, closedHiHatCutsTheOpenOneOfItsSourceOnly) {
@@ -160,7 +118,7 @@ TEST(Synth, closedHiHatCutsTheOpenOneOfItsSourceOnly) {
         hand_in(synth, note_at(0, 50, open, {0, true}));
         hand_in(synth, note_at(100.5, 50, closed, {0, true}), source_of_closed);
         const auto sound = render(synth, 44100);
-        return loudness(sound.left, 15000, 22000);
+        return sound.loudness(15000, 22000);
     };
     EXPECT_LT(rest(0), 0.5 * rest(1));
 }
@@ -174,7 +132,7 @@ struct Tuning {
 };
 
 // How many semitones a sound is away from a pitch.
-double mistuning(const Sound& sound, double ms, double pitch) {
+double mistuning(const Rendered& sound, double ms, double pitch) {
     const double heard =
         frequency(sound.left, static_cast<std::size_t>(ms * rate / 1000), 4410, hertz(pitch));
     return 12 * std::log2(heard / hertz(pitch));
@@ -214,7 +172,7 @@ TEST(Synth, neverExceedsOneAndFollowsTheVolume) {
         Synth synth(find_sound_font(), rate);
         synth.set_volume(volume);
         hand_in(synth, note_at(0, 300, 60, ocarina));
-        return loudness(render(synth, 10000).left, 0, 10000);
+        return render(synth, 10000).loudness(0, 10000);
     };
     EXPECT_NEAR(soft(0.5), soft(1) / 2, 1e-6);
     EXPECT_EQ(soft(0), 0);
@@ -230,5 +188,4 @@ TEST(Synth, tellsWhatIsWrongWithAFont) {
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -11,7 +11,6 @@
 #include "temporary_folder.h"
 
 namespace tq {
-
 namespace {
 
 struct WavFile {
@@ -36,15 +35,8 @@ class Wav : public testing::Test {
  protected:
     static PlayedNote click(double ms) { return {ms, 20, 37, 127, {}, {0, true}, "0"}; }
 
-    static WavOptions lasting(double ms) {
-        WavOptions options;
-        options.length_ms = ms;
-        return options;
-    }
-
-    const test::TemporaryFolder temporary;
-    const std::filesystem::path folder = temporary.path;
-    const std::string path = (folder / "out.wav").string();
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("out.wav");
 };
 
 TEST_F(Wav, everyNoteIsAtItsSample) {
@@ -64,30 +56,29 @@ TEST_F(Wav, everyNoteIsAtItsSample) {
 }
 
 TEST_F(Wav, lastsAsLongAsAskedForAndUntilTheSoundHasFaded) {
-    render_wav({}, path, lasting(1500));
+    render_wav({}, path, {1500, 1, ""});
     EXPECT_EQ(WavFile(path).info.frames, 66150);
     const std::vector<PlayedNote> notes = {{0, 100, 60, 100, {}, {48, false}, "0"}};
     render_wav(notes, path);
     const WavFile wav(path);
     EXPECT_GT(wav.info.frames, 4410 + 4410);
     EXPECT_LT(std::abs(wav.samples.back()), 10);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1)
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 1)
         << "nothing lies beside the file";
 }
 
 TEST_F(Wav, saysWhyItCannotWriteAndLeavesWhatWasThere) {
-    const std::string target = (folder / "missing" / "out.wav").string();
+    const std::string target = folder.file("missing/out.wav");
     try {
         render_wav({}, target);
         FAIL() << "no error";
     } catch (const SoundError& error) {
         EXPECT_TRUE(std::string(error.what()).starts_with(target + ": ")) << error.what();
     }
-    render_wav({}, path, lasting(10));
+    render_wav({}, path, {10, 1, ""});
     EXPECT_THROW(render_wav({}, path, {99, 1, "/dev/null"}), SoundError);
     EXPECT_EQ(WavFile(path).info.frames, 441);
 }
 
 }  // namespace
-
 }  // namespace tq

@@ -52,7 +52,8 @@ TEST_F(EarlierSessions, comeBackOrGoOrWaitAsTheUserSays) {
     EXPECT_EQ(find_dead_sessions().sessions.size(), 3u);
     std::optional<Recovery> recovery = answer({"Discard", "Bring Back"});
     ASSERT_TRUE(recovery);
-    EXPECT_TRUE(asked[0].startsWith("A session with a document that was never saved ended unexpectedly. Bring it back?|"))
+    EXPECT_TRUE(asked[0].startsWith(
+        "A session with a document that was never saved ended unexpectedly. Bring it back?|"))
         << asked[0].toStdString();
     EXPECT_TRUE(asked[0].endsWith("2 more wait.") && asked[1].endsWith("1 more wait."));
     EXPECT_EQ(recovery->session->box().tracks[0]->name, "two");

@@ -1,0 +1,63 @@
+// Whether a document's records agree with each other, whatever was done to it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "model/bpfs.h"
+#include "shell/prseq.h"
+
+namespace tq::test {
+
+/// Events that a file brought have the parameter values that stand in it, all others one of each type.
+inline testing::AssertionResult holds_together(const Prseq& box, bool from_file = false) {
+    std::string faults;
+    auto must = [&](bool right, const char* what, long of) {
+        if (!right) faults += what + (" " + std::to_string(of)) + " is wrong; ";
+    };
+    long index = 0;
+    for (const TrackRef& track : box.tracks) {
+        size_t count = 0, selected = 0;
+        const Event* before = nullptr;
+        must(track->index == index, "the index of track", index);
+        ++index;
+        track->events.for_each([&](const Event& event) {
+            must(event.track == track.get(), "the track of event", event.id);
+            must(box.events_by_id.find(event.id) == &event, "the identifier of event", event.id);
+            must(!before || std::pair(before->start, before->id) < std::pair(event.start, event.id),
+                 "the order of event", event.id);
+            must(event.bpfs.size() == track->bpftypes.size(), "the number of curves of event", event.id);
+            must(from_file || event.parametervalues.size() == track->parametertypes.size(),
+                 "the number of values of event", event.id);
+            if (!faults.empty()) return;
+            for (size_t i = 0; i < event.bpfs.size(); ++i) {
+                const BpfPoints& points = event.bpfs[i]->points;
+                must(is_curve_of_type(*event.bpfs[i], *track->bpftypes[i]) && points.size() >= 2 &&
+                         points.front().x == 0 && points.back().x == 1 &&
+                         std::ranges::is_sorted(points, {}, &BpfPoint::x),
+                     "a curve of event", event.id);
+            }
+            for (size_t i = 0; !from_file && i < event.parametervalues.size(); ++i)
+                must(event.parametervalues[i].name == track->parametertypes[i]->name, "a parameter of event",
+                     event.id);
+            must(!event.selected || track->events.selected().at(event.selectedplace) == &event,
+                 "the selection of event", event.id);
+            selected += event.selected;
+            ++count;
+            before = &event;
+        });
+        must(count == track->events.size(), "the number of events of track", track->index);
+        must(selected == track->events.selected().size(), "the selection of track", track->index);
+    }
+    must(box.activetrack < std::ssize(box.tracks) && box.activetrack >= (box.tracks.empty() ? -1 : 0),
+         "the active track", box.activetrack);
+    must(box.history.cursor < std::ssize(box.history.items), "the place in the history", box.history.cursor);
+    must(std::isfinite(box.timelinelength) && box.timelinelength > 0, "the timeline's length", 0);
+    if (faults.empty()) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << faults;
+}
+
+}  // namespace tq::test
