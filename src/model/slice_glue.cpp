@@ -47,6 +47,12 @@ void keep_right_of_cut(BpfPoints& points, double stretch) {
     points.erase(points.begin(), after - 1);
 }
 
+/// What was computed to end at 1 may have missed it by a rounding error.
+void end_at_one(BpfPoints& points) {
+    for (BpfPoint& point : points) point.x = std::min(point.x, 1.);
+    points.back().x = 1;
+}
+
 /// Takes away points that lie exactly on the line between their neighbours.
 void simplify(BpfPoints& points) {
     for (size_t i = 2; i < points.size();) {
@@ -87,6 +93,7 @@ EventRef TQ_Prseq_Events_GlueEvents(Prseq& object, const Event& first, const Eve
         if (!joined) continue;
         joined->points.insert(joined->points.end(), bpf->points.begin(), bpf->points.end());
         sort_bpf_points(joined->points);
+        end_at_one(joined->points);
         simplify(joined->points);
     }
     return glued;

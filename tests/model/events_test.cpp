@@ -117,6 +117,20 @@ TEST_F(Events, areJoinedOverTheTimeOfBoth) {
     EXPECT_EQ(ramp->bpfs[1]->points, BpfPoints({{0, 0}, {0.25, 1}, {0.75, 0}, {1, 0.25}}));
 }
 
+TEST_F(Events, endAtOneHoweverTheyAreJoined) {
+    std::mt19937 random(3);
+    auto ms = [&] { return 1 + static_cast<double>(random() % 3000000) / 997; };
+    for (int round = 0; round < 3000; ++round) {
+        EventRef first = make(0, 1000, {{0, 0}, {0.5, 1}, {1, 0}}), second = make(0, 1000, {{0, 0}, {1, 1}});
+        TQ_Prseq_Events_SetEventTimes(*first, ms(), ms());
+        TQ_Prseq_Events_SetEventTimes(*second, first->start + ms() / 2, ms());
+        const BpfPoints curve = TQ_Prseq_Events_GlueEvents(box(), *first, *second)->bpfs[1]->points;
+        ASSERT_EQ(curve.front().x, 0);
+        ASSERT_EQ(curve.back().x, 1) << "round " << round;
+        ASSERT_TRUE(std::ranges::is_sorted(curve, {}, &BpfPoint::x));
+    }
+}
+
 TEST_F(Events, areCopiedWithAnIdentifierOfTheirOwn) {
     EventRef event = make(0, 1000);
     event->selected = true;
