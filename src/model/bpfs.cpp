@@ -14,6 +14,9 @@ namespace {
 
 Symbol with_bis(Symbol name) { return gensym(cut_text(name.text() + "Bis", 255)); }
 
+/// Nobody could find the curves of a type without a name.
+Symbol named(Symbol name) { return name.empty() ? tq_sym_Bpftype : name; }
+
 bool same_values(const BpfType& type, const BpfTypeValues& values) {
     return type.minimum == values.minimum && type.maximum == values.maximum &&
            type.default_ == values.default_;
@@ -26,6 +29,7 @@ bool has_other_type_named(const Track& track, const BpfType* type, Symbol name) 
 
 /// What is wanted, or else with "Bis" and perhaps a number behind it.
 Symbol free_name(const Track& track, const BpfType* type, Symbol wanted) {
+    wanted = named(wanted);
     Symbol name = wanted;
     for (long n = 1; has_other_type_named(track, type, name); ++n)
         name = gensym(cut_text(wanted.text(), 240) + "Bis" + (n == 1 ? "" : std::to_string(n)));
@@ -38,7 +42,7 @@ struct TypeSearch {
     Symbol freename;
 };
 TypeSearch search_type(const Track& track, const BpfTypeValues& values) {
-    Symbol name = values.name;
+    Symbol name = named(values.name);
     if (name == tq_sym_Pitch) return {nullptr, name};
     for (const BpfTypeRef& type : track.bpftypes) {
         if (type->name != name) continue;

@@ -5,6 +5,7 @@
 #include "file/document_messages.h"
 #include "file/document_writer.h"
 #include "file/random_document.h"
+#include "model/holds_together.h"
 
 namespace tq::test {
 namespace {
@@ -88,6 +89,14 @@ TEST_F(Documents, repairCurvesWithoutEnds) {
     const Event& event = *box().tracks.at(0)->events.first();
     ASSERT_EQ(event.bpfs.size(), 1u);
     EXPECT_EQ(event.bpfs[0]->points, BpfPoints({{0, 0}, {0.5, 2}, {0.75, 1}, {1, 0}}));
+}
+
+TEST_F(Documents, nameCurveTypesThatHaveNone) {
+    read_document(
+        R"({"tq.sorvo":"","header":{"fileversion":100},"tracks":[{"name":"A","bpftypes":[{"maxvalue":1}],
+        "events":[{"bpfs":[{"points":[{"x":0,"y":1},{"x":1,"y":1}]}]}]}]})");
+    EXPECT_EQ(box().tracks.at(0)->bpftypes.at(1)->name.text(), "Bpftype");
+    EXPECT_TRUE(holds_together(box(), true));
 }
 
 }  // namespace
