@@ -21,10 +21,6 @@ namespace {
 
 bool in_select_mode(const Prseq& object) { return object.maindisplay.mousemode == MouseMode::Select; }
 
-size_t list_selected_events(Prseq& object) {
-    return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
-}
-
 /// The type that a curve from elsewhere has on the track; added when the track lacks it.
 const BpfType& type_for(Prseq& object, const TrackRef& track, const Bpf& bpf) {
     if (BpfType* added = TQ_Prseq_Tracks_AddBpfTypeToTrack(object, track->index, bpf.name, bpf.minimum,

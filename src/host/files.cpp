@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "host/write_bytes.h"
+
 namespace tq {
 
 namespace {
@@ -36,13 +38,7 @@ class File {
 };
 
 bool write_all(const File& file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        ssize_t written = ::write(file.descriptor(), bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes.remove_prefix(static_cast<size_t>(written));
-    }
-    return true;
+    return write_bytes(file.descriptor(), bytes) == bytes.size();
 }
 
 bool write_and_sync(const File& file, std::string_view bytes) {

@@ -12,7 +12,7 @@ namespace tq {
 
 void prseq_deleteselectedevents(Prseq& object) {
     close_event_capture(object);
-    if (!TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack)) return;
+    if (!list_selected_events(object)) return;
     TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(object, object.selection);
     TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(object, object.activetrack);
     prseq_edited(object, Change::Events);

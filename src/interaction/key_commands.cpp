@@ -40,18 +40,14 @@ void select_only(Prseq& object, Event* event) {
     TQ_Prseq_Output_OutputSelectedEvents(object);
 }
 
-bool lists_selected(Prseq& object) {
-    return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack) > 0;
-}
-
 void select_previous(Prseq& object) {
-    if (!lists_selected(object)) return;
+    if (!list_selected_events(object)) return;
     const Event& first = *object.selection.front();
     select_only(object, first.track->events.previous(first));
 }
 
 void select_next(Prseq& object) {
-    if (!lists_selected(object)) return;
+    if (!list_selected_events(object)) return;
     const Event& last = *object.selection.back();
     select_only(object, last.track->events.next(last));
 }

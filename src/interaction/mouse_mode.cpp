@@ -30,7 +30,7 @@ constexpr Row rows[] = {
 
 void open_bpf_editor(Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    if (TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack) > 0)
+    if (list_selected_events(object) > 0)
         TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(object);
     else if (track && track->events.size() <= 1)
         object.bpfeditingevent = track->events.first();

@@ -19,18 +19,12 @@ namespace tq {
 
 namespace {
 
-/// On the time grid, when it is on; never before 0.
-double snapped_start(const Prseq& object, double start) {
-    const MainDisplay& md = object.maindisplay;
-    if (object.snaptime)
-        start = TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse(md, md.mslabelincrement / 10, start);
-    return std::max(start, 0.);
-}
-
+/// Never before 0, and on the time grid when it is on.
 double start_at(const Prseq& object, double pagex) {
-    return snapped_start(
-        object,
-        std::max(TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, object.maindisplay, pagex), 0.));
+    const MainDisplay& md = object.maindisplay;
+    const double start = std::max(TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, md, pagex), 0.);
+    if (!object.snaptime) return start;
+    return TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse(md, md.mslabelincrement / 10, start);
 }
 
 double held_pitch(double pitch) { return std::clamp(pitch, 0., Prseq::maximumpitch); }

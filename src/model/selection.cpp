@@ -84,10 +84,14 @@ size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long i
     return object.selection.size();
 }
 
+size_t list_selected_events(Prseq& object) {
+    return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
+}
+
 size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object) { return object.selection.size(); }
 
 void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object) {
-    if (TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack) != 1) return;
+    if (list_selected_events(object) != 1) return;
     object.bpfeditingevent = object.selection.front();
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     TQ_Prseq_Tracks_SelectEvent2(object, *object.bpfeditingevent);

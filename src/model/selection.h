@@ -30,6 +30,8 @@ void TQ_Prseq_Tracks_SelectEventsFromLinkedList(Prseq& object, const std::vector
 
 /// Makes the selection list of a visible track's selected events, in the track's order; returns how many.
 size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long track);
+/// The same of the active track.
+size_t list_selected_events(Prseq& object);
 size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object);
 /// When exactly one event is selected, its curves are edited from now on.
 void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object);

@@ -120,7 +120,7 @@ void TQ_Prseq_Output_BuildEventForOutputWhilePlaying(const Track& track, const E
 void prseq_dump_selected(Prseq& object) { TQ_Prseq_Output_OutputSelectedEvents(object); }
 
 void TQ_Prseq_Output_OutputSelectedEvents(Prseq& object) {
-    TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
+    list_selected_events(object);
     outlet_anything(object, OutletSelected, tq_sym_event, Atoms{tq_sym_clear});
     long position = 0;
     for (const EventRef& event : object.selection) output_selected_event(object, *event, position++);

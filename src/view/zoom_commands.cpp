@@ -78,7 +78,7 @@ void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy) {
 }
 
 void TQ_Prseq_Zoom_ZoomToSelectedEvents(Prseq& object) {
-    if (!TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack)) return;
+    if (!list_selected_events(object)) return;
     synchronise_view(object);
     double end = 0;
     for (const EventRef& event : object.selection) end = std::max(end, event->end());

@@ -10,6 +10,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/write_bytes.h"
+
 namespace tq {
 
 namespace {
@@ -147,16 +149,8 @@ bool JournalFile::write_pieces(std::vector<Piece>& pieces) {
 
 /// Takes from the text what is written.
 bool JournalFile::write_text(std::string& text) {
-    size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t written = ::write(descriptor_, text.data() + done, text.size() - done);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) {
-            fail(std::strerror(errno));
-            break;
-        }
-        done += static_cast<size_t>(written);
-    }
+    const size_t done = write_bytes(descriptor_, text);
+    if (done < text.size()) fail(std::strerror(errno));
     text.erase(0, done);
     return text.empty();
 }
@@ -168,14 +162,8 @@ bool JournalFile::write_kept(Piece& piece) {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) {
         const int file = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        std::string_view left = *piece.file;
-        while (file >= 0 && !left.empty()) {
-            const ssize_t written = ::write(file, left.data(), left.size());
-            if (written < 0 && errno == EINTR) continue;
-            if (written <= 0) break;
-            left.remove_prefix(static_cast<size_t>(written));
-        }
-        const bool whole = file >= 0 && left.empty() && ::rename(part.c_str(), path.c_str()) == 0;
+        const bool whole = file >= 0 && write_bytes(file, *piece.file) == piece.file->size() &&
+                           ::rename(part.c_str(), path.c_str()) == 0;
         if (!whole) fail(std::strerror(errno));
         if (file >= 0) ::close(file);
         if (!whole) return false;

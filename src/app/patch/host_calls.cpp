@@ -103,6 +103,7 @@ void call_sound(Session& session, Symbol name, const std::optional<SoundFormat>&
                               std::vector<float>(static_cast<size_t>(format->frames * format->channels)));
         buffer_set(host, name, std::move(sound), file);
     };
+    // Whoever records calls has been told of the buffer itself by then.
     session.call([&] { return "# sound " + atom_gettext(Atoms{name}); },
                  [&] { format ? make() : static_cast<void>(buffer_remove(host, name)); });
 }
