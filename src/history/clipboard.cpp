@@ -29,7 +29,7 @@ const BpfType& type_for(Prseq& object, const TrackRef& track, const Bpf& bpf) {
                                                      static_cast<long>(track->bpftypes.size()) - 1);
         return *added;
     }
-    return *find_identical_bpf_type(*track, {bpf.name, bpf.minimum, bpf.maximum, bpf.default_});
+    return *find_identical_bpf_type(*track, bpf);
 }
 
 using CurveNames = std::vector<std::pair<Symbol, Symbol>>;

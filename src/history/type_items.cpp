@@ -74,10 +74,8 @@ struct ChangeBpfItem : UndoItem {
     void redo(Prseq& object) override { set(object, next); }
     void set(Prseq& object, const BpfTypeValues& values) const {
         Symbol old_name = type->name;
+        static_cast<BpfTypeValues&>(*type) = values;
         type->name = free_bpf_type_name(*track, *type, values.name);
-        type->minimum = values.minimum;
-        type->maximum = values.maximum;
-        type->default_ = values.default_;
         TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(*track, old_name, *type);
         show_types(object, track);
     }
@@ -116,7 +114,7 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(Prseq& object, TrackRef tra
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Prseq& object, TrackRef track, BpfTypeRef type,
                                                      BpfTypeValues previous) {
-    BpfTypeValues next{type->name, type->minimum, type->maximum, type->default_};
+    const BpfTypeValues next = *type;
     record<ChangeBpfItem>(object, std::move(track), std::move(type), previous, next);
 }
 

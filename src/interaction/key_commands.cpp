@@ -17,13 +17,8 @@ namespace tq {
 
 namespace {
 
-bool edits_curves(const Prseq& object) {
-    const MouseMode mode = object.maindisplay.mousemode;
-    return mode == MouseMode::EditBpf || mode == MouseMode::SelectBpf;
-}
-
 void delete_selected(Prseq& object) {
-    if (!edits_curves(object)) prseq_deleteselectedevents(object);
+    if (!edits_curves(object.maindisplay.mousemode)) prseq_deleteselectedevents(object);
 }
 
 void select_all(Prseq& object) {

@@ -9,20 +9,18 @@
 
 namespace tq {
 
-/// A kind of curve on a track. "Pitch" is on every track; its curves hold semitones, all others unity values.
-struct BpfType : Counted<BpfType> {
+/// What a kind of curve is called, and what its unity values stand for.
+struct BpfTypeValues {
     Symbol name;
     double minimum = 0;   ///< real value of a curve's 0
     double maximum = 1;   ///< real value of a curve's 1
     double default_ = 0;  ///< real value that new curves have
+    friend bool operator==(const BpfTypeValues&, const BpfTypeValues&) = default;
 };
-using BpfTypeRef = Ref<BpfType>;
 
-/// A type's values, apart from any track.
-struct BpfTypeValues {
-    Symbol name;
-    double minimum = 0, maximum = 1, default_ = 0;
-};
+/// A kind of curve on a track. "Pitch" is on every track; its curves hold semitones, all others unity values.
+struct BpfType : Counted<BpfType>, BpfTypeValues {};
+using BpfTypeRef = Ref<BpfType>;
 
 /// A point is a plain value: what edits it keeps the points before and after.
 struct BpfPoint {
@@ -34,10 +32,9 @@ struct BpfPoint {
 /// Room for a straight line, which most curves are, without a second allocation.
 using BpfPoints = boost::container::small_vector<BpfPoint, 2>;
 
-/// One event's curve of one type: points ascending by x, the first at 0 and the last at 1.
-struct Bpf : Counted<Bpf> {
-    Symbol name;                                    ///< the type's name
-    double minimum = 0, maximum = 1, default_ = 0;  ///< the type's
+/// One event's curve of one type, whose values it has: points ascending by x, the first at 0 and the last
+/// at 1.
+struct Bpf : Counted<Bpf>, BpfTypeValues {
     BpfPoints points;
 };
 using BpfRef = Ref<Bpf>;

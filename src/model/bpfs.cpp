@@ -17,11 +17,6 @@ Symbol with_bis(Symbol name) { return gensym(cut_text(name.text() + "Bis", 255))
 /// Nobody could find the curves of a type without a name.
 Symbol named(Symbol name) { return name.empty() ? tq_sym_Bpftype : name; }
 
-bool same_values(const BpfType& type, const BpfTypeValues& values) {
-    return type.minimum == values.minimum && type.maximum == values.maximum &&
-           type.default_ == values.default_;
-}
-
 bool has_other_type_named(const Track& track, const BpfType* type, Symbol name) {
     return std::ranges::any_of(
         track.bpftypes, [&](const BpfTypeRef& other) { return other.get() != type && other->name == name; });
@@ -41,15 +36,15 @@ struct TypeSearch {
     BpfType* identical = nullptr;
     Symbol freename;
 };
-TypeSearch search_type(const Track& track, const BpfTypeValues& values) {
-    Symbol name = named(values.name);
-    if (name == tq_sym_Pitch) return {nullptr, name};
+TypeSearch search_type(const Track& track, BpfTypeValues values) {
+    values.name = named(values.name);
+    if (values.name == tq_sym_Pitch) return {nullptr, values.name};
     for (const BpfTypeRef& type : track.bpftypes) {
-        if (type->name != name) continue;
-        if (same_values(*type, values)) return {type.get(), name};
-        name = with_bis(name);
+        if (type->name != values.name) continue;
+        if (*type == values) return {type.get(), values.name};
+        values.name = with_bis(values.name);
     }
-    return {nullptr, free_name(track, nullptr, name)};
+    return {nullptr, free_name(track, nullptr, values.name)};
 }
 
 }  // namespace
@@ -61,10 +56,7 @@ BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol nam
     TypeSearch search = search_type(*track, {name, minimum, maximum, default_});
     if (search.identical) return nullptr;
     BpfTypeRef type = make_ref<BpfType>();
-    type->name = search.freename;
-    type->minimum = minimum;
-    type->maximum = maximum;
-    type->default_ = default_;
+    static_cast<BpfTypeValues&>(*type) = {search.freename, minimum, maximum, default_};
     track->bpftypes.push_back(type);
     TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(*track, *type);
     return type.get();
@@ -78,16 +70,10 @@ BpfType* find_identical_bpf_type(const Track& track, const BpfTypeValues& values
     return search_type(track, values).identical;
 }
 
-void make_curve_of_type(Bpf& bpf, const BpfType& type) {
-    bpf.name = type.name;
-    bpf.minimum = type.minimum;
-    bpf.maximum = type.maximum;
-    bpf.default_ = type.default_;
-}
+void make_curve_of_type(Bpf& bpf, const BpfType& type) { static_cast<BpfTypeValues&>(bpf) = type; }
 
 bool is_curve_of_type(const Bpf& bpf, const BpfType& type) {
-    return bpf.name == type.name && bpf.minimum == type.minimum && bpf.maximum == type.maximum &&
-           bpf.default_ == type.default_;
+    return static_cast<const BpfTypeValues&>(bpf) == type;
 }
 
 void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type) {
@@ -170,15 +156,7 @@ void TQ_Prseq_Events_DeleteBpfReferenceFromEvent(Event& event, const Bpf& bpf) {
     if (event.activebpf == kept) event.activebpf = nullptr;
 }
 
-BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf) {
-    BpfRef copy = make_ref<Bpf>();
-    copy->name = bpf.name;
-    copy->minimum = bpf.minimum;
-    copy->maximum = bpf.maximum;
-    copy->default_ = bpf.default_;
-    copy->points = bpf.points;
-    return copy;
-}
+BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf) { return make_ref<Bpf>(bpf); }
 
 Bpf* TQ_Prseq_Events_SetActiveBpfFromName(Event& event, Symbol name) {
     Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, name);

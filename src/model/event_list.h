@@ -33,6 +33,8 @@ class EventList {
 
     size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
+    /// Whether so many events are cheaper dealt with one by one than by going through the whole list.
+    bool is_few(size_t count) const { return count < size_ / 16; }
 
     /// Puts an event that is in no list in its place.
     void insert(EventRef event, Track& track);
@@ -85,8 +87,6 @@ class EventList {
     using Tree = EventBranch<EventBranch<EventLeaf>>;
 
     bool holds(const Event& event) const { return tree().first_from({event.start, event.id}) == &event; }
-    /// One in so many events is cheaper dealt with one by one than by going through the whole list.
-    bool is_few(size_t count) const { return count < size_ / 16; }
     void add_selected(Event& event);
     void remove_selected(Event& event);
     std::vector<EventEntry> take_all();

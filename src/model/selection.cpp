@@ -34,7 +34,7 @@ std::vector<EventRef> selected_in_order(const Track& track) {
     std::vector<EventRef> list;
     std::vector<Event*> selected = track.events.selected();
     list.reserve(selected.size());
-    if (selected.size() < track.events.size() / 16) {
+    if (track.events.is_few(selected.size())) {
         std::sort(selected.begin(), selected.end(), is_before);
         list.assign(selected.begin(), selected.end());
     } else if (!selected.empty()) {

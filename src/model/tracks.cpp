@@ -173,13 +173,12 @@ void TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(Prseq& object, Event& event) 
 }
 
 void TQ_Prseq_Tracks_DeleteEventReferences(Prseq& object, const std::vector<EventRef>& events) {
-    constexpr size_t few = 16;
     std::vector<Track*> thinned;
     for (const EventRef& event : events) {
         Track* track = event->track;
         if (!track) continue;
         object.events_by_id.remove(*event);
-        if (events.size() < track->events.size() / few) {
+        if (track->events.is_few(events.size())) {
             track->events.erase(*event);
         } else {  // many of the track's: marked now, swept out together
             event->track = nullptr;

@@ -22,9 +22,7 @@ bool has_maindisplay(const Prseq& object) {
 }
 
 bool asks_for_an_event_to_edit(const Prseq& object) {
-    const MouseMode mode = object.maindisplay.mousemode;
-    return (mode == MouseMode::EditBpf || mode == MouseMode::SelectBpf) &&
-           !(object.bpfeditor && object.bpfeditingevent);
+    return edits_curves(object.maindisplay.mousemode) && !(object.bpfeditor && object.bpfeditingevent);
 }
 
 void follow_linecursor(Prseq& object) {

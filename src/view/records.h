@@ -36,6 +36,11 @@ enum class MouseMode : int {
     Buffer = 7
 };
 
+/// The modes in which an event's curves are edited.
+inline bool edits_curves(MouseMode mode) {
+    return mode == MouseMode::EditBpf || mode == MouseMode::SelectBpf;
+}
+
 enum class TimeDisplayType : long { Milliseconds = 0, MinutesSeconds = 1, BarsBeats = 2 };
 
 /// Where the parts are, relative to the box's top left corner; a part that is not shown has no width or
