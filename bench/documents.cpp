@@ -6,10 +6,10 @@
 #include <random>
 
 #include "app/midi/writer.h"
+#include "edits/track_edits.h"
 #include "model/bpfs.h"
 #include "model/events.h"
 #include "model/tracks.h"
-#include "shell/track_messages.h"
 
 namespace bench {
 

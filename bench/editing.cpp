@@ -4,12 +4,14 @@
 #include <functional>
 
 #include "documents.h"
-#include "history/clipboard.h"
-#include "history/recorders.h"
-#include "interaction/edits.h"
-#include "interaction/main_press.h"
+#include "edits/clipboard.h"
+#include "edits/event_edits.h"
+#include "history/edit.h"
+#include "host/modifiers.h"
+#include "interaction/mouse.h"
+#include "interaction/move_gesture.h"
+#include "interaction/pointer.h"
 #include "model/events.h"
-#include "model/selected_events.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "table.h"
@@ -40,20 +42,16 @@ class Editing {
         TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(box_, 0);
     }
     void press() {
-        TQ_Prseq_Maindisplay_Click(box_, 300, 300);
-        box_.press.clickedevent = box_.selection.front();
-        box_.press.selectionwhenclicked = TQ_Prseq_Tracks_CalculateBoundingRectOfSelectedEvents(box_);
-        TQ_Prseq_Tracks_CalculateEventsOffsetFromSelectionRectWhenClicked(box_);
-        TQ_Prseq_Tracks_MakeUndoEventsFromSelectedEvents(box_);
+        end_what_is_under_way(box_);
+        box_.gesture = move_gesture(box_, box_.selection.front(), pointer_at(box_, 300, 300, 0));
         distance_ = 0;
     }
     /// One step of a drag.
     void drag() {
         distance_ = distance_ > 20 ? 1 : distance_ + 1;
-        box_.press.drag = {box_.press.press.x + distance_, box_.press.press.y};
-        TQ_Prseq_Tracks_MoveSelectedEventsOnTrack(box_, 0);
+        prseq_mousedrag(box_, 300 + distance_, 300, modifier_left_button);
     }
-    void release() { TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(box_, std::move(box_.press.undoevents)); }
+    void release() { prseq_mouseup(box_, 300, 300, modifier_left_button); }
     void delete_selected() { prseq_deleteselectedevents(box_); }
     void undo() { session_->send(undo_, {}); }
     void redo() { session_->send(redo_, {}); }
@@ -92,7 +90,7 @@ void nothing(Editing&) {}
 const Operation operations[] = {
     {"select all", true, nothing, [](Editing& e) { e.select_all(); }, nothing},
     {"move the whole selection by one step", true, [](Editing& e) { e.select_all(), e.press(); },
-     [](Editing& e) { e.drag(); }, nothing},
+     [](Editing& e) { e.drag(); }, [](Editing& e) { e.release(), e.forget(); }},
     {"delete all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.delete_selected(); },
      [](Editing& e) { e.undo(), e.forget(); }},
     {"undo deleting all", true, [](Editing& e) { e.select_all(), e.delete_selected(); },

@@ -17,7 +17,8 @@
 #include "host/dictionary.h"
 #include "host/files.h"
 #include "host/graphics_runtime.h"
-#include "shell/change.h"
+#include "instance/change.h"
+#include "scaling.h"
 #include "table.h"
 #include "view/zoom.h"
 #include "view/zoom_commands.h"
@@ -182,8 +183,7 @@ void document_rows() {
 double ms_per_paint(size_t events) {
     auto session = document(events, 8, 10);
     Prseq& box = session->box();
-    box.width = 1600;
-    box.height = 900;
+    jbox_set_size(box, {1600, 900});
     box.zoom_animation = false;
     OffscreenPainter painter;
     painter.paint(box);
@@ -248,7 +248,7 @@ struct Group {
 constexpr Group groups[] = {
     {"messages", event_message_rows}, {"journal", journal_rows},    {"midi", midi_rows},
     {"memory", memory_rows},          {"documents", document_rows}, {"paint", paint_rows},
-    {"playback", playback_rows},      {"editing", editing_rows}};
+    {"playback", playback_rows},      {"editing", editing_rows},    {"scaling", scaling_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
     return argc < 2 ||

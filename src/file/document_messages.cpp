@@ -2,13 +2,15 @@
 
 #include <fmt/printf.h>
 
+#include <utility>
+
 #include "file/document_reader.h"
 #include "file/document_writer.h"
+#include "file/new_document.h"
 #include "host/defer.h"
 #include "host/files.h"
-#include "shell/change.h"
-#include "shell/instance.h"
-#include "shell/utilities.h"
+#include "instance/prseq.h"
+#include "instance/utilities.h"
 
 namespace tq {
 
@@ -23,42 +25,42 @@ void empty_document(Prseq& object) {
     prseq_show(object, Change::Everything);
 }
 
-/// Reads the document's own file into the emptied box.
-bool read_own_file(Prseq& object) {
-    std::optional<DictionaryFile> file =
-        dictionary_read(object, path_in_folder(object.info.folder, object.info.filename));
-    bool read = file && TQ_Prseq_Json_ParseDictionary(object, file->root());
+/// Reads a file into the emptied box. Its name is the document's only when that succeeded: what is not a
+/// document is never written over.
+bool read_file(Prseq& object, const LocatedFile& file) {
+    const std::string folder_before = std::exchange(object.info.folder, file.folder);
+    object.info.filename = cut_text(file.name, longest_located_name);
+    std::optional<DictionaryFile> read = dictionary_read(object, path_in_folder(file.folder, file.name));
+    bool parsed = read && TQ_Prseq_Json_ParseDictionary(object, read->root());
+    if (!parsed) {
+        object.info.filename.clear();
+        object.info.folder = folder_before;
+    }
     prseq_show(object, Change::Everything);
-    return read;
+    return parsed;
 }
 
 bool read_by_name(Prseq& object, const std::string& name, const std::string& folder) {
     std::optional<LocatedFile> found = object.host().patch.locate(name, folder);
-    if (!found) {
-        object_error(object, fmt::sprintf("The file \"%s\" could not be found", name));
-        return false;
-    }
-    object.info.filename = cut_text(found->name, longest_located_name);
-    object.info.folder = found->folder;
-    return read_own_file(object);
+    if (found) return read_file(object, *found);
+    object_error(object, fmt::sprintf("The file \"%s\" could not be found", name));
+    return false;
 }
 
 void read_chosen(Prseq& object) {
-    if (TQ_Prseq_Json_OpenDialog(object)) read_own_file(object);
+    if (std::optional<LocatedFile> file = TQ_Prseq_Json_OpenDialog(object)) read_file(object, *file);
 }
 
 void write_chosen(Prseq& object, const std::string& name) {
     if (TQ_Prseq_Json_SaveDialog(object, name)) TQ_Prseq_Json_WriteDictionary(object);
 }
 
-/// What a dialog chose becomes the document's file.
-bool take_choice(DocumentInfo& info, const std::optional<std::string>& path) {
+std::optional<LocatedFile> choice(DocumentInfo& info, const std::optional<std::string>& path) {
     info.dialogcancelled = !path;
-    if (!path) return false;
+    if (!path) return {};
     LocatedFile file = located(*path);
-    info.filename = cut_text(file.name, longest_chosen_name);
-    info.folder = file.folder;
-    return true;
+    file.name = cut_text(file.name, longest_chosen_name);
+    return file;
 }
 
 }  // namespace
@@ -114,12 +116,16 @@ std::string TQ_Prseq_Json_MakeUntitledFileName(const Prseq& object) {
     return fmt::sprintf("untitled%ld.json", object.info.untitledcounter);
 }
 
-bool TQ_Prseq_Json_OpenDialog(Prseq& object) {
-    return take_choice(object.info, object.host().patch.open_dialog());
+std::optional<LocatedFile> TQ_Prseq_Json_OpenDialog(Prseq& object) {
+    return choice(object.info, object.host().patch.open_dialog());
 }
 
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name) {
-    return take_choice(object.info, object.host().patch.save_dialog(name));
+    std::optional<LocatedFile> file = choice(object.info, object.host().patch.save_dialog(name));
+    if (!file) return false;
+    object.info.filename = file->name;
+    object.info.folder = file->folder;
+    return true;
 }
 
 bool read_document(Prseq& object, const std::string& path) {

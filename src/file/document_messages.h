@@ -2,9 +2,11 @@
 // over.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "host/class.h"
+#include "host/files.h"
 
 namespace tq {
 
@@ -27,8 +29,9 @@ void TQ_Prseq_Json_WriteFromSaveAs(Prseq& object);
 
 /// "untitled%ld.json" with the untitled counter.
 std::string TQ_Prseq_Json_MakeUntitledFileName(const Prseq& object);
+/// Asks for a file to read; none when the user cancels.
+std::optional<LocatedFile> TQ_Prseq_Json_OpenDialog(Prseq& object);
 /// Asks for a file, which becomes the document's own; false when the user cancels.
-bool TQ_Prseq_Json_OpenDialog(Prseq& object);
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name);
 
 /// Reads a document from a path into the emptied box, now. False when it is none; why is posted.

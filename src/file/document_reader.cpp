@@ -5,13 +5,15 @@
 #include <limits>
 
 #include "file/track_reader.h"
+#include "instance/prseq.h"
+#include "instance/utilities.h"
 #include "model/bars.h"
+#include "model/timeline.h"
 #include "model/track_info.h"
 #include "model/tracks.h"
 #include "playback/output.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
-#include "shell/utilities.h"
+#include "view/layout.h"
+#include "view/reports.h"
 #include "view/synchronise.h"
 #include "view/zoom.h"
 
@@ -37,9 +39,11 @@ void read_timeline(Prseq& object, const Dictionary& root) {
         object.activetrack = *active;
     if (auto length = root.getfloat("maxtime"); length && *length > 0) {
         object.timelinelength = *length;
+        for (const TrackRef& track : object.tracks) extend_timeline(object, track->events.latest_end());
         synchronise_view(object);
-        prseq_resize_maxtime(object, *length);
+        prseq_resize_maxtime(object, object.timelinelength);
     }
+    settle_timeline_length(object);
     root.getarray("meters").for_each([&](const Dictionary& region) {
         long measure = region.getlong("measure").value_or(0), first = object.meter.firstbarnumber;
         long bar = measure < std::numeric_limits<long>::max() - first ? measure + first
@@ -62,7 +66,7 @@ void read_switches(Prseq& object, const Dictionary& root) {
         if (auto value = root.getlong(row.key)) object.*row.field = *value != 0;
     if (auto value = root.getlong("linecursorfollow")) object.linecursor.follow = *value != 0;
     if (auto value = root.getlong("timedisplaytype"); value && *value >= 0 && *value <= 2)
-        object.timedisplaytype = *value;
+        set_time_display_type(object, static_cast<TimeDisplayType>(*value));
 }
 
 void read_view(Prseq& object, const Dictionary& root) {

@@ -4,11 +4,10 @@
 
 #include "host/dictionary.h"
 #include "host/files.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/tracks.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
 
 namespace tq {
 
@@ -27,12 +26,10 @@ void write_header(const DocumentInfo& info, DictionaryWriter& out) {
 }
 
 void write_parameters(const Event& event, DictionaryWriter& out) {
-    // Values that the event lacks stay lacking when it is read again.
-    if (event.parametervalues.empty() && event.track && !event.track->parametertypes.empty()) return;
     out.open_array("parameters");
     for (const ParameterValue& value : event.parametervalues) {
         out.open_dictionary();
-        out.appendstring("name", value.name.text());
+        out.appendstring("name", value.name().text());
         out.appendfloat("value", value.value);
         out.close_dictionary();
     }
@@ -43,7 +40,7 @@ void write_bpfs(const Event& event, DictionaryWriter& out) {
     out.open_array("bpfs");
     for (const BpfRef& bpf : event.bpfs) {
         out.open_dictionary();
-        out.appendstring("name", bpf->name.text());
+        out.appendstring("name", bpf->name().text());
         out.open_array("points");
         for (const BpfPoint& point : bpf->points) {
             out.open_dictionary();

@@ -1,13 +1,12 @@
 #include "file/track_reader.h"
 
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "model/bpfs.h"
 #include "model/buffers.h"
 #include "model/events.h"
 #include "model/parameters.h"
 #include "model/tracks.h"
-#include "shell/messages.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
 
 namespace tq {
 
@@ -70,7 +69,7 @@ BpfPoints read_points(const DictionaryArray& list) {
 
 void read_curve(const Track& track, Event& event, const Dictionary& curve) {
     Symbol name = symbol_of(curve, "name");
-    const BpfType* type = TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, name);
+    BpfType* type = TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, name);
     if (!type || !curve.has("points")) return;
     Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, name);
     if (!bpf) {
@@ -104,15 +103,13 @@ void read_event(Prseq& object, Track& track, const Dictionary& dictionary) {
         symbol_of(dictionary, "label"), symbol_of(dictionary, "message"));
     event->bpfs.push_back(TQ_Prseq_Events_MakeBpfFromBpfType(*track.bpftypes.front()));
     if (dictionary.has("buffer")) read_buffer(object, *event, dictionary);
-    if (dictionary.has("parameters")) {
-        TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, *event);
-        dictionary.getarray("parameters").for_each([&](const Dictionary& parameter) {
-            if (auto value = parameter.getfloat("value"))
-                TQ_Prseq_Parameters_SetEventParameterValue(*event, symbol_of(parameter, "name"), *value);
-        });
-    }
+    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, *event);
+    dictionary.getarray("parameters").for_each([&](const Dictionary& parameter) {
+        if (auto value = parameter.getfloat("value"))
+            TQ_Prseq_Parameters_SetEventParameterValue(*event, symbol_of(parameter, "name"), *value);
+    });
     dictionary.getarray("bpfs").for_each([&](const Dictionary& curve) { read_curve(track, *event, curve); });
-    TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
+    conform_event_to(track, *event);
     TQ_Prseq_Tracks_InsertEvent(object, track, std::move(event));
 }
 

@@ -1,13 +1,15 @@
 #include "history/capture.h"
 
+#include "history/edit.h"
 #include "history/recorders.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 
 void open_event_capture(Prseq& object) {
     if (object.capture.active) return;
     object.capture.active = true;
+    object.capture.before = before_steps(object);
     clock_fdelay(object.eventcaptureclock, static_cast<double>(object.event_capture_span));
 }
 
@@ -33,10 +35,13 @@ void close_event_capture(Prseq& object) {
     if (!object.capture.active) return;
     clock_unset(object.eventcaptureclock);
     EventCapture capture = std::exchange(object.capture, {});
+    Edit edit(object, Edit::EndOfSteps{capture.before});
     if (!capture.inserted.empty())
-        TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(object, std::move(capture.inserted));
-    if (!capture.modified.empty())
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(object, std::move(capture.modified));
+        TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(edit, std::move(capture.inserted));
+    else if (!capture.modified.empty())
+        TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(edit, std::move(capture.modified));
+    else
+        edit.nothing();
 }
 
 }  // namespace tq

@@ -1,7 +1,7 @@
 // Gathering "event" messages into undo items.
 #pragma once
 
-#include "history/capture_record.h"
+#include "instance/capture_record.h"
 
 namespace tq {
 

@@ -1,7 +1,7 @@
 // Undoable edits that bring events into the document or take them out.
 #include "history/items.h"
 #include "history/recorders.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 
@@ -28,45 +28,45 @@ struct ExchangeItem : UndoItem {
     }
 };
 
-void record_coming(Prseq& object, const KindName& kind, const std::vector<EventRef>& events) {
-    record<ExchangeItem>(object, kind, std::vector<PlacedEvent>(), placed_events(events));
+void record_coming(Edit& edit, const KindName& kind, const std::vector<EventRef>& events) {
+    record<ExchangeItem>(edit, kind, std::vector<PlacedEvent>(), placed_events(events));
 }
 
-void record_going(Prseq& object, const KindName& kind, const std::vector<EventRef>& events) {
-    record<ExchangeItem>(object, kind, placed_events(events), std::vector<PlacedEvent>());
+void record_going(Edit& edit, const KindName& kind, const std::vector<EventRef>& events) {
+    record<ExchangeItem>(edit, kind, placed_events(events), std::vector<PlacedEvent>());
 }
 
 }  // namespace
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(Prseq& object, std::vector<EventRef> events) {
-    record_coming(object, inserted, events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(Edit& edit, std::vector<EventRef> events) {
+    record_coming(edit, inserted, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_PasteEvents(Prseq& object, std::vector<EventRef> events) {
-    record_coming(object, pasted, events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_PasteEvents(Edit& edit, std::vector<EventRef> events) {
+    record_coming(edit, pasted, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(Prseq& object, std::vector<EventRef> events) {
-    record_coming(object, copied, events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(Edit& edit, std::vector<EventRef> events) {
+    record_coming(edit, copied, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(Prseq& object, std::vector<EventRef> events) {
-    record_going(object, deleted, events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(Edit& edit, std::vector<EventRef> events) {
+    record_going(edit, deleted, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Prseq& object, std::vector<EventRef> events) {
-    record_going(object, cut, events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Edit& edit, std::vector<EventRef> events) {
+    record_going(edit, cut, events);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Prseq& object, TrackRef track, EventRef event,
-                                                  EventRef left, EventRef right) {
-    record<ExchangeItem>(object, sliced, std::vector<PlacedEvent>{{event, track}},
+void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Edit& edit, TrackRef track, EventRef event, EventRef left,
+                                                  EventRef right) {
+    record<ExchangeItem>(edit, sliced, std::vector<PlacedEvent>{{event, track}},
                          std::vector<PlacedEvent>{{left, track}, {right, track}});
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Prseq& object, TrackRef track, EventRef event,
-                                                  EventRef first, EventRef second) {
-    record<ExchangeItem>(object, glued, std::vector<PlacedEvent>{{first, track}, {second, track}},
+void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Edit& edit, TrackRef track, EventRef event, EventRef first,
+                                                  EventRef second) {
+    record<ExchangeItem>(edit, glued, std::vector<PlacedEvent>{{first, track}, {second, track}},
                          std::vector<PlacedEvent>{{event, track}});
 }
 

@@ -1,10 +1,10 @@
 #include "history/event_state.h"
 
+#include "instance/prseq.h"
+#include "instance/track.h"
 #include "model/buffers.h"
 #include "model/events.h"
-#include "model/track.h"
 #include "model/tracks.h"
-#include "shell/prseq.h"
 
 namespace tq {
 
@@ -19,7 +19,7 @@ EventState event_state(const Event& event) {
                      .link = event.linked ? std::optional(event.link()) : std::nullopt,
                      .parametervalues = event.parametervalues,
                      .curves = {}};
-    for (const BpfRef& bpf : event.bpfs) state.curves.push_back({bpf, bpf->points});
+    for (const BpfRef& bpf : event.bpfs) state.curves.push_back({bpf, bpf->type, bpf->points});
     return state;
 }
 
@@ -36,13 +36,14 @@ void restore_event_state(Prseq& object, Event& event, const EventState& state) {
     event.parametervalues = state.parametervalues;
     event.bpfs.clear();
     for (const EventState::Curve& curve : state.curves) {
+        curve.bpf->type = curve.type;
         curve.bpf->points = curve.points;
         event.bpfs.push_back(curve.bpf);
     }
     if (state.track && event.track && state.track != event.track && state.track->index >= 0)
         move_event_to_track(object, event, *state.track);
     else if (event.track)
-        conform_event_to_track(event);
+        conform_event_to(*event.track, event);
 }
 
 }  // namespace tq

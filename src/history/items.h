@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "history/undoredo.h"
-#include "model/track.h"
+#include "history/edit.h"
+#include "instance/history.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -29,8 +30,8 @@ void take_events(Prseq& object, const std::vector<PlacedEvent>& events);
 bool in_document(const TrackRef& track);
 
 template <typename Item, typename... Values>
-void record(Prseq& object, Values&&... values) {
-    TQ_Prseq_Undoredo_AddItem(object, std::make_unique<Item>(std::forward<Values>(values)...));
+void record(Edit& edit, Values&&... values) {
+    edit.record(std::make_unique<Item>(std::forward<Values>(values)...));
 }
 
 }  // namespace tq

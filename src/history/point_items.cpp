@@ -1,7 +1,7 @@
 // Undoable edits of a curve's points.
 #include "history/items.h"
 #include "history/recorders.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 
@@ -23,18 +23,17 @@ struct PointsItem : UndoItem {
 
 }  // namespace
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Prseq& object, BpfRef bpf, BpfPoints before) {
-    record<PointsItem>(object, added.of(1), std::move(bpf), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, BpfRef bpf, BpfPoints before) {
+    record<PointsItem>(edit, added.of(1), std::move(bpf), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before) {
     std::string text = deleted.of(before.size() - bpf->points.size());
-    record<PointsItem>(object, std::move(text), std::move(bpf), std::move(before));
+    record<PointsItem>(edit, std::move(text), std::move(bpf), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before,
-                                                     size_t count) {
-    record<PointsItem>(object, moved.of(count), std::move(bpf), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before, size_t count) {
+    record<PointsItem>(edit, moved.of(count), std::move(bpf), std::move(before));
 }
 
 }  // namespace tq

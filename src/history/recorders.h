@@ -5,82 +5,74 @@
 #include <string>
 #include <vector>
 
-#include "history/capture_record.h"
 #include "history/event_state.h"
+#include "instance/capture_record.h"
+#include "instance/snapshot.h"
+#include "instance/track.h"
 #include "model/removed_types.h"
-#include "model/snapshot.h"
-#include "model/track.h"
 
 namespace tq {
 
-struct Prseq;
+class Edit;
 
 // tracks
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Prseq& object, TrackRef track, long previously_active);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Edit& edit, TrackRef track, long previously_active);
 /// `active_before` and `active_after` are the active track's indices before and after the deletion.
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Prseq& object, TrackRef track, long active_before,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Edit& edit, TrackRef track, long active_before,
                                                    long active_after);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Prseq& object, long index, long previous);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Prseq& object, TrackRef track, double previous,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Edit& edit, long index, long previous);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Edit& edit, TrackRef track, double previous,
                                                         double hue);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Prseq& object, TrackRef track, std::string previous);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Edit& edit, TrackRef track, std::string previous);
 
 // events that came; each is in its track
-void TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(Prseq& object, std::vector<EventRef> events);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_PasteEvents(Prseq& object, std::vector<EventRef> events);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(Prseq& object, std::vector<EventRef> events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(Edit& edit, std::vector<EventRef> events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_PasteEvents(Edit& edit, std::vector<EventRef> events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(Edit& edit, std::vector<EventRef> events);
 // events that go; each is still in its track
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(Prseq& object, std::vector<EventRef> events);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Prseq& object, std::vector<EventRef> events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(Edit& edit, std::vector<EventRef> events);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Edit& edit, std::vector<EventRef> events);
 // events for events, all on one track
-void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Prseq& object, TrackRef track, EventRef sliced,
-                                                  EventRef left, EventRef right);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Prseq& object, TrackRef track, EventRef glued,
-                                                  EventRef first, EventRef second);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Edit& edit, TrackRef track, EventRef sliced, EventRef left,
+                                                  EventRef right);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Edit& edit, TrackRef track, EventRef glued, EventRef first,
+                                                  EventRef second);
 
 // values of events: the snapshots and states are those before, the events hold those after
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(Prseq& object, std::vector<UndoEventSnapshot> before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Prseq& object,
-                                                         std::vector<UndoEventSnapshot> before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Prseq& object,
-                                                          std::vector<UndoEventSnapshot> before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Prseq& object,
-                                                    std::vector<EventModification> modifications);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLabel(Prseq& object, EventRef event, EventState before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage(Prseq& object, EventRef event, EventState before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Prseq& object, EventRef event,
-                                                              EventState before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Prseq& object, EventRef event,
-                                                               EventState before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Prseq& object, EventRef event,
-                                                               EventState before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Prseq& object, EventRef event,
-                                                             EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(Edit& edit, std::vector<UndoEventSnapshot> before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Edit& edit, std::vector<UndoEventSnapshot> before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Edit& edit, std::vector<UndoEventSnapshot> before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Edit& edit, std::vector<EventModification> modifications);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLabel(Edit& edit, EventRef event, EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage(Edit& edit, EventRef event, EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Edit& edit, EventRef event, EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Edit& edit, EventRef event, EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Edit& edit, EventRef event, EventState before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Edit& edit, EventRef event, EventState before);
 
 struct ValueChange {
     EventRef event;
     double previous = 0, next = 0;
 };
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Prseq& object, std::vector<ValueChange> changes);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Edit& edit, std::vector<ValueChange> changes);
 /// The parameter "Velocity" is recorded as a change of velocity.
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Prseq& object, std::vector<ValueChange> changes,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::vector<ValueChange> changes,
                                                              Symbol parameter);
 
 // types on a track
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Prseq& object, TrackRef track, long index);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(Prseq& object, TrackRef track,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Edit& edit, TrackRef track, long index);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(Edit& edit, TrackRef track,
                                                            RemovedParameterType removed);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(Prseq& object, TrackRef track, long index,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(Edit& edit, TrackRef track, long index,
                                                                   ParameterTypeRef previous);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(Prseq& object, TrackRef track, long index);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(Prseq& object, TrackRef track, RemovedBpfType removed);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Prseq& object, TrackRef track, BpfTypeRef type,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(Edit& edit, TrackRef track, long index);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(Edit& edit, TrackRef track, RemovedBpfType removed);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Edit& edit, TrackRef track, BpfTypeRef type,
                                                      BpfTypeValues previous);
 
 // points of a curve: `before` are its points before the edit
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Prseq& object, BpfRef bpf, BpfPoints before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Prseq& object, BpfRef bpf, BpfPoints before,
-                                                     size_t moved);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, BpfRef bpf, BpfPoints before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before, size_t moved);
 
 }  // namespace tq

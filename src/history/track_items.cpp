@@ -1,36 +1,43 @@
 // Undoable edits of the track list and of a track's looks.
 #include "history/items.h"
 #include "history/recorders.h"
+#include "instance/prseq.h"
 #include "model/track_info.h"
 #include "model/tracks.h"
-#include "shell/change.h"
-#include "shell/messages.h"
-#include "shell/prseq.h"
-#include "shell/utilities.h"
+#include "playback/output.h"
+#include "playback/time.h"
 
 namespace tq {
 
 namespace {
 
-void show_tracks(Prseq& object) {
-    prseq_edited(object, Change::Tracks);
+/// Both leave the track active that was so then: what was edited there goes on there. Tracks that get another
+/// index while playing are told to stop before.
+void take_track(Prseq& object, const TrackRef& track, long active_after) {
+    if (in_document(track)) {
+        stop_tracks_from(object, track->index);
+        TQ_Prseq_Tracks_DeleteTrackReference(object, track->index);
+    }
+    object.activetrack =
+        track_at(object, active_after) ? active_after : static_cast<long>(object.tracks.size()) - 1;
     TQ_Prseq_Tracks_OutputTrackInfo(object);
 }
 
-void take_track(Prseq& object, const TrackRef& track, long active_after) {
-    if (in_document(track)) TQ_Prseq_Tracks_DeleteTrackReference(object, track->index);
-    object.activetrack =
-        track_at(object, active_after) ? active_after : static_cast<long>(object.tracks.size()) - 1;
-    show_tracks(object);
-}
-
 void put_track(Prseq& object, const TrackRef& track, long index, long active_after) {
-    if (!in_document(track)) TQ_Prseq_Tracks_InsertTrack(object, track, index);
+    if (!in_document(track)) {
+        stop_tracks_from(object, index);
+        TQ_Prseq_Tracks_InsertTrack(object, track, index);
+        schedule_track_that_came(object, *track);
+    }
     if (track_at(object, active_after)) object.activetrack = active_after;
-    show_tracks(object);
+    TQ_Prseq_Tracks_OutputTrackInfo(object);
 }
 
-struct AddTrackItem : UndoItem {
+struct TracksItem : UndoItem {
+    Change change() const override { return Change::Tracks; }
+};
+
+struct AddTrackItem : TracksItem {
     AddTrackItem(TrackRef added, long before)
         : track(std::move(added)), index(track->index), active_before(before) {}
     TrackRef track;
@@ -40,7 +47,7 @@ struct AddTrackItem : UndoItem {
     void redo(Prseq& object) override { put_track(object, track, index, index); }
 };
 
-struct DeleteTrackItem : UndoItem {
+struct DeleteTrackItem : TracksItem {
     DeleteTrackItem(TrackRef deleted, long before, long after)
         : track(std::move(deleted)), active_before(before), active_after(after) {}
     TrackRef track;
@@ -50,7 +57,7 @@ struct DeleteTrackItem : UndoItem {
     void redo(Prseq& object) override { take_track(object, track, active_after); }
 };
 
-struct ActiveTrackItem : UndoItem {
+struct ActiveTrackItem : TracksItem {
     ActiveTrackItem(long index_, long previous_) : index(index_), previous(previous_) {}
     long index, previous;
     std::string name() const override { return "Change Active Track"; }
@@ -58,7 +65,7 @@ struct ActiveTrackItem : UndoItem {
     void redo(Prseq& object) override { prseq_do_set_activetrack(object, index); }
 };
 
-struct TrackColorItem : UndoItem {
+struct TrackColorItem : TracksItem {
     TrackColorItem(TrackRef t, double before, double after)
         : track(std::move(t)), previous(before), next(after) {}
     TrackRef track;
@@ -70,7 +77,7 @@ struct TrackColorItem : UndoItem {
         if (!in_document(track)) return;
         TQ_Prseq_Tracks_SetColorFromHSL(object, track->index, hue, object.defaults.saturation,
                                         object.defaults.luminosity);
-        show_tracks(object);
+        TQ_Prseq_Tracks_OutputTrackInfo(object);
     }
 };
 
@@ -80,37 +87,37 @@ struct TrackNameItem : UndoItem {
     TrackRef track;
     std::string previous, next;
     std::string name() const override { return "Change Track Name"; }
+    Change change() const override { return Change::TrackName; }
     void undo(Prseq& object) override { set(object, previous); }
     void redo(Prseq& object) override { set(object, next); }
     void set(Prseq& object, const std::string& text) const {
         track->name = text;
-        prseq_show(object, Change::TrackName);
-        show_tracks(object);
+        TQ_Prseq_Tracks_OutputTrackInfo(object);
     }
 };
 
 }  // namespace
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Prseq& object, TrackRef track, long previously_active) {
-    record<AddTrackItem>(object, std::move(track), previously_active);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Edit& edit, TrackRef track, long previously_active) {
+    record<AddTrackItem>(edit, std::move(track), previously_active);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Prseq& object, TrackRef track, long active_before,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteTrack(Edit& edit, TrackRef track, long active_before,
                                                    long active_after) {
-    record<DeleteTrackItem>(object, std::move(track), active_before, active_after);
+    record<DeleteTrackItem>(edit, std::move(track), active_before, active_after);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Prseq& object, long index, long previous) {
-    record<ActiveTrackItem>(object, index, previous);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Edit& edit, long index, long previous) {
+    record<ActiveTrackItem>(edit, index, previous);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Prseq& object, TrackRef track, double previous,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Edit& edit, TrackRef track, double previous,
                                                         double hue) {
-    record<TrackColorItem>(object, std::move(track), previous, hue);
+    record<TrackColorItem>(edit, std::move(track), previous, hue);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Prseq& object, TrackRef track, std::string previous) {
-    record<TrackNameItem>(object, std::move(track), std::move(previous));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Edit& edit, TrackRef track, std::string previous) {
+    record<TrackNameItem>(edit, std::move(track), std::move(previous));
 }
 
 }  // namespace tq

@@ -2,11 +2,10 @@
 
 #include <initializer_list>
 
-#include "history/capture.h"
+#include "history/edit.h"
 #include "host/outlet.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 
 namespace tq {
 
@@ -33,19 +32,23 @@ void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item) {
 }
 
 void TQ_Prseq_Undoredo_CallUndo(Prseq& object) {
-    if (UndoItem* item = item_at(object.history, object.history.cursor)) {
-        item->undo(object);
-        --object.history.cursor;
-    }
-    prseq_show(object, Change::Events);
+    end_what_is_under_way(object);
+    UndoItem* item = item_at(object.history, object.history.cursor);
+    if (!item) return prseq_show(object, Change::Events);
+    Edit edit(object, item->change());
+    item->undo(object);
+    --object.history.cursor;
+    edit.stepped(item->revision_after, item->revision_before);
 }
 
 void TQ_Prseq_Undoredo_CallRedo(Prseq& object) {
+    end_what_is_under_way(object);
     UndoItem* item = item_at(object.history, object.history.cursor + 1);
     if (!item) return;
+    Edit edit(object, item->change());
     item->redo(object);
     ++object.history.cursor;
-    prseq_show(object, Change::Events);
+    edit.stepped(item->revision_before, item->revision_after);
 }
 
 void TQ_Prseq_Undoredo_DeleteUndoLine(Prseq& object) {
@@ -75,21 +78,19 @@ void TQ_Prseq_Undoredo_Dump(Prseq& object) {
 void TQ_Prseq_Undoredo_DumpSlot(Prseq& object) { report(object, {tq_sym_slot, object.history.cursor}); }
 
 void prseq_undo(Prseq& object) {
-    close_event_capture(object);
     TQ_Prseq_Undoredo_CallUndo(object);
     TQ_Prseq_Undoredo_DumpSlot(object);
     jbox_redraw(object);
 }
 
 void prseq_redo(Prseq& object) {
-    close_event_capture(object);
     TQ_Prseq_Undoredo_CallRedo(object);
     TQ_Prseq_Undoredo_DumpSlot(object);
     jbox_redraw(object);
 }
 
 void prseq_undoredo(Prseq& object, long slot) {
-    close_event_capture(object);
+    end_what_is_under_way(object);
     // The ends of the list bound the way, however far away the slot is.
     while (object.history.cursor > slot && object.history.cursor >= 0) TQ_Prseq_Undoredo_CallUndo(object);
     while (object.history.cursor < slot && item_at(object.history, object.history.cursor + 1))
@@ -98,13 +99,8 @@ void prseq_undoredo(Prseq& object, long slot) {
 }
 
 void prseq_undoredo_clear(Prseq& object) {
-    close_event_capture(object);
+    end_what_is_under_way(object);
     TQ_Prseq_Undoredo_DeleteUndoLine(object);
-}
-
-void prseq_undoredo_dump(Prseq& object) {
-    close_event_capture(object);
-    TQ_Prseq_Undoredo_Dump(object);
 }
 
 }  // namespace tq

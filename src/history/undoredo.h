@@ -5,11 +5,12 @@
 #include <optional>
 #include <string>
 
-#include "history/history.h"
+#include "instance/history.h"
 
 namespace tq {
 
-/// Appends an item after the cursor; what was undone beyond it is released. Reports the list.
+/// Appends an item after the cursor; what was undone beyond it is released. Reports the list. Edits do this
+/// by Edit::record().
 void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item);
 /// One step; nothing at the ends of the list.
 void TQ_Prseq_Undoredo_CallUndo(Prseq& object);
@@ -24,12 +25,11 @@ void TQ_Prseq_Undoredo_Dump(Prseq& object);
 /// Reports the cursor.
 void TQ_Prseq_Undoredo_DumpSlot(Prseq& object);
 
-/// Messages "undo", "redo" and "undoredo" (moves the cursor to a slot, as far as there are items), and those
-/// that clear and report.
+/// Messages "undo", "redo" and "undoredo" (moves the cursor to a slot, as far as there are items), and the
+/// one that clears.
 void prseq_undo(Prseq& object);
 void prseq_redo(Prseq& object);
 void prseq_undoredo(Prseq& object, long slot);
 void prseq_undoredo_clear(Prseq& object);
-void prseq_undoredo_dump(Prseq& object);
 
 }  // namespace tq

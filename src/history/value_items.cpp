@@ -1,11 +1,10 @@
 // Undoable changes of what events hold.
 #include "history/items.h"
 #include "history/recorders.h"
-#include "model/buffers.h"
-#include "model/events.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "model/parameters.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
+#include "model/selected_events.h"
 
 namespace tq {
 
@@ -18,28 +17,18 @@ constexpr KindName moved{"Move Event", "Move Events"},
     velocity_changed{"Change Event Velocity", "Change Events Velocity"},
     parameter_changed{"Change Event Parameter", "Change Events Parameter"};
 
-/// Start, duration and pitch of many events; all three are written, the edits change some of them.
+/// Start, duration, pitch and the end of the buffer range of many events; all are written, the edits change
+/// some of them.
 struct TimesItem : UndoItem {
     TimesItem(const KindName& k, std::vector<UndoEventSnapshot> b) : kind(k), before(std::move(b)) {
         after.reserve(before.size());
-        for (const UndoEventSnapshot& s : before)
-            after.push_back({s.event->start, s.event->duration, s.event->pitch, s.event});
+        for (const UndoEventSnapshot& s : before) after.push_back(undo_snapshot(*s.event));
     }
     KindName kind;
     std::vector<UndoEventSnapshot> before, after;
     std::string name() const override { return kind.of(before.size()); }
-    void undo(Prseq&) override { write(before); }
-    void redo(Prseq&) override { write(after); }
-    static void write(const std::vector<UndoEventSnapshot>& snapshots) {
-        std::vector<EventTimes> times;
-        times.reserve(snapshots.size());
-        for (const UndoEventSnapshot& s : snapshots) {
-            times.push_back({s.event, s.start, s.duration});
-            s.event->pitch = s.pitch;
-        }
-        TQ_Prseq_Events_SetEventsTimes(times);
-        for (const UndoEventSnapshot& s : snapshots) TQ_Prseq_Buffer_CalculateBufferRatio(*s.event);
-    }
+    void undo(Prseq&) override { set_snapshots(before); }
+    void redo(Prseq&) override { set_snapshots(after); }
 };
 
 /// Everything that events hold.
@@ -67,83 +56,73 @@ struct ParameterItem : UndoItem {
         return (parameter == tq_sym_Velocity ? velocity_changed : parameter_changed).of(changes.size());
     }
     void undo(Prseq&) override {
-        for (const ValueChange& change : changes) set(*change.event, change.previous);
+        for (const ValueChange& change : changes) set_event_value(*change.event, parameter, change.previous);
     }
     void redo(Prseq&) override {
-        for (const ValueChange& change : changes) set(*change.event, change.next);
-    }
-    void set(Event& event, double value) const {
-        if (parameter == tq_sym_Velocity)
-            event.velocity = value;
-        else
-            TQ_Prseq_Parameters_SetEventParameterValue(event, parameter, value);
+        for (const ValueChange& change : changes) set_event_value(*change.event, parameter, change.next);
     }
 };
 
-void record_state(Prseq& object, const char* text, EventRef event, EventState before) {
+void record_state(Edit& edit, const char* text, EventRef event, EventState before) {
     EventState after = event_state(*event);
     std::vector<EventModification> one;
     one.push_back({std::move(event), std::move(before), std::move(after)});
-    record<StateItem>(object, text, std::move(one));
+    record<StateItem>(edit, text, std::move(one));
 }
 
 }  // namespace
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(Prseq& object, std::vector<UndoEventSnapshot> before) {
-    record<TimesItem>(object, moved, std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(Edit& edit, std::vector<UndoEventSnapshot> before) {
+    record<TimesItem>(edit, moved, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Prseq& object,
-                                                         std::vector<UndoEventSnapshot> before) {
-    record<TimesItem>(object, start_changed, std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(Edit& edit, std::vector<UndoEventSnapshot> before) {
+    record<TimesItem>(edit, start_changed, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Prseq& object,
-                                                          std::vector<UndoEventSnapshot> before) {
-    record<TimesItem>(object, duration_changed, std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(Edit& edit, std::vector<UndoEventSnapshot> before) {
+    record<TimesItem>(edit, duration_changed, std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Prseq& object,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(Edit& edit,
                                                     std::vector<EventModification> modifications) {
     std::string text = modified.of(modifications.size());
-    record<StateItem>(object, std::move(text), std::move(modifications));
+    record<StateItem>(edit, std::move(text), std::move(modifications));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLabel(Prseq& object, EventRef event, EventState before) {
-    record_state(object, "Change Event Label", std::move(event), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLabel(Edit& edit, EventRef event, EventState before) {
+    record_state(edit, "Change Event Label", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage(Prseq& object, EventRef event, EventState before) {
-    record_state(object, "Change Event Message", std::move(event), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage(Edit& edit, EventRef event, EventState before) {
+    record_state(edit, "Change Event Message", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Prseq& object, EventRef event,
-                                                              EventState before) {
-    record_state(object, "Change Event MSP Buffer", std::move(event), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername(Edit& edit, EventRef event, EventState before) {
+    record_state(edit, "Change Event MSP Buffer", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Prseq& object, EventRef event,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt(Edit& edit, EventRef event,
                                                                EventState before) {
-    record_state(object, "Link MSP Buffer/Event Size", std::move(event), std::move(before));
+    record_state(edit, "Link MSP Buffer/Event Size", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Prseq& object, EventRef event,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart(Edit& edit, EventRef event,
                                                                EventState before) {
-    record_state(object, "Change Event MSP Buffer Start", std::move(event), std::move(before));
+    record_state(edit, "Change Event MSP Buffer Start", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Prseq& object, EventRef event,
-                                                             EventState before) {
-    record_state(object, "Change Event MSP Buffer End", std::move(event), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd(Edit& edit, EventRef event, EventState before) {
+    record_state(edit, "Change Event MSP Buffer End", std::move(event), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Prseq& object, std::vector<ValueChange> changes) {
-    record<ParameterItem>(object, std::move(changes), tq_sym_Velocity);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Edit& edit, std::vector<ValueChange> changes) {
+    record<ParameterItem>(edit, std::move(changes), tq_sym_Velocity);
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Prseq& object, std::vector<ValueChange> changes,
+void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::vector<ValueChange> changes,
                                                              Symbol parameter) {
-    record<ParameterItem>(object, std::move(changes), parameter);
+    record<ParameterItem>(edit, std::move(changes), parameter);
 }
 
 }  // namespace tq

@@ -9,6 +9,7 @@ namespace tq {
 void jbox_set_size(Box& box, Size size) {
     box.width = std::max(size.width, box.minimum_size.width);
     box.height = std::max(size.height, box.minimum_size.height);
+    box.resized();
     jbox_redraw(box);
 }
 

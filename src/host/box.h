@@ -14,7 +14,9 @@ class Box : public Object {
     double width = 400, height = 300;
     Size minimum_size{0, 0};  ///< the box cannot be made smaller
     bool focus = false;
-    Layers layers;
+    mutable Layers layers;  ///< what was painted before; no part of the box's state
+    /// Called when the box has got another size.
+    virtual void resized() {}
 };
 
 /// Gives the box a size in pixels, held to its minimum, and asks for a paint.

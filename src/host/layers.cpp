@@ -9,7 +9,7 @@
 
 namespace tq {
 
-std::optional<Graphics> jbox_start_layer(Box& box, const Graphics& view, Symbol name, double width,
+std::optional<Graphics> jbox_start_layer(const Box& box, const Graphics& view, Symbol name, double width,
                                          double height) {
     Layer& layer = box.layers.by_name[name];
     if (!(width > 0 && height > 0)) {
@@ -28,12 +28,12 @@ std::optional<Graphics> jbox_start_layer(Box& box, const Graphics& view, Symbol 
     return Graphics(*layer.surface);
 }
 
-void jbox_end_layer(Box& box, Symbol name) {
+void jbox_end_layer(const Box& box, Symbol name) {
     box.layers.by_name[name].valid = true;
     box.layers.drawn.push_back(name);
 }
 
-void jbox_paint_layer(Box& box, Graphics& view, Symbol name, double x, double y) {
+void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, double y) {
     const Layer& layer = box.layers.by_name[name];
     if (!layer.surface) return;
     Size size = layer.surface->size();
@@ -41,6 +41,6 @@ void jbox_paint_layer(Box& box, Graphics& view, Symbol name, double x, double y)
                                  {x, y, size.width, size.height});
 }
 
-void jbox_invalidate_layer(Box& box, Symbol name) { box.layers.by_name[name].valid = false; }
+void jbox_invalidate_layer(const Box& box, Symbol name) { box.layers.by_name[name].valid = false; }
 
 }  // namespace tq

@@ -26,12 +26,12 @@ struct Layers {
 
 /// What to draw a layer with, transparent to begin with, when it is invalid or its size or the view's pixel
 /// ratio has changed; none while what was drawn before still holds, and for a layer without area.
-std::optional<Graphics> jbox_start_layer(Box& box, const Graphics& view, Symbol name, double width,
+std::optional<Graphics> jbox_start_layer(const Box& box, const Graphics& view, Symbol name, double width,
                                          double height);
 /// The layer is drawn, and valid from now on.
-void jbox_end_layer(Box& box, Symbol name);
+void jbox_end_layer(const Box& box, Symbol name);
 /// Puts the layer's top left corner at a point of the view. Nothing happens before the layer was drawn.
-void jbox_paint_layer(Box& box, Graphics& view, Symbol name, double x, double y);
-void jbox_invalidate_layer(Box& box, Symbol name);
+void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, double y);
+void jbox_invalidate_layer(const Box& box, Symbol name);
 
 }  // namespace tq

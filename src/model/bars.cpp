@@ -4,9 +4,9 @@
 #include <bit>
 #include <cmath>
 
-#include "shell/change.h"
-#include "shell/prseq.h"
-#include "shell/utilities.h"
+#include "instance/change.h"
+#include "instance/prseq.h"
+#include "instance/utilities.h"
 
 namespace tq {
 
@@ -35,7 +35,12 @@ void prseq_bar(Prseq& object, long bar, long beats, long notevalue) {
     }
     TQ_Prseq_Meter_AddBarRegion(meter, bar - meter.firstbarnumber, beats, notevalue);
     TQ_Prseq_Meter_CalculateMeasures(meter, object.timelinelength);
-    prseq_edited(object, Change::Meter);
+    prseq_show(object, Change::Meter);
+}
+
+void begin_meter(Prseq& object) {
+    object.meter.barregions.clear();
+    prseq_bar(object, object.meter.firstbarnumber, 4, 4);
 }
 
 void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long notevalue) {

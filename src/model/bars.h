@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "model/meter.h"
+#include "instance/meter.h"
 
 namespace tq {
 
@@ -14,6 +14,8 @@ struct Prseq;
 /// beat, and for a bar before the first.
 void prseq_bar(Prseq& object, long bar, long beats, long notevalue);
 
+/// The meter of a new box: 4/4 from the first bar on.
+void begin_meter(Prseq& object);
 /// A region at a measure that has one replaces its signature.
 void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long notevalue);
 const BarRegion* TQ_Prseq_Meter_FindBarRegionFromBarNumber(const Meter& meter, long measure);

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "instance/geometry.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "model/bpfs.h"
-#include "shell/geometry.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
 
 namespace tq {
 
@@ -14,7 +14,7 @@ namespace {
 
 /// Puts the (time, value) pairs that follow a curve's name into the curve.
 void set_points_from_numbers(const Prseq& object, const Event& event, Bpf& bpf, AtomSpan numbers) {
-    bpf.points = flat_points(0);
+    BpfPoints points = flat_points(0);
     for (size_t i = 0; i + 1 < numbers.size(); i += 2) {
         double time = numbers[i].as_double(), value = numbers[i + 1].as_double();
         if (time > event.duration) {
@@ -23,9 +23,10 @@ void set_points_from_numbers(const Prseq& object, const Event& event, Bpf& bpf, 
             continue;
         }
         double x = event.duration > 0 ? std::clamp(time / event.duration, 0.0, 1.0) : 0;
-        put_bpf_point(bpf.points, {x, bpf_unity_value(bpf, value)});
+        points.push_back({x, bpf_unity_value(bpf, value)});
     }
-    sort_bpf_points(bpf.points);
+    merge_bpf_points(points);
+    bpf.points = std::move(points);
 }
 
 }  // namespace
@@ -38,18 +39,20 @@ BpfPoints flat_points(double y) {
 }
 
 double bpf_unity_value(const Bpf& bpf, double value) {
-    if (bpf.name == tq_sym_Pitch) return value;
-    if (bpf.minimum == bpf.maximum) return 0;
-    return std::clamp(scale(value, bpf.minimum, bpf.maximum, 0, 1), 0.0, 1.0);
+    const BpfType& type = *bpf.type;
+    if (type.name == tq_sym_Pitch) return value;
+    if (type.minimum == type.maximum) return 0;
+    return std::clamp(scale(value, type.minimum, type.maximum, 0, 1), 0.0, 1.0);
 }
 
-void put_bpf_point(BpfPoints& points, BpfPoint point) {
-    auto same_x =
-        std::find_if(points.begin(), points.end(), [&](const BpfPoint& p) { return p.x == point.x; });
-    if (same_x != points.end())
-        *same_x = point;
-    else
-        points.push_back(point);
+void merge_bpf_points(BpfPoints& points) {
+    sort_bpf_points(points);
+    size_t kept = 0;
+    for (size_t i = 0; i < points.size(); ++i) {
+        if (i > 0 && points[i].x != points[i - 1].x) ++kept;
+        points[kept] = points[i];
+    }
+    if (!points.empty()) points.resize(kept + 1);
 }
 
 void sort_bpf_points(BpfPoints& points) {
@@ -81,12 +84,13 @@ void TQ_Prseq_Events_SetBpfPointsFromAtomArray(const Prseq& object, Event& event
 }
 
 void TQ_Prseq_Events_SetBpfFromDictionary(const BpfDictionary& dictionary, Bpf& bpf) {
-    bpf.points = flat_points(0);
+    BpfPoints points = flat_points(0);
     for (const BpfPoint& point : dictionary.points)
-        if (point.x <= 1) put_bpf_point(bpf.points, point);
-    sort_bpf_points(bpf.points);
+        if (point.x <= 1) points.push_back(point);
+    merge_bpf_points(points);
+    bpf.points = std::move(points);
 }
 
-BpfDictionary TQ_Prseq_Events_BpfToDictionary(const Bpf& bpf) { return {bpf.name, bpf.points}; }
+BpfDictionary TQ_Prseq_Events_BpfToDictionary(const Bpf& bpf) { return {bpf.name(), bpf.points}; }
 
 }  // namespace tq

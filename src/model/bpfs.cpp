@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "instance/geometry.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/tracks.h"
-#include "shell/geometry.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
 
 namespace tq {
 
@@ -70,13 +70,7 @@ BpfType* find_identical_bpf_type(const Track& track, const BpfTypeValues& values
     return search_type(track, values).identical;
 }
 
-void make_curve_of_type(Bpf& bpf, const BpfType& type) { static_cast<BpfTypeValues&>(bpf) = type; }
-
-bool is_curve_of_type(const Bpf& bpf, const BpfType& type) {
-    return static_cast<const BpfTypeValues&>(bpf) == type;
-}
-
-void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type) {
+void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, BpfType& type) {
     track.events.for_each([&](Event& event) {
         TQ_Prseq_Events_AddBpfToEvent(event, TQ_Prseq_Events_MakeBpfFromBpfType(type));
     });
@@ -98,13 +92,6 @@ long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol nam
     return -1;
 }
 
-void TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(const Track& track, Symbol old_name,
-                                                                   const BpfType& type) {
-    track.events.for_each([&](Event& event) {
-        if (Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, old_name)) make_curve_of_type(*bpf, type);
-    });
-}
-
 void TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(const Track& track, const BpfType& type) {
     track.events.for_each(
         [&](Event& event) { event.activebpf = TQ_Prseq_Events_GetBpfWithGivenName(event, type.name); });
@@ -114,16 +101,14 @@ double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type) {
     return type.minimum == type.maximum ? 0 : scale(type.default_, type.minimum, type.maximum, 0, 1);
 }
 
-BpfRef TQ_Prseq_Events_MakeDefaultBpf(Symbol name) {
-    BpfRef bpf = make_ref<Bpf>();
-    bpf->name = name;
+BpfRef TQ_Prseq_Events_MakeDefaultBpf(BpfType& type) {
+    BpfRef bpf = make_ref<Bpf>(&type);
     bpf->points = flat_points(0);
     return bpf;
 }
 
-BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(const BpfType& type) {
-    BpfRef bpf = make_ref<Bpf>();
-    make_curve_of_type(*bpf, type);
+BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(BpfType& type) {
+    BpfRef bpf = make_ref<Bpf>(&type);
     bpf->points = flat_points(TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(type));
     return bpf;
 }
@@ -135,7 +120,7 @@ void TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(const Track& tra
 }
 
 bool TQ_Prseq_Events_AddBpfToEvent(Event& event, BpfRef bpf) {
-    if (TQ_Prseq_Events_GetBpfWithGivenName(event, bpf->name)) return false;
+    if (TQ_Prseq_Events_GetBpfWithGivenName(event, bpf->name())) return false;
     event.bpfs.push_back(std::move(bpf));
     return true;
 }
@@ -143,7 +128,7 @@ bool TQ_Prseq_Events_AddBpfToEvent(Event& event, BpfRef bpf) {
 Bpf* TQ_Prseq_Events_GetBpfWithGivenName(const Event& event, Symbol name) {
     if (name.empty()) return nullptr;
     for (const BpfRef& bpf : event.bpfs)
-        if (bpf->name == name) return bpf.get();
+        if (bpf->name() == name) return bpf.get();
     return nullptr;
 }
 
@@ -158,15 +143,9 @@ void TQ_Prseq_Events_DeleteBpfReferenceFromEvent(Event& event, const Bpf& bpf) {
 
 BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf) { return make_ref<Bpf>(bpf); }
 
-Bpf* TQ_Prseq_Events_SetActiveBpfFromName(Event& event, Symbol name) {
-    Bpf* bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, name);
-    if (bpf) event.activebpf = bpf;
-    return bpf;
-}
-
-void TQ_Prseq_Events_SetActiveBpfFromIndex(Event& event, long index) {
-    bool exists = index >= 0 && index < static_cast<long>(event.bpfs.size());
-    event.activebpf = exists ? event.bpfs[static_cast<size_t>(index)] : nullptr;
+void activate_bpf_of_track(const Track& track, Event& event) {
+    const BpfType* type = TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, track.activebpfindex);
+    event.activebpf = type ? TQ_Prseq_Events_GetBpfWithGivenName(event, type->name) : nullptr;
 }
 
 }  // namespace tq

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "host/atom.h"
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -21,14 +21,11 @@ BpfType* TQ_Prseq_Tracks_AddBpfTypeToTrack(Prseq& object, long index, Symbol nam
 Symbol free_bpf_type_name(const Track& track, const BpfType& type, Symbol wanted);
 /// The type of these values that the track has (its name may have got a "Bis"), or none.
 BpfType* find_identical_bpf_type(const Track& track, const BpfTypeValues& values);
-void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, const BpfType& type);
+void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, BpfType& type);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index);
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name);
 /// −1 when the track has no such type.
 long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol name);
-/// The curves named `old_name` take the type's name, range and default; their points stay as they are.
-void TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(const Track& track, Symbol old_name,
-                                                                   const BpfType& type);
 void TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(const Track& track, const BpfType& type);
 /// 0 for a type whose range is empty.
 double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type);
@@ -36,9 +33,9 @@ double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type);
 // --- curves of an event ---
 
 /// A flat curve at 0 over the whole event.
-BpfRef TQ_Prseq_Events_MakeDefaultBpf(Symbol name);
+BpfRef TQ_Prseq_Events_MakeDefaultBpf(BpfType& type);
 /// A flat curve at the type's default.
-BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(const BpfType& type);
+BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(BpfType& type);
 /// Gives the event a curve of each of the track's types that it lacks.
 void TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(const Track& track, Event& event);
 /// False, and nothing added, when the event has a curve of that name.
@@ -48,13 +45,8 @@ Bpf* TQ_Prseq_Events_GetBpfWithGivenName(const Event& event, Symbol name);
 /// Unlinks the curve; whoever refers to it keeps it.
 void TQ_Prseq_Events_DeleteBpfReferenceFromEvent(Event& event, const Bpf& bpf);
 BpfRef TQ_Prseq_Events_CopyBpf(const Bpf& bpf);
-/// The curve made active, or none; the active curve is unchanged then.
-Bpf* TQ_Prseq_Events_SetActiveBpfFromName(Event& event, Symbol name);
-void TQ_Prseq_Events_SetActiveBpfFromIndex(Event& event, long index);
-
-/// Gives a curve a type's name and range; its points stay as they are.
-void make_curve_of_type(Bpf& bpf, const BpfType& type);
-bool is_curve_of_type(const Bpf& bpf, const BpfType& type);
+/// The event's curve of the track's active type becomes its active one.
+void activate_bpf_of_track(const Track& track, Event& event);
 
 // --- points ---
 
@@ -71,8 +63,8 @@ BpfDictionary TQ_Prseq_Events_BpfToDictionary(const Bpf& bpf);
 BpfPoints flat_points(double y);
 /// A message's value as a point's y: as it is for "Pitch", else by the curve's range, held in 0 to 1.
 double bpf_unity_value(const Bpf& bpf, double value);
-/// Writes the point at its x, over the point that stands at exactly this x or as a new one at the end.
-void put_bpf_point(BpfPoints& points, BpfPoint point);
+/// Ascending by x; of points of the same x the last one stays.
+void merge_bpf_points(BpfPoints& points);
 /// Ascending by x; points of the same x keep their order.
 void sort_bpf_points(BpfPoints& points);
 

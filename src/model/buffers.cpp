@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "host/host.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
+#include "instance/change.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 
 namespace tq {
 

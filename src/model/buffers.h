@@ -1,7 +1,7 @@
 // Linking events to audio buffers, and what becomes of the links as buffers come, go and change.
 #pragma once
 
-#include "model/event.h"
+#include "instance/event.h"
 
 namespace tq {
 

@@ -2,25 +2,59 @@
 
 #include <algorithm>
 
+#include "instance/prseq.h"
+#include "instance/utilities.h"
 #include "model/bpfs.h"
 #include "model/buffers.h"
 #include "model/parameters.h"
 #include "model/tracks.h"
-#include "shell/prseq.h"
-#include "shell/utilities.h"
 
 namespace tq {
 
 namespace {
 
+/// Whether events have curves of the type: of several types named "Pitch" they have that of the first.
+bool has_curves(const Track& track, const BpfType& type) {
+    return TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, type.name) == &type;
+}
+
 /// Whether the event has exactly the track's curves and values, in its order.
 bool conforms(const Track& track, const Event& event) {
-    return std::equal(
-               event.bpfs.begin(), event.bpfs.end(), track.bpftypes.begin(), track.bpftypes.end(),
-               [](const BpfRef& bpf, const BpfTypeRef& type) { return is_curve_of_type(*bpf, *type); }) &&
-           std::equal(event.parametervalues.begin(), event.parametervalues.end(),
-                      track.parametertypes.begin(), track.parametertypes.end(),
-                      [](const ParameterValue& value, const auto& type) { return value.name == type->name; });
+    auto curve = event.bpfs.begin();
+    for (const BpfTypeRef& type : track.bpftypes)
+        if (curve != event.bpfs.end() && (*curve)->type == type)
+            ++curve;
+        else if (has_curves(track, *type))
+            return false;
+    return curve == event.bpfs.end() &&
+           std::ranges::equal(event.parametervalues, track.parametertypes, {}, &ParameterValue::type);
+}
+
+void conform_curves(const Track& track, Event& event) {
+    const auto curves = std::move(event.bpfs);
+    event.bpfs.clear();
+    for (const BpfTypeRef& type : track.bpftypes) {
+        if (!has_curves(track, *type)) continue;
+        auto own = std::ranges::find(curves, type, [](const BpfRef& b) { return b->type; });
+        if (own == curves.end())
+            own = std::ranges::find(curves, type->name, [](const BpfRef& b) { return b->name(); });
+        event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
+    }
+    size_t i = 0;  // only now: names are looked up among the curves as they were
+    for (const BpfTypeRef& type : track.bpftypes)
+        if (has_curves(track, *type)) event.bpfs[i++]->type = type;
+    activate_bpf_of_track(track, event);
+}
+
+void conform_values(const Track& track, Event& event) {
+    const std::vector<ParameterValue> values = std::move(event.parametervalues);
+    event.parametervalues.clear();
+    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
+    for (ParameterValue& value : event.parametervalues) {
+        auto own = std::ranges::find(values, value.type, &ParameterValue::type);
+        if (own == values.end()) own = std::ranges::find(values, value.name(), &ParameterValue::name);
+        if (own != values.end()) value.value = own->value;
+    }
 }
 
 }  // namespace
@@ -129,24 +163,8 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
 
 void conform_event_to(const Track& track, Event& event) {
     if (conforms(track, event)) return;
-    auto curves = std::move(event.bpfs);
-    event.bpfs.clear();
-    for (const BpfTypeRef& type : track.bpftypes) {
-        auto own = std::find_if(curves.begin(), curves.end(),
-                                [&](const BpfRef& b) { return b->name == type->name; });
-        event.bpfs.push_back(own != curves.end() ? *own : TQ_Prseq_Events_MakeBpfFromBpfType(*type));
-        make_curve_of_type(*event.bpfs.back(), *type);
-    }
-    auto values = std::move(event.parametervalues);
-    event.parametervalues.clear();
-    TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, event);
-    for (const ParameterValue& value : values)
-        TQ_Prseq_Parameters_SetEventParameterValue(event, value.name, value.value);
-    TQ_Prseq_Events_SetActiveBpfFromIndex(event, track.activebpfindex);
-}
-
-void conform_event_to_track(Event& event) {
-    if (event.track) conform_event_to(*event.track, event);
+    conform_curves(track, event);
+    conform_values(track, event);
 }
 
 void move_event_to_track(Prseq& object, Event& event, Track& track) {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -40,7 +40,6 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
 
 /// Gives the event exactly the curves and values of a track, in its order, keeping its own of the same names.
 void conform_event_to(const Track& track, Event& event);
-void conform_event_to_track(Event& event);
 /// Moves an event to another track of the document.
 void move_event_to_track(Prseq& object, Event& event, Track& track);
 

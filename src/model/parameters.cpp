@@ -2,17 +2,15 @@
 
 #include <algorithm>
 
-#include "shell/geometry.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
+#include "instance/geometry.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 
 namespace tq {
 
 namespace {
 
-ParameterValue default_value(const ParameterType& type) {
-    return {type.name, type.default_, type.minimum, type.maximum, type.default_, type.steps};
-}
+ParameterValue default_value(ParameterType& type) { return {&type, type.default_}; }
 
 }  // namespace
 
@@ -37,23 +35,13 @@ ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol 
 }
 
 ParameterType* TQ_Prseq_Parameters_AddMissingParameterTypeToTrack(Track& track, const ParameterValue& value) {
-    return TQ_Prseq_Parameters_AddParameterTypeToTrack(track, value.name, value.minimum, value.maximum,
-                                                       value.default_, value.steps);
+    const ParameterType& type = *value.type;
+    return TQ_Prseq_Parameters_AddParameterTypeToTrack(track, type.name, type.minimum, type.maximum,
+                                                       type.default_, type.steps);
 }
 
-void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, const ParameterType& type) {
+void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, ParameterType& type) {
     track.events.for_each([&](Event& event) { event.parametervalues.push_back(default_value(type)); });
-}
-
-Symbol TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(const Track& track, long index,
-                                                                 Symbol name) {
-    const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index);
-    if (!type) return {};
-    track.events.for_each([&](Event& event) {
-        if (index < static_cast<long>(event.parametervalues.size()))
-            event.parametervalues[static_cast<size_t>(index)].name = name;
-    });
-    return type->name;
 }
 
 ParameterType* TQ_Prseq_Parameters_GetDictionaryAtIndex(const Track& track, long index) {
@@ -74,6 +62,15 @@ ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type) {
     return copy;
 }
 
+void set_parameter_type(ParameterType& type, const ParameterType& values) {
+    type.name = values.name;
+    type.minimum = values.minimum;
+    type.maximum = values.maximum;
+    type.default_ = values.default_;
+    type.steps = values.steps;
+    type.id = values.id;
+}
+
 void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event) {
     for (const ParameterTypeRef& type : track.parametertypes)
         event.parametervalues.push_back(default_value(*type));
@@ -81,7 +78,7 @@ void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Ev
 
 long TQ_Prseq_Parameters_GetEventParameterIndexFromName(const Event& event, Symbol name) {
     for (size_t i = 0; i < event.parametervalues.size(); ++i)
-        if (event.parametervalues[i].name == name) return static_cast<long>(i);
+        if (event.parametervalues[i].name() == name) return static_cast<long>(i);
     return -1;
 }
 
@@ -103,6 +100,13 @@ double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Sy
 void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value) {
     if (ParameterValue* found = TQ_Prseq_Parameters_GetEventParameterFromName(event, name))
         found->value = value;
+}
+
+void set_event_value(Event& event, Symbol parameter, double value) {
+    if (parameter == tq_sym_Velocity)
+        event.velocity = value;
+    else
+        TQ_Prseq_Parameters_SetEventParameterValue(event, parameter, value);
 }
 
 double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,

@@ -1,7 +1,7 @@
 // Parameter types on tracks, and the values that events have of them.
 #pragma once
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -13,12 +13,12 @@ ParameterType* TQ_Prseq_Parameters_AddParameterTypeToTrack(Track& track, Symbol 
                                                            double maximum, double default_, long steps);
 /// The same with what an event from elsewhere says of its parameter.
 ParameterType* TQ_Prseq_Parameters_AddMissingParameterTypeToTrack(Track& track, const ParameterValue& value);
-void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, const ParameterType& type);
-/// Every event's value at the index takes the new name; returns the name that the type has.
-Symbol TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(const Track& track, long index, Symbol name);
+void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, ParameterType& type);
 ParameterType* TQ_Prseq_Parameters_GetDictionaryAtIndex(const Track& track, long index);
 ParameterType* TQ_Prseq_Parameters_GetDictionaryFromName(const Track& track, Symbol name);
 ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type);
+/// All that a type says, from another.
+void set_parameter_type(ParameterType& type, const ParameterType& values);
 
 /// Appends a value for each of the track's types, at its default.
 void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event);
@@ -30,6 +30,8 @@ const ParameterValue* TQ_Prseq_Parameters_GetEventParameterFromName(const Event&
 double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Symbol name);
 /// Not held in the type's range.
 void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value);
+/// The event's value of a parameter; "Velocity" is its velocity.
+void set_event_value(Event& event, Symbol parameter, double value);
 /// Sets the value for a unity value of the track's type and returns it; 0 when the track has no such type.
 double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,
                                                            double unity);

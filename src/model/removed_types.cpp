@@ -41,10 +41,10 @@ RemovedParameterType remove_parameter_type(Track& track, long index) {
     RemovedParameterType removed{TQ_Prseq_Parameters_GetDictionaryAtIndex(track, index), index, {}};
     if (!removed.type) return removed;
     track.events.for_each([&](Event& event) {
-        long at = TQ_Prseq_Parameters_GetEventParameterIndexFromName(event, removed.type->name);
-        if (at < 0) return;
-        removed.values.emplace_back(&event, event.parametervalues[static_cast<size_t>(at)]);
-        event.parametervalues.erase(event.parametervalues.begin() + at);
+        auto value = std::ranges::find(event.parametervalues, removed.type, &ParameterValue::type);
+        if (value == event.parametervalues.end()) return;
+        removed.values.emplace_back(&event, value->value);
+        event.parametervalues.erase(value);
     });
     track.parametertypes.erase(track.parametertypes.begin() + index);
     return removed;
@@ -54,8 +54,9 @@ void put_back_parameter_type(Track& track, const RemovedParameterType& removed) 
     if (!removed.type || TQ_Prseq_Parameters_GetDictionaryFromName(track, removed.type->name)) return;
     insert_at(track.parametertypes, removed.index, removed.type);
     for (const auto& [event, value] : removed.values)
-        if (event->track == &track) insert_at(event->parametervalues, removed.index, value);
-    track.events.for_each([&](Event& event) { conform_event_to_track(event); });
+        if (event->track == &track)
+            insert_at(event->parametervalues, removed.index, ParameterValue{removed.type, value});
+    track.events.for_each([&](Event& event) { conform_event_to(track, event); });
 }
 
 RemovedBpfType remove_bpf_type(Track& track, long index) {
@@ -63,12 +64,14 @@ RemovedBpfType remove_bpf_type(Track& track, long index) {
         TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(track, index), index, track.activebpfindex, {}};
     if (!removed.type) return removed;
     track.events.for_each([&](Event& event) {
-        BpfRef bpf = TQ_Prseq_Events_GetBpfWithGivenName(event, removed.type->name);
-        if (!bpf) return;
-        removed.bpfs.emplace_back(&event, bpf);
-        TQ_Prseq_Events_DeleteBpfReferenceFromEvent(event, *bpf);
+        auto bpf = std::ranges::find(event.bpfs, removed.type, [](const BpfRef& b) { return b->type; });
+        if (bpf == event.bpfs.end()) return;
+        removed.bpfs.emplace_back(&event, *bpf);
+        TQ_Prseq_Events_DeleteBpfReferenceFromEvent(event, **bpf);
     });
     track.bpftypes.erase(track.bpftypes.begin() + index);
+    if (TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, removed.type->name))  // a second one of its name
+        track.events.for_each([&](Event& event) { conform_event_to(track, event); });
     if (track.activebpfindex >= index) set_active_type(track, track.activebpfindex - 1);
     return removed;
 }
@@ -78,11 +81,11 @@ void put_back_bpf_type(Track& track, const RemovedBpfType& removed) {
     removed.type->name = free_bpf_type_name(track, *removed.type, removed.type->name);
     insert_at(track.bpftypes, removed.index, removed.type);
     for (const auto& [event, bpf] : removed.bpfs) {
-        make_curve_of_type(*bpf, *removed.type);
-        if (event->track == &track && !TQ_Prseq_Events_GetBpfWithGivenName(*event, bpf->name))
+        bpf->type = removed.type;
+        if (event->track == &track && !TQ_Prseq_Events_GetBpfWithGivenName(*event, bpf->name()))
             insert_at(event->bpfs, removed.index, bpf);
     }
-    track.events.for_each([&](Event& event) { conform_event_to_track(event); });
+    track.events.for_each([&](Event& event) { conform_event_to(track, event); });
     set_active_type(track, removed.activebpfindex);
 }
 

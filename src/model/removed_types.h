@@ -4,14 +4,14 @@
 #include <utility>
 #include <vector>
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
 struct RemovedParameterType {
     ParameterTypeRef type;  ///< none: there was no such type
     long index = 0;
-    std::vector<std::pair<EventRef, ParameterValue>> values;
+    std::vector<std::pair<EventRef, double>> values;
 };
 RemovedParameterType remove_parameter_type(Track& track, long index);
 /// At its index. Events that had no value get the default.

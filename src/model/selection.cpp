@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "host/modifiers.h"
-#include "model/hit_test.h"
+#include "instance/prseq.h"
 #include "model/tracks.h"
-#include "shell/prseq.h"
 
 namespace tq {
 
@@ -89,36 +87,5 @@ size_t list_selected_events(Prseq& object) {
 }
 
 size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object) { return object.selection.size(); }
-
-void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object) {
-    if (list_selected_events(object) != 1) return;
-    object.bpfeditingevent = object.selection.front();
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-    TQ_Prseq_Tracks_SelectEvent2(object, *object.bpfeditingevent);
-}
-
-void TQ_Prseq_Tracks_SetSelectedWhenClickedStatusOfEvents(Prseq& object, long index) {
-    for (const EventRef& event : object.selectedwhenclicked) event->selectedwhenclicked = false;
-    object.selectedwhenclicked.clear();
-    const Track* track = track_at(object, index);
-    if (!track) return;
-    const std::vector<Event*>& selected = track->events.selected();
-    object.selectedwhenclicked.assign(selected.begin(), selected.end());
-    for (const EventRef& event : object.selectedwhenclicked) event->selectedwhenclicked = true;
-}
-
-void TQ_Prseq_Tracks_SelectEventsInMarquee(Prseq& object, long index, unsigned modifiers) {
-    Track* track = visible_track(object, index);
-    if (!track) return;
-    bool toggles = modifiers & modifier_shift;
-    track->events.deselect_all();
-    if (toggles)
-        for (const EventRef& event : object.selectedwhenclicked)
-            if (event->track == track) track->events.select(*event, true);
-    Rect marquee = object.maindisplay.marquee;
-    marquee.y += object.maindisplay.marqueescroll;
-    for (Event* event : events_touching(object, *track, marquee))
-        track->events.select(*event, !toggles || !event->selectedwhenclicked);
-}
 
 }  // namespace tq

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -33,15 +33,5 @@ size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long t
 /// The same of the active track.
 size_t list_selected_events(Prseq& object);
 size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object);
-/// When exactly one event is selected, its curves are edited from now on.
-void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object);
-
-// --- the marquee ---
-
-/// Keeps which events of a track are selected, for a marquee that may follow.
-void TQ_Prseq_Tracks_SetSelectedWhenClickedStatusOfEvents(Prseq& object, long track);
-/// Selects what the main display's marquee touches. With shift among the modifiers, what it touches is
-/// selected when it was not as the marquee was begun, and everything else is as it was then.
-void TQ_Prseq_Tracks_SelectEventsInMarquee(Prseq& object, long track, unsigned modifiers);
 
 }  // namespace tq

@@ -1,10 +1,10 @@
 // The two edits that turn events into other events: one into two, and two into one.
 #include <algorithm>
 
+#include "instance/geometry.h"
+#include "instance/prseq.h"
 #include "model/bpfs.h"
 #include "model/events.h"
-#include "shell/geometry.h"
-#include "shell/prseq.h"
 
 namespace tq {
 
@@ -89,7 +89,7 @@ EventRef TQ_Prseq_Events_GlueEvents(Prseq& object, const Event& first, const Eve
     TQ_Prseq_Events_SetEventStart(*tail, start);
     TQ_Prseq_Events_ResizeEvent(*tail, span, second.start - start);
     for (const BpfRef& bpf : tail->bpfs) {
-        Bpf* joined = TQ_Prseq_Events_GetBpfWithGivenName(*glued, bpf->name);
+        Bpf* joined = TQ_Prseq_Events_GetBpfWithGivenName(*glued, bpf->name());
         if (!joined) continue;
         joined->points.insert(joined->points.end(), bpf->points.begin(), bpf->points.end());
         sort_bpf_points(joined->points);

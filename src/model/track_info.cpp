@@ -1,8 +1,8 @@
 #include "model/track_info.h"
 
 #include "host/outlet.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 
 namespace tq {
 

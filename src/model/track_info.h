@@ -1,7 +1,7 @@
 // What the track info outlet tells of the tracks.
 #pragma once
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
+#include "instance/change.h"
+#include "instance/colors.h"
+#include "instance/prseq.h"
+#include "instance/utilities.h"
 #include "model/bpfs.h"
 #include "model/selection.h"
+#include "model/timeline.h"
 #include "model/track_info.h"
-#include "shell/change.h"
-#include "shell/colors.h"
-#include "shell/prseq.h"
-#include "shell/utilities.h"
-#include "view/zoom.h"
 
 namespace tq {
 
@@ -60,7 +60,6 @@ long TQ_Prseq_Tracks_AddTrack(Prseq& object, TrackRef track) {
     track->index = static_cast<long>(object.tracks.size());
     index_events(object, *track);
     object.tracks.push_back(std::move(track));
-    prseq_setdirtyflag(object, true);
     return static_cast<long>(object.tracks.size()) - 1;
 }
 
@@ -71,7 +70,6 @@ void TQ_Prseq_Tracks_InsertTrack(Prseq& object, TrackRef track, long index) {
     object.tracks.insert(object.tracks.begin() + index, std::move(track));
     number_tracks(object, index);
     object.activetrack = index;
-    prseq_setdirtyflag(object, true);
 }
 
 void TQ_Prseq_Tracks_DeleteTrackReference(Prseq& object, long index) {
@@ -81,14 +79,25 @@ void TQ_Prseq_Tracks_DeleteTrackReference(Prseq& object, long index) {
     object.tracks.erase(object.tracks.begin() + index);
     track->index = -1;
     number_tracks(object, index);
-    prseq_setdirtyflag(object, true);
 }
 
 void TQ_Prseq_Tracks_DeleteAllTracksAndFree(Prseq& object) {
     for (const TrackRef& track : object.tracks) track->index = -1;
     object.events_by_id.clear();
     object.tracks.clear();
-    prseq_setdirtyflag(object, true);
+}
+
+bool prseq_do_set_activetrack(Prseq& object, long index) {
+    const Track* track = track_at(object, index);
+    if (!track) return false;
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    object.bpfeditingevent = nullptr;
+    object.activetrack = index;
+    TQ_Prseq_Tracks_OutputTrackActive(object);
+    TQ_Prseq_Tracks_OutputParameterInfo(object, *track);
+    TQ_Prseq_Tracks_OutputBpfInfo(object, *track);
+    prseq_show(object, Change::Tracks);
+    return true;
 }
 
 void TQ_Prseq_Tracks_SetMute(Prseq& object, long index, bool mute) {
@@ -148,28 +157,27 @@ bool TQ_Prseq_Tracks_InsertEvent(Prseq& object, long index, EventRef event) {
 }
 
 void TQ_Prseq_Tracks_InsertEvent(Prseq& object, Track& track, EventRef event) {
-    TQ_Prseq_Events_SetActiveBpfFromIndex(*event, track.activebpfindex);
+    activate_bpf_of_track(track, *event);
     object.events_by_id.add(*event);
+    Event& inserted = *event;
     track.events.insert(std::move(event), track);
-    prseq_setdirtyflag(object, true);
-    prseq_resize_maxtime(object, TQ_Prseq_Tracks_FindLastEventsEnd(&track));
+    cover_event(object, inserted);
 }
 
 void TQ_Prseq_Tracks_InsertAllEvents(Prseq& object, Track& track, std::vector<EventRef> events) {
     for (const EventRef& event : events) {
-        TQ_Prseq_Events_SetActiveBpfFromIndex(*event, track.activebpfindex);
+        activate_bpf_of_track(track, *event);
         object.events_by_id.add(*event);
     }
     track.events.assign(std::move(events), track);
-    prseq_setdirtyflag(object, true);
-    prseq_resize_maxtime(object, TQ_Prseq_Tracks_FindLastEventsEnd(&track));
+    extend_timeline(object, track.events.latest_end());
+    object.timelinelengthasked = true;
 }
 
 void TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(Prseq& object, Event& event) {
     if (!event.track) return;
     object.events_by_id.remove(event);
     event.track->events.erase(event);
-    prseq_setdirtyflag(object, true);
 }
 
 void TQ_Prseq_Tracks_DeleteEventReferences(Prseq& object, const std::vector<EventRef>& events) {
@@ -186,7 +194,6 @@ void TQ_Prseq_Tracks_DeleteEventReferences(Prseq& object, const std::vector<Even
         }
     }
     for (Track* track : thinned) track->events.sweep();
-    prseq_setdirtyflag(object, true);
 }
 
 double TQ_Prseq_Tracks_FindLastEventsEnd(const Track* track) {
@@ -196,9 +203,9 @@ double TQ_Prseq_Tracks_FindLastEventsEnd(const Track* track) {
 
 Event* TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(const Prseq& object, const Track& track,
                                                          const Event& event) {
-    Event* next = track.events.next(event);
-    while (next && (next->pitch != event.pitch || next->start <= event.start))
-        next = track.events.next(*next);
+    Event* next = track.events.find_from(event.start, [&](const Event& other) {
+        return other.start > event.start && other.pitch == event.pitch;
+    });
     return next && next->start - event.start < object.timelinelength ? next : nullptr;
 }
 

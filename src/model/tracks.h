@@ -1,7 +1,7 @@
 // The document's track list and what is in the tracks. A track that does not exist makes a call do nothing.
 #pragma once
 
-#include "model/track.h"
+#include "instance/track.h"
 
 namespace tq {
 
@@ -22,6 +22,10 @@ void TQ_Prseq_Tracks_InsertTrack(Prseq& object, TrackRef track, long index);
 /// caller.
 void TQ_Prseq_Tracks_DeleteTrackReference(Prseq& object, long index);
 void TQ_Prseq_Tracks_DeleteAllTracksAndFree(Prseq& object);
+
+/// Makes a track the active one: nothing of the one before stays selected, its curves are not edited any
+/// more, and the new one is reported. False when there is no such track.
+bool prseq_do_set_activetrack(Prseq& object, long index);
 
 void TQ_Prseq_Tracks_SetMute(Prseq& object, long index, bool mute);
 void TQ_Prseq_Tracks_SetSolo(Prseq& object, long index, bool solo);

@@ -1,18 +1,11 @@
-// What moves the line cursor, and what follows it.
+// Moving the line cursor.
 #pragma once
 
 namespace tq {
 
 struct Prseq;
 
+/// The cursor is at `ms` from now on; while playing, the view follows it unless it is told not to.
 void TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(Prseq& object, double ms);
-/// Its place on the page of the present view, in pixels.
-void TQ_Prseq_LineCursor_CalculateLineCursorPositionInDisplay(Prseq& object);
-/// Scrolls the view to the cursor: by whole pages, or so that it stays in the middle.
-void TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(Prseq& object);
-/// Draws the line's picture in the present colour.
-void TQ_Prseq_LineCursor_MakeLine(Prseq& object);
-/// The line takes the present "linecursorcolor".
-void TQ_Prseq_LineCursor_SetLineColor(Prseq& object);
 
 }  // namespace tq

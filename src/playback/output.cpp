@@ -1,13 +1,15 @@
 #include "playback/output.h"
 
+#include <algorithm>
+
 #include "host/host.h"
 #include "host/outlet.h"
+#include "instance/geometry.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/track.h"
+#include "instance/utilities.h"
 #include "model/selection.h"
-#include "model/track.h"
-#include "shell/geometry.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
 
 namespace tq {
 
@@ -28,7 +30,7 @@ void append_message(const Atoms& message, Atoms& atoms) {
 void append_parameters(const Event& event, Atoms& atoms) {
     if (event.parametervalues.empty()) return;
     atoms.push_back(tq_sym_tag_parameter_open);
-    for (const ParameterValue& value : event.parametervalues) append(atoms, {value.name, value.value});
+    for (const ParameterValue& value : event.parametervalues) append(atoms, {value.name(), value.value});
     atoms.push_back(tq_sym_tag_parameter_close);
 }
 
@@ -37,12 +39,14 @@ void append_range(const BufferLink& link, Atoms& atoms) {
 }
 
 double point_value(const Event& event, const Bpf& bpf, const BpfPoint& point) {
-    return bpf.name == tq_sym_Pitch ? event.pitch + point.y : scale(point.y, 0, 1, bpf.minimum, bpf.maximum);
+    const BpfType& type = *bpf.type;
+    return type.name == tq_sym_Pitch ? event.pitch + point.y
+                                     : scale(point.y, 0, 1, type.minimum, type.maximum);
 }
 
 /// While playing: each point's value, then the ms since the point before.
 void append_playing_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
-    atoms.push_back(bpf.name);
+    atoms.push_back(bpf.name());
     double previous = 0;
     for (const BpfPoint& point : bpf.points) {
         double step = point.x == 0 ? 0 : (point.x - previous) * event.duration;
@@ -53,7 +57,7 @@ void append_playing_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
 
 /// When selected: each point's ms since the event's start, then its value.
 void append_selected_curve(const Event& event, const Bpf& bpf, Atoms& atoms) {
-    atoms.push_back(bpf.name);
+    atoms.push_back(bpf.name());
     for (const BpfPoint& point : bpf.points)
         append(atoms, {point.x * event.duration, point_value(event, bpf, point)});
 }
@@ -79,6 +83,23 @@ void output_selected_event(Prseq& object, const Event& event, long position) {
     outlet_anything(object, OutletSelected, tq_sym_event, atoms);
 }
 
+/// Whether the next event is still to be sent: it has not left its track since it was chosen, nor been moved
+/// to where it will come again.
+bool is_due(const Prseq& object) {
+    const Event& event = *object.nextevent;
+    const Track* track = object.nextevent_track.get();
+    if (event.track != track || track->index < 0) return false;
+    const EventKey& chosen = track->nextplace;
+    return event.start <= chosen.start;
+}
+
+void tell_stop(Prseq& object, const Track& track) {
+    if (track.destination.empty())
+        outlet_list(object, OutletPlaying, Atoms{track.index, tq_sym_stop});
+    else if (Object* relay = relay_of(object, track))
+        object_method_typed(*relay, tq_sym_stop, {});
+}
+
 void system_info(Prseq& object, Symbol selector, const Atoms& atoms) {
     outlet_anything(object, OutletSystemInfo, selector, atoms);
 }
@@ -86,10 +107,10 @@ void system_info(Prseq& object, Symbol selector, const Atoms& atoms) {
 }  // namespace
 
 void TQ_Prseq_Output_EventOutputWhilePlaying(Prseq& object) {
+    if (!object.nextevent || !object.playing || !is_due(object)) return;
     const Event* event = object.nextevent.get();
-    if (!event || !object.playing || !event->track) return;  // no track: removed meanwhile
     const Track& track = *event->track;
-    if (track.mute || track.index < 0) return;  // or removed with its track
+    if (track.mute) return;
     Atoms atoms;
     if (track.destination.empty()) append(atoms, {track.index, tq_sym_event});
     append(atoms, {tq_sym_duration, whole_ms(event->duration)});
@@ -113,7 +134,7 @@ void TQ_Prseq_Output_BuildEventForOutputWhilePlaying(const Track& track, const E
     if (event.bpfs.empty() || (event.bpfs.size() == 1 && without_pitch)) return;
     atoms.push_back(tq_sym_tag_bpf_open);
     for (const BpfRef& bpf : event.bpfs)
-        if (bpf->name != tq_sym_Pitch || !without_pitch) append_playing_curve(event, *bpf, atoms);
+        if (bpf->name() != tq_sym_Pitch || !without_pitch) append_playing_curve(event, *bpf, atoms);
     atoms.push_back(tq_sym_tag_bpf_close);
 }
 
@@ -149,35 +170,15 @@ void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& 
 }
 
 void TQ_Prseq_Output_Stop(Prseq& object) {
-    for (const TrackRef& track : object.tracks) {
-        if (track->destination.empty())
-            outlet_list(object, OutletPlaying, Atoms{track->index, tq_sym_stop});
-        else if (Object* relay = relay_of(object, *track))
-            object_method_typed(*relay, tq_sym_stop, {});
-    }
+    for (const TrackRef& track : object.tracks) tell_stop(object, *track);
 }
 
-void TQ_Prseq_Output_ScrollHor(Prseq& object) {
-    system_info(object, tq_sym_scrollhor, {object.horscrollbar.scrollunityvalue});
-}
-void TQ_Prseq_Output_ScrollVert(Prseq& object) {
-    system_info(object, tq_sym_scrollvert, {object.vertscrollbar.scrollunityvalue});
-}
-void TQ_Prseq_Output_ZoomHor(Prseq& object) {
-    system_info(object, tq_sym_zoomhor, {object.horscrollbar.zoomunityvalue});
-}
-void TQ_Prseq_Output_ZoomVert(Prseq& object) {
-    system_info(object, tq_sym_zoomvert, {object.vertscrollbar.zoomunityvalue});
+void stop_tracks_from(Prseq& object, long first) {
+    if (!object.playing) return;
+    for (size_t i = static_cast<size_t>(std::max(first, 0L)); i < object.tracks.size(); ++i)
+        tell_stop(object, *object.tracks[i]);
 }
 
-void TQ_Prseq_Output_ZoomScrollNow(Prseq& object) {
-    TQ_Prseq_Output_ZoomVert(object);
-    TQ_Prseq_Output_ScrollVert(object);
-    TQ_Prseq_Output_ZoomHor(object);
-    TQ_Prseq_Output_ScrollHor(object);
-}
-
-void TQ_Prseq_Output_Maxtime(Prseq& object) { system_info(object, tq_sym_maxtime, {object.timelinelength}); }
 void TQ_Prseq_Output_Cycle(Prseq& object) { system_info(object, tq_sym_cycle, {long{object.cycle.active}}); }
 
 void TQ_Prseq_Output_CycleRange(Prseq& object) {

@@ -20,14 +20,11 @@ void TQ_Prseq_Output_BuildEventForOutputWhenSelected(const Event& event, Atoms& 
 /// Tells every track's receiver that playback stopped.
 void TQ_Prseq_Output_Stop(Prseq& object);
 
-// system info
-void TQ_Prseq_Output_ScrollHor(Prseq& object);
-void TQ_Prseq_Output_ScrollVert(Prseq& object);
-void TQ_Prseq_Output_ZoomHor(Prseq& object);
-void TQ_Prseq_Output_ZoomVert(Prseq& object);
-/// All four.
-void TQ_Prseq_Output_ZoomScrollNow(Prseq& object);
-void TQ_Prseq_Output_Maxtime(Prseq& object);
+/// The same to the tracks from an index on, while playing: these are about to get other indices, or to go,
+/// and a stop that comes later would not reach what sounds of them now.
+void stop_tracks_from(Prseq& object, long first);
+
+// system info; more of it is in view/reports.h
 void TQ_Prseq_Output_Cycle(Prseq& object);
 void TQ_Prseq_Output_CycleRange(Prseq& object);
 /// The position report, in ticks.

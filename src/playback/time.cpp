@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "host/defer.h"
+#include "instance/prseq.h"
 #include "model/playback_search.h"
 #include "playback/linecursor.h"
 #include "playback/output.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
+#include "view/linecursor.h"
 
 namespace tq {
 
@@ -45,22 +45,15 @@ void prseq_position(Prseq& object, double ms) {
     TQ_Prseq_Output_Position(object, itm_mstoticks(*object.transport, ms));
     TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(object, ms);
     TQ_Prseq_Time_ScheduleFirstEvent(object, ms);
-    TQ_Prseq_LineCursor_CalculateLineCursorPositionInDisplay(object);
     TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(object);
     jbox_redraw(object);
 }
 
-void prseq_cycle(Prseq& object, long active) {
-    object.cycle.active = active > 0;
-    prseq_show(object, Change::Cycle);
-}
-
-void prseq_cyclerange(Prseq& object, double start, double end) {
+void set_cycle_range(Prseq& object, double start, double end) {
     object.cycle.start = std::max(0.0, start);
     object.cycle.end = std::min(object.timelinelength, end);
     schedule_fdefer(object, TQ_Prseq_Time_ScheduleLoopEnd);
     TQ_Prseq_Tracks_FindLoopStartAndEndEventsOnEachTrack(object);
-    prseq_show(object, Change::Cycle);
 }
 
 void TQ_Prseq_Time_ScheduleFirstEvent(Prseq& object, double ms) {
@@ -71,9 +64,18 @@ void TQ_Prseq_Time_ScheduleFirstEvent(Prseq& object, double ms) {
     if (object.nextevent && object.playing) schedule_fdefer(object, TQ_Prseq_Time_ScheduleEvent);
 }
 
+void schedule_track_that_came(Prseq& object, Track& track) {
+    if (!object.playing) return;
+    find_first_event_after(track, transport_ms(object));
+    TQ_Prseq_Tracks_FindNextScheduledEventFromAllTracks(object);
+    time_stop(object.eventtargettime);
+    if (object.nextevent) schedule_fdefer(object, TQ_Prseq_Time_ScheduleEvent);
+}
+
 void TQ_Prseq_Time_ScheduleEvent(Prseq& object) {
     if (!object.nextevent) return;
-    double target = itm_mstoticks(time_getitm(object.eventtargettime), object.nextevent->start);
+    double target =
+        itm_mstoticks(time_getitm(object.eventtargettime), object.nextevent_track->nextplace.start);
     time_setvalue(object.eventtargettime, target - itm_getticks(*object.transport));
 }
 

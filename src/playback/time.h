@@ -5,20 +5,21 @@ namespace tq {
 
 class Itm;
 struct Prseq;
+struct Track;
 
 /// Message "int": 1 or more starts at the transport's position, 0 stops, less than 0 does nothing.
 void prseq_int(Prseq& object, long start);
 /// Message "position": moves the play position to `ms` (held within the timeline) and reports it in ticks.
 void prseq_position(Prseq& object, double ms);
-/// Message "cycle": the loop is on for values above 0.
-void prseq_cycle(Prseq& object, long active);
-/// Message "cyclerange": the loop's start and end in ms, held within the timeline; the start may lie after
-/// the end.
-void prseq_cyclerange(Prseq& object, double start, double end);
+/// The loop's start and end in ms, held within the timeline; the start may lie after the end.
+void set_cycle_range(Prseq& object, double start, double end);
 
 void TQ_Prseq_Time_StartStopPlayer(Prseq& object, long start);
 /// Schedules from a position in ms.
 void TQ_Prseq_Time_ScheduleFirstEvent(Prseq& object, double ms);
+/// A track has come into the list while something may be playing: it plays from now on, and nothing that it
+/// missed.
+void schedule_track_that_came(Prseq& object, Track& track);
 /// Arms the time object for the document's next event.
 void TQ_Prseq_Time_ScheduleEvent(Prseq& object);
 /// The transport has reached the document's next event: sends it and arms the one after it.

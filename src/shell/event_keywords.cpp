@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "shell/symbols.h"
+#include "instance/symbols.h"
 
 namespace tq {
 

@@ -4,20 +4,21 @@
 
 #include <algorithm>
 
+#include "edits/track_edits.h"
 #include "history/capture.h"
+#include "history/edit.h"
+#include "history/event_state.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/bpfs.h"
 #include "model/buffers.h"
 #include "model/events.h"
 #include "model/parameters.h"
+#include "model/timeline.h"
 #include "model/tracks.h"
-#include "shell/change.h"
 #include "shell/event_keywords.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/track_messages.h"
-#include "shell/utilities.h"
 #include "view/maindisplay.h"
-#include "view/zoom.h"
 
 namespace tq {
 
@@ -44,7 +45,7 @@ Track& track_for(Prseq& object, std::optional<long> wanted) {
     if (index < count) return *track_at(object, index);
     Symbol name = count == 0 ? tq_sym_Untitled : gensym(fmt::sprintf("Track %ld", index));
     prseq_addtrack(object, {name});
-    object_error(object, fmt::sprintf("no track %ld, creating new one", *wanted));
+    object_error(object, fmt::sprintf("no track %ld, creating new one", index));
     return *object.tracks.back();
 }
 
@@ -72,7 +73,7 @@ Note parse_note(const EventMessage& message, Note note) {
 /// A name and a flag; none when there is nothing to do or the component is faulty (which is posted).
 struct BufferWish {
     Symbol name;
-    std::optional<bool> adapt;
+    bool adapt = false;
 };
 
 std::optional<BufferWish> parse_buffer(const EventMessage& message) {
@@ -98,7 +99,7 @@ std::optional<BufferWish> parse_buffer(const EventMessage& message) {
 
 void link_buffer(Prseq& object, Event& event, const BufferWish& wish) {
     TQ_Prseq_Buffer_AttachBufferToEvent(object, event, wish.name);
-    if (wish.adapt) event.make_link().adapt = *wish.adapt;
+    if (event.linked || wish.adapt) event.make_link().adapt = wish.adapt;
     TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
@@ -205,7 +206,7 @@ void modify_event(const EventMessage& message, Track& track, Event& event) {
     if (keywords.parameter.has_name()) modify_parameters(message, track, event, lists);
     if (keywords.bpf.has_name()) modify_bpfs(message, event, lists);
     TQ_Prseq_Events_ModifyEventFromDictionary(object, event, lists);
-    prseq_resize_maxtime(object, TQ_Prseq_Tracks_FindLastEventsEnd(event.track));
+    cover_event(object, event);
     modification.next = event_state(event);
     capture_modified_event(object, std::move(modification));
 }
@@ -232,10 +233,10 @@ void do_event(const EventMessage& message) {
 }  // namespace
 
 void prseq_event(Prseq& object, Symbol message, AtomSpan atoms) {
+    if (atoms.empty()) return open_event_capture(object);
+    Edit edit(object, Edit::InBurst{});
     open_event_capture(object);
-    if (atoms.empty()) return;
     do_event({object, message, parse_event_keywords(atoms)});
-    prseq_edited(object, Change::Events);
 }
 
 }  // namespace tq

@@ -1,4 +1,4 @@
-// Making instances of the class, and emptying them.
+// Making instances of the class.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/class.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 
@@ -24,8 +24,5 @@ BoxDictionary prseq_save(const Prseq& object);
 
 /// What stands at an outlet or the inlet (kind 'i' or 'o'), at most 255 bytes; empty for other numbers.
 std::string prseq_assist(char kind, long index);
-
-/// Empties the document; the view, the attributes and the untitled counter stay.
-void TQ_Prseq_NewFile(Prseq& object);
 
 }  // namespace tq

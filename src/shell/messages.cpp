@@ -1,21 +1,20 @@
 #include "shell/messages.h"
 
+#include "edits/timeline_edits.h"
+#include "edits/track_edits.h"
 #include "file/document_messages.h"
-#include "history/capture.h"
-#include "history/recorders.h"
 #include "history/undoredo.h"
 #include "host/outlet.h"
-#include "interaction/mouse_mode.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "interaction/mouse_modes.h"
 #include "model/selection.h"
 #include "model/track_info.h"
 #include "model/tracks.h"
 #include "playback/output.h"
 #include "playback/time.h"
-#include "shell/change.h"
 #include "shell/event_message.h"
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/track_messages.h"
+#include "view/reports.h"
 #include "view/zoom.h"
 #include "view/zoom_commands.h"
 
@@ -48,8 +47,8 @@ void add_messages(Class& c) {
     class_addmethod(c, "redo", prseq_redo);
     class_addmethod(c, "undoredo", prseq_undoredo);
     class_addmethod(c, "undoredo_clear", prseq_undoredo_clear);
-    class_addmethod(c, "undoredo_dump", prseq_undoredo_dump);
-    class_addmethod(c, "maxtime", prseq_resize_maxtime);
+    class_addmethod(c, "undoredo_dump", TQ_Prseq_Undoredo_Dump);
+    class_addmethod(c, "maxtime", prseq_maxtime);
     class_addmethod(c, "read", TQ_Prseq_Json_ReadFromReadMessage);
     class_addmethod(c, "readagain", TQ_Prseq_Json_ReadFromReadagainMessage);
     class_addmethod(c, "write", TQ_Prseq_Json_WriteFromWriteMessage);
@@ -60,27 +59,6 @@ void add_messages(Class& c) {
     class_addmethod(c, "getmaxtime", TQ_Prseq_Output_Maxtime);
     class_addmethod(c, "getcycle", TQ_Prseq_Output_Cycle);
     class_addmethod(c, "getcyclerange", TQ_Prseq_Output_CycleRange);
-}
-
-void prseq_activetrack(Prseq& object, long index) {
-    long previous = object.activetrack;
-    if (index == previous || !track_at(object, index)) return;
-    close_event_capture(object);
-    prseq_do_set_activetrack(object, index);
-    if (previous >= 0) TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(object, index, previous);
-}
-
-bool prseq_do_set_activetrack(Prseq& object, long index) {
-    const Track* track = track_at(object, index);
-    if (!track) return false;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-    object.bpfeditingevent = nullptr;
-    object.activetrack = index;
-    TQ_Prseq_Tracks_OutputTrackActive(object);
-    TQ_Prseq_Tracks_OutputParameterInfo(object, *track);
-    TQ_Prseq_Tracks_OutputBpfInfo(object, *track);
-    prseq_show(object, Change::Tracks);
-    return true;
 }
 
 void prseq_getdirty_out(Prseq& object) {

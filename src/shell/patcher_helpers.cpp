@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "shell/prseq.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 
 namespace tq {
 

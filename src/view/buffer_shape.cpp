@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/event.h"
+#include "instance/event.h"
 
 namespace tq {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "model/event.h"
+#include "instance/event.h"
 
 namespace tq {
 

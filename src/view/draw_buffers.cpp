@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/buffer.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 #include "view/buffer_shape.h"
 #include "view/gradient.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "shell/prseq.h"
-#include "shell/symbols.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "view/curves.h"
 #include "view/gradient.h"
 
@@ -29,7 +29,7 @@ void draw_curve(Graphics& g, const EventView& view, const EventShape& shape, con
     if (shape.rect.width < curve_detail_width && is_straight(bpf)) return;
     const bool active = shape.event->activebpf.get() == &bpf;
     const std::vector<Point> points = build_curve(view, *shape.event, bpf);
-    if (active && bpf.name == tq_sym_Pitch) draw_line(g, points, style.curve, wide_line);
+    if (active && bpf.name() == tq_sym_Pitch) draw_line(g, points, style.curve, wide_line);
     draw_line(g, points, active ? active_line : inactive_line, thin_line);
 }
 

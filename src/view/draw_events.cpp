@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "host/text.h"
+#include "instance/prseq.h"
+#include "model/bpf_editor.h"
 #include "model/tracks.h"
-#include "shell/prseq.h"
 #include "view/draw_buffers.h"
 #include "view/draw_curves.h"
 #include "view/event_style.h"
@@ -78,18 +79,20 @@ void TQ_Prseq_Events_DrawEvent(const Drawing& d, const EventShape& shape, const 
     if (shape.body) {
         draw_gradient(d.g, *style.fill, shape.rect);
         if (outline) draw_outline(d.g, shape.rect, style);
-        if (d.object.showbuffers && !shape.event->link().name.empty())
-            TQ_Prseq_Buffer_DrawBuffer(d.object, d.g, d.view, shape, style.active);
+        if (shape.buffer) TQ_Prseq_Buffer_DrawBuffer(d.object, d.g, d.view, shape, style.active);
         if (shape.label) draw_label(d.g, shape, style);
-        if (d.object.showmessages && !shape.event->message.empty() && d.view.rowheight >= text_rowheight)
-            draw_message(d.g, shape, style);
+        if (shape.message) draw_message(d.g, shape, style);
     }
     if (d.object.showbpfs && style.active)
         TQ_Prseq_Events_DrawBpfsOnOneTrack(d.object, d.g, d.view, shape, style);
 }
 
-const Event* edited_event(const Prseq& object) {
-    return object.bpfeditor ? object.bpfeditingevent.get() : nullptr;
+ShapeOptions shape_options(const Prseq& object, bool active_track) {
+    return {.labels = object.showlabels,
+            .messages = object.showmessages,
+            .buffers = object.showbuffers,
+            .curves = object.showbpfs && active_track,
+            .without = bpf_edited_event(object)};
 }
 
 }  // namespace
@@ -100,27 +103,28 @@ void TQ_Prseq_Tracks_DrawEventsOnAllTracks(const Prseq& object, Graphics& g) {
     TQ_Prseq_Tracks_DrawEventsOnOneTrack(object, g, object.activetrack);
 }
 
-void TQ_Prseq_Tracks_DrawEventsOnOneTrack(const Prseq& object, Graphics& g, long index) {
+void TQ_Prseq_Tracks_DrawEventsOnOneTrack(const Prseq& object, Graphics& g, long index, bool all) {
     const Track* track = track_at(object, index);
     if (!track || !track->visible) return;
     const bool active = index == object.activetrack;
     const EventView view(object, g.ratio());
     const Drawing drawing = drawing_of(object, g, view, *track, active);
-    const ShapeOptions options{object.showlabels, object.showbpfs && active, edited_event(object)};
+    ShapeOptions options = shape_options(object, active);
+    options.all = all;
     for (const EventShape& shape : build_event_shapes(*track, view, options))
         TQ_Prseq_Events_DrawEvent(drawing, shape, drawing.style_of(*shape.event), true);
 }
 
 void draw_edited_event(const Prseq& object, Graphics& g) {
-    const Event* event = edited_event(object);
+    const Event* event = bpf_edited_event(object);
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     if (!event || !track) return;
     const EventView view(object, g.ratio());
     jgraphics_set_source_jrgba(g, grey(0, 0.3));
     jgraphics_rectangle_fill_fast(g, {0, 0, view.width, view.height});
-    const bool label = object.showlabels && !event->label.empty() && view.rowheight >= text_rowheight;
     const Drawing drawing = drawing_of(object, g, view, *track, true);
-    TQ_Prseq_Events_DrawEvent(drawing, {event, view.rect_of(*event), true, label}, drawing.unselected, false);
+    TQ_Prseq_Events_DrawEvent(drawing, shape_of(*event, view, shape_options(object, true)),
+                              drawing.unselected, false);
 }
 
 }  // namespace tq

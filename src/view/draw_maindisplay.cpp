@@ -1,9 +1,8 @@
 #include "view/draw_maindisplay.h"
 
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 #include "view/draw_events.h"
 #include "view/grid.h"
-#include "view/invalidate.h"
 
 namespace tq {
 
@@ -50,15 +49,10 @@ void TQ_Prseq_Maindisplay_Draw(const Prseq& object, Graphics& g) {
     draw_grid(object, g, view);
 }
 
-void draw_maindisplay(Prseq& object, Graphics& view) {
-    const Rect& rect = object.maindisplay.rect;
-    if (auto g = jbox_start_layer(object, view, tq_sym_maindisplay_layer, rect.width, rect.height)) {
-        TQ_Prseq_Maindisplay_Draw(object, *g);
-        TQ_Prseq_Tracks_DrawEventsOnAllTracks(object, *g);
-        draw_edited_event(object, *g);
-        jbox_end_layer(object, tq_sym_maindisplay_layer);
-    }
-    jbox_paint_layer(object, view, tq_sym_maindisplay_layer, rect.x, rect.y);
+void draw_maindisplay(const Prseq& object, Graphics& g) {
+    TQ_Prseq_Maindisplay_Draw(object, g);
+    TQ_Prseq_Tracks_DrawEventsOnAllTracks(object, g);
+    draw_edited_event(object, g);
 }
 
 }  // namespace tq

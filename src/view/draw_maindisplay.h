@@ -10,6 +10,6 @@ struct Prseq;
 /// Note lanes and the time grid.
 void TQ_Prseq_Maindisplay_Draw(const Prseq& object, Graphics& g);
 /// The whole layer: lanes, grid, events, and the event whose curves are edited.
-void draw_maindisplay(Prseq& object, Graphics& view);
+void draw_maindisplay(const Prseq& object, Graphics& g);
 
 }  // namespace tq

@@ -1,24 +1,29 @@
-// What is painted under and over the displays.
+// What is painted under and over the displays: the contents of each layer, and where it is in the box.
 #pragma once
 
 #include <string>
 
+#include "host/geometry.h"
 #include "host/graphics.h"
 
 namespace tq {
 
 struct Prseq;
 
-void draw_background(Prseq& object, Graphics& view);
-/// Which curve type is active on the active track.
-void TQ_Prseq_Tracks_DrawBpfLabel(Prseq& object, Graphics& view);
-/// Nothing while the cursor's x is outside the main display.
-void draw_linecursor(Prseq& object, Graphics& view);
-void draw_marquee(Prseq& object, Graphics& view);
+void draw_background(const Prseq& object, Graphics& g);
+/// Which curve type is active on the active track; straight into the view.
+void TQ_Prseq_Tracks_DrawBpfLabel(const Prseq& object, Graphics& view);
+/// Whether the cursor's x is inside the main display.
+bool linecursor_in_view(const Prseq& object);
+Rect linecursor_place(const Prseq& object);
+void draw_linecursor(const Prseq& object, Graphics& g);
+Rect marquee_place(const Prseq& object);
+void draw_marquee(const Prseq& object, Graphics& g);
+/// What asks for an event to be chosen for curve editing.
+void draw_bpf_hint(const Prseq& object, Graphics& g);
 /// A hint in the middle of the main display.
-void draw_centered_text(Prseq& object, Graphics& view, const std::string& text);
-void draw_border(Prseq& object, Graphics& view);
-
+void draw_centered_text(const Prseq& object, Graphics& g, const std::string& text);
+void draw_border(const Prseq& object, Graphics& g);
 /// "Bpf: Pitch", "Bpf: NAME (MINIMUM-MAXIMUM)", or nothing without an active type.
 std::string bpf_label(const Prseq& object);
 

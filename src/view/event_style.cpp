@@ -1,6 +1,6 @@
 #include "view/event_style.h"
 
-#include "model/track.h"
+#include "instance/track.h"
 #include "view/gradient.h"
 
 namespace tq {

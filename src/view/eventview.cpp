@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/round.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 #include "view/maindisplay.h"
 
 namespace tq {

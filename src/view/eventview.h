@@ -2,7 +2,7 @@
 // screen.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

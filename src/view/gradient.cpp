@@ -2,21 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <functional>
+#include <unordered_map>
 
 #include "host/graphics.h"
-#include "shell/colors.h"
+#include "instance/colors.h"
 
 namespace tq {
 
 namespace {
 
-constexpr size_t kept_gradients = 64;
-
-struct KeptGradient {
+/// Two a track and row height; thousands cost some MB.
+constexpr size_t kept_gradients = 4096;
+struct GradientKey {
     double height;
     Rgba top, bottom;
-    SurfaceRef surface;
+    friend bool operator==(const GradientKey&, const GradientKey&) = default;
+};
+struct HashOfKey {
+    size_t operator()(const GradientKey& key) const {
+        size_t hash = 0;
+        for (double value : {key.height, key.top.red, key.top.green, key.top.blue, key.bottom.red,
+                             key.bottom.green, key.bottom.blue})
+            hash = hash * 31 + std::hash<double>()(value);
+        return hash;
+    }
 };
 
 Rgba from_hsl(const Hsl& hsl, double luminosity, double alpha) {
@@ -53,14 +63,10 @@ SurfaceRef make_gradient_surface(double x0, double y0, double x1, double y1, con
 }
 
 SurfaceRef vertical_gradient(double height, const Rgba& top, const Rgba& bottom) {
-    static std::vector<KeptGradient> kept;
-    auto found = std::ranges::find_if(kept, [&](const KeptGradient& k) {
-        return k.height == height && k.top == top && k.bottom == bottom;
-    });
-    if (found != kept.end()) return found->surface;
-    if (kept.size() >= kept_gradients) kept.erase(kept.begin());
-    SurfaceRef surface = make_gradient_surface(0, 0, 1, height, top, bottom);
-    kept.push_back({height, top, bottom, surface});
+    static std::unordered_map<GradientKey, SurfaceRef, HashOfKey> kept;
+    if (kept.size() >= kept_gradients) kept.clear();
+    SurfaceRef& surface = kept[{height, top, bottom}];
+    if (!surface) surface = make_gradient_surface(0, 0, 1, height, top, bottom);
     return surface;
 }
 

@@ -1,7 +1,7 @@
 // The vertical mapping: keys, rows, zoom and scroll.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

@@ -1,6 +1,7 @@
 #include "view/layout.h"
 
-#include "shell/prseq.h"
+#include "instance/prseq.h"
+#include "view/synchronise.h"
 
 namespace tq {
 
@@ -14,8 +15,8 @@ bool contains(const Rect& rect, double x, double y) {
 
 }  // namespace
 
-void calculate_windowparts(Prseq& object) {
-    Layout& layout = object.layout;
+void calculate_windowparts(const Prseq& object, Geometry& geometry) {
+    Layout& layout = geometry.layout;
     const double W = object.width, H = object.height, U = upperdisplay_height, S = scrollbar_thickness;
     const bool bars = object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats);
     layout.timedisplayheight = bars ? ruler_height_bars : ruler_height;
@@ -32,8 +33,14 @@ void calculate_windowparts(Prseq& object) {
     layout[Part::ParameterDisplay] = {T + K, H - S - P, W - K - S - T, P};
     layout[Part::HorScrollbar] = {T, H - S, W - S - T, S};
     layout[Part::VertScrollbar] = {W - S, U + D, S, H - S - D - U};
-    object.keydisplay.rect = layout[Part::KeyDisplay];
-    object.maindisplay.rect = layout[Part::MainDisplay];
+    geometry.keydisplay.rect = layout[Part::KeyDisplay];
+    geometry.maindisplay.rect = layout[Part::MainDisplay];
+}
+
+void set_time_display_type(Prseq& object, TimeDisplayType type) {
+    object.timedisplaytype = static_cast<long>(type);
+    synchronise_view(object);
+    prseq_show(object, Change::TimeDisplayType);
 }
 
 Part whichpartisthemouse(const Prseq& object, double x, double y) {

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "host/round.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 
@@ -76,8 +76,13 @@ double TQ_Prseq_Maindisplay_CalculateBigBarSize(const Prseq& object, MainDisplay
     return md.bigbarsize;
 }
 
+double TQ_Prseq_Maindisplay_ZoomCoefficientHorizontal(double timelinelength) {
+    return 1 / (0.1 * timelinelength);
+}
+
 double TQ_Prseq_Maindisplay_CalculateZoomCoefficientHorizontal(const Prseq& object, MainDisplay& md) {
-    return md.horizontalzoomcoefficient = 1 / (0.1 * object.timelinelength);
+    return md.horizontalzoomcoefficient =
+               TQ_Prseq_Maindisplay_ZoomCoefficientHorizontal(object.timelinelength);
 }
 
 double TQ_Prseq_Maindisplay_CalculateZoomValueHorizontalFromMsLabelIncrement(const Prseq& object,
@@ -93,7 +98,5 @@ double TQ_Prseq_Maindisplay_CalculateMinimumZoomValue(MainDisplay& md, double wi
 void TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(MainDisplay& md, double unity) {
     md.horizontalscroll = unity * (TQ_Prseq_Maindisplay_GetTotalPageSizeHorizontal(md) - md.rect.width);
 }
-
-void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, MouseMode mode) { md.mousemode = mode; }
 
 }  // namespace tq

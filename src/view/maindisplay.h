@@ -4,7 +4,7 @@
 // and in page pixels vertically.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 
@@ -46,6 +46,8 @@ Rect TQ_Prseq_Events_Rect(const Prseq& object, const Event& event);
 double TQ_Prseq_Maindisplay_CalculateMsLabelIncrement(const Prseq& object, MainDisplay& md);
 /// Pixels from one main division line to the next.
 double TQ_Prseq_Maindisplay_CalculateBigBarSize(const Prseq& object, MainDisplay& md, double increment);
+/// The zoom coefficient of a timeline of this length in ms.
+double TQ_Prseq_Maindisplay_ZoomCoefficientHorizontal(double timelinelength);
 double TQ_Prseq_Maindisplay_CalculateZoomCoefficientHorizontal(const Prseq& object, MainDisplay& md);
 double TQ_Prseq_Maindisplay_CalculateZoomValueHorizontalFromMsLabelIncrement(const Prseq& object,
                                                                              const MainDisplay& md,
@@ -53,6 +55,5 @@ double TQ_Prseq_Maindisplay_CalculateZoomValueHorizontalFromMsLabelIncrement(con
 /// The zoom at which the whole timeline takes `width` pixels.
 double TQ_Prseq_Maindisplay_CalculateMinimumZoomValue(MainDisplay& md, double width);
 void TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(MainDisplay& md, double unity);
-void TQ_Prseq_Maindisplay_SetMouseMode(MainDisplay& md, MouseMode mode);
 
 }  // namespace tq

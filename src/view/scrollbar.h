@@ -1,7 +1,7 @@
 // The value model of a scrollbar: unity values, zoom and scroll values, page sizes.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

@@ -1,7 +1,7 @@
 // Where the components of a scrollbar are.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

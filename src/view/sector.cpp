@@ -1,9 +1,10 @@
 #include "view/sector.h"
 
 #include <algorithm>
+#include <cmath>
 
-#include "shell/geometry.h"
-#include "shell/prseq.h"
+#include "instance/geometry.h"
+#include "instance/prseq.h"
 #include "view/scrollbar.h"
 
 namespace tq {
@@ -37,6 +38,8 @@ Axis vertical_axis(TQScrollbar vs, const Sector& sector) {
 
 Axis horizontal_axis(const TQScrollbar& hs, const Sector& sector, double timelinelength) {
     double total = hs.selectionpagesize * timelinelength / sector.duration;
+    if (!std::isfinite(total))
+        return {1, sector.start / timelinelength};  // what shorter and shorter ones come to
     double unity = TQScrollbar_ZoomValueToZoomUnityValue(hs, TQScrollbar_CalculateZoom(hs, total));
     return {std::clamp(unity, 0., 1.),
             ratio_or_zero(total * sector.start / timelinelength, total - hs.selectionpagesize)};

@@ -1,7 +1,7 @@
 // Between a view's unity values and the stretch of the document that it shows.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

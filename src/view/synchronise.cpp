@@ -1,6 +1,6 @@
 #include "view/synchronise.h"
 
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 #include "view/keydisplay.h"
 #include "view/layout.h"
 #include "view/maindisplay.h"
@@ -9,6 +9,52 @@
 
 namespace tq {
 
+namespace {
+
+/// The scrollbar takes the display's size and the timeline's length: its page sizes and its zoom range.
+void synchronise_horscrollbar(const Prseq& object, Geometry& g) {
+    MainDisplay& md = g.maindisplay;
+    TQScrollbar& bar = g.horscrollbar;
+    TQ_Prseq_Maindisplay_CalculateZoomCoefficientHorizontal(object, md);
+    bar.selectionpagesize = TQ_Prseq_Maindisplay_GetSelectionPageSizeHorizontal(md);
+    TQScrollbar_SetMinMaxZoomValue(bar, TQ_Prseq_Maindisplay_CalculateMinimumZoomValue(md, md.rect.width),
+                                   md.maximumhorizontalzoom);
+    bar.maximumpagesize = TQ_Prseq_Maindisplay_GetMaximumPageSizeHorizontal(md);
+    TQScrollbar_MakeCalculations(bar, g.layout[Part::HorScrollbar]);
+}
+
+void synchronise_vertscrollbar(Geometry& g) {
+    KeyDisplay& kd = g.keydisplay;
+    TQScrollbar& bar = g.vertscrollbar;
+    bar.selectionpagesize = g.maindisplay.rect.height;
+    const double minimum = TQ_Prseq_Keydisplay_CalculateMinimumZoomValue(kd, kd.rect.height);
+    TQScrollbar_SetMinMaxZoomValue(bar, minimum,
+                                   TQ_Prseq_Keydisplay_CalculateMaximumZoomValue(kd, kd.rect.height));
+    bar.maximumpagesize = TQ_Prseq_Keydisplay_GetTotalPageSizeMaximum(kd);
+    TQScrollbar_MakeCalculations(bar, g.layout[Part::VertScrollbar]);
+}
+
+/// The key display takes zoom and scroll from the vertical scrollbar.
+void synchronise_keydisplay(Geometry& g) {
+    TQ_Prseq_Keydisplay_CalculateBlackKeyBroadnessFromZoomValue(g.keydisplay, g.vertscrollbar.zoomvalue);
+    TQ_Prseq_Keydisplay_ConvertToActualScrollValueFromUnityScrollValue(g.keydisplay,
+                                                                       g.vertscrollbar.scrollunityvalue);
+}
+
+/// The main display takes zoom and scroll from the key display and the horizontal scrollbar.
+void synchronise_maindisplay(const Prseq& object, Geometry& g) {
+    MainDisplay& md = g.maindisplay;
+    md.verticalzoom = g.keydisplay.zoom;
+    md.verticalscroll = g.keydisplay.scroll;
+    md.rowheight = g.keydisplay.blackkeyunit * md.verticalzoom;
+    md.horizontalzoom = g.horscrollbar.zoomvalue;
+    TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(md, g.horscrollbar.scrollunityvalue);
+    const double increment = TQ_Prseq_Maindisplay_CalculateMsLabelIncrement(object, md);
+    TQ_Prseq_Maindisplay_CalculateBigBarSize(object, md, increment);
+}
+
+}  // namespace
+
 void init_scrollbars(Prseq& object) {
     using Bar = TQScrollbar;
     object.horscrollbar = TQScrollbar_Create(Bar::Orientation::Horizontal, true, Bar::Zoom::AtStart);
@@ -16,53 +62,16 @@ void init_scrollbars(Prseq& object) {
     synchronise_view(object);
 }
 
-void synchronise_horscrollbar(Prseq& object) {
-    MainDisplay& md = object.maindisplay;
-    TQScrollbar& bar = object.horscrollbar;
-    TQ_Prseq_Maindisplay_CalculateZoomCoefficientHorizontal(object, md);
-    bar.selectionpagesize = TQ_Prseq_Maindisplay_GetSelectionPageSizeHorizontal(md);
-    TQScrollbar_SetMinMaxZoomValue(bar, TQ_Prseq_Maindisplay_CalculateMinimumZoomValue(md, md.rect.width),
-                                   md.maximumhorizontalzoom);
-    bar.maximumpagesize = TQ_Prseq_Maindisplay_GetMaximumPageSizeHorizontal(md);
-    TQScrollbar_MakeCalculations(bar, object.layout[Part::HorScrollbar]);
+Geometry geometry_in_step(const Prseq& object) {
+    Geometry geometry = object;
+    calculate_windowparts(object, geometry);
+    synchronise_horscrollbar(object, geometry);
+    synchronise_vertscrollbar(geometry);
+    synchronise_keydisplay(geometry);
+    synchronise_maindisplay(object, geometry);
+    return geometry;
 }
 
-void synchronise_vertscrollbar(Prseq& object) {
-    KeyDisplay& kd = object.keydisplay;
-    TQScrollbar& bar = object.vertscrollbar;
-    bar.selectionpagesize = object.maindisplay.rect.height;
-    double minimum = TQ_Prseq_Keydisplay_CalculateMinimumZoomValue(kd, kd.rect.height);
-    TQScrollbar_SetMinMaxZoomValue(bar, minimum,
-                                   TQ_Prseq_Keydisplay_CalculateMaximumZoomValue(kd, kd.rect.height));
-    bar.maximumpagesize = TQ_Prseq_Keydisplay_GetTotalPageSizeMaximum(kd);
-    TQScrollbar_MakeCalculations(bar, object.layout[Part::VertScrollbar]);
-}
-
-void synchronise_keydisplay(Prseq& object) {
-    KeyDisplay& kd = object.keydisplay;
-    TQ_Prseq_Keydisplay_CalculateBlackKeyBroadnessFromZoomValue(kd, object.vertscrollbar.zoomvalue);
-    TQ_Prseq_Keydisplay_ConvertToActualScrollValueFromUnityScrollValue(kd,
-                                                                       object.vertscrollbar.scrollunityvalue);
-}
-
-void synchronise_maindisplay(Prseq& object) {
-    MainDisplay& md = object.maindisplay;
-    md.verticalzoom = object.keydisplay.zoom;
-    md.verticalscroll = object.keydisplay.scroll;
-    md.rowheight = object.keydisplay.blackkeyunit * md.verticalzoom;
-    md.horizontalzoom = object.horscrollbar.zoomvalue;
-    TQ_Prseq_Maindisplay_SetActualScrollValueFromUnityValueHorizontal(md,
-                                                                      object.horscrollbar.scrollunityvalue);
-    double increment = TQ_Prseq_Maindisplay_CalculateMsLabelIncrement(object, md);
-    TQ_Prseq_Maindisplay_CalculateBigBarSize(object, md, increment);
-}
-
-void synchronise_view(Prseq& object) {
-    calculate_windowparts(object);
-    synchronise_horscrollbar(object);
-    synchronise_vertscrollbar(object);
-    synchronise_keydisplay(object);
-    synchronise_maindisplay(object);
-}
+void synchronise_view(Prseq& object) { static_cast<Geometry&>(object) = geometry_in_step(object); }
 
 }  // namespace tq

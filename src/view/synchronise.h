@@ -1,5 +1,7 @@
-// Keeps scrollbars, key display and main display in step.
+// Keeps layout, scrollbars, key display and main display in step.
 #pragma once
+
+#include "instance/view_records.h"
 
 namespace tq {
 
@@ -7,15 +9,10 @@ struct Prseq;
 
 /// Makes both scrollbars and gives them the ranges of the box as it is laid out.
 void init_scrollbars(Prseq& object);
-/// The scrollbar takes the display's size and the timeline's length: its page sizes and its zoom range.
-void synchronise_horscrollbar(Prseq& object);
-void synchronise_vertscrollbar(Prseq& object);
-/// The key display takes zoom and scroll from the vertical scrollbar.
-void synchronise_keydisplay(Prseq& object);
-/// The main display takes zoom and scroll from the key display and the horizontal scrollbar.
-void synchronise_maindisplay(Prseq& object);
-/// All of these, in order: done before every paint, and before anything is computed from a view that has
-/// changed.
+/// The geometry that follows from the box's size, its display switches, the time display type, the timeline's
+/// length, and zoom and scroll as the scrollbars have them.
+Geometry geometry_in_step(const Prseq& object);
+/// The box takes that geometry. Done wherever one of these changes, so that it holds at any time.
 void synchronise_view(Prseq& object);
 
 }  // namespace tq

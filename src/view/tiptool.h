@@ -13,6 +13,7 @@ struct Prseq;
 /// Shows lines of text (at most 4095 bytes) beside a point of the box, inside `constrain`; an empty text
 /// hides it.
 void TQ_Prseq_Tiptool_Set(Prseq& object, const std::string& text, double x, double y, const Rect& constrain);
-void TQ_Prseq_Tiptool_Draw(Prseq& object, Graphics& view);
+Rect tiptool_place(const Prseq& object);
+void TQ_Prseq_Tiptool_Draw(const Prseq& object, Graphics& g);
 
 }  // namespace tq

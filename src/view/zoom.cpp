@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include "host/round.h"
-#include "playback/output.h"
-#include "shell/change.h"
-#include "shell/prseq.h"
+#include "instance/change.h"
+#include "instance/prseq.h"
+#include "model/timeline.h"
+#include "view/maindisplay.h"
+#include "view/reports.h"
 #include "view/scrollbar.h"
 #include "view/synchronise.h"
 
@@ -25,10 +27,7 @@ constexpr Axis vertical_zoom{&Prseq::verticalzoom, &Prseq::vertscrollbar};
 constexpr Axis horizontal_scroll{&Prseq::horizontalscroll, &Prseq::horscrollbar};
 constexpr Axis vertical_scroll{&Prseq::verticalscroll, &Prseq::vertscrollbar};
 
-/// The scrollbar's ranges are made to fit the box first: a unity value means what it means in what is
-/// visible.
 void set(Prseq& object, const Axis& axis, void (*setter)(TQScrollbar&, double), double unity) {
-    synchronise_view(object);
     object.*axis.value = held(unity);
     setter(object.*axis.bar, object.*axis.value);
     synchronise_view(object);
@@ -66,18 +65,25 @@ void TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(Prseq& object, const ZoomScroll& vie
     set(object, horizontal_scroll, TQScrollbar_SetScrollUnityValue, view.horizontalscroll);
     set(object, vertical_zoom, TQScrollbar_SetZoomUnityValue, view.verticalzoom);
     set(object, vertical_scroll, TQScrollbar_SetScrollUnityValue, view.verticalscroll);
-    prseq_show(object, Change::ZoomAndScroll);
+    prseq_show(object, Change::HorizontalView);
+    prseq_show(object, Change::VerticalView);
 }
 
 void prseq_resize_maxtime(Prseq& object, double ms) {
-    if (std::isfinite(ms) && ms > object.timelinelength) {
-        object.timelinelength = 1000 * jgraphics_round((ms + 2000) / 1000);
+    extend_timeline(object, ms);
+    object.timelinelengthasked = true;
+    settle_timeline_length(object);
+}
+
+void settle_timeline_length(Prseq& object) {
+    if (object.maindisplay.horizontalzoomcoefficient !=
+        TQ_Prseq_Maindisplay_ZoomCoefficientHorizontal(object.timelinelength)) {
         synchronise_view(object);
         TQ_Prseq_Output_ZoomHor(object);
         TQ_Prseq_Output_ScrollHor(object);
         prseq_show(object, Change::TimelineLength);
     }
-    TQ_Prseq_Output_Maxtime(object);
+    if (std::exchange(object.timelinelengthasked, false)) TQ_Prseq_Output_Maxtime(object);
 }
 
 }  // namespace tq

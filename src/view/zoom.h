@@ -1,7 +1,7 @@
 // Zoom and scroll by unity values, and the length of the timeline.
 #pragma once
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 
@@ -21,5 +21,8 @@ void TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(Prseq& object, const ZoomScroll& vie
 /// Extends the timeline to whole seconds, at least 1.5 s beyond `ms`, when it is shorter than that; reports
 /// its length in any case.
 void prseq_resize_maxtime(Prseq& object, double ms);
+/// What follows of a timeline that has grown: the view, its reports. Reports the length where it was asked
+/// for.
+void settle_timeline_length(Prseq& object);
 
 }  // namespace tq

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "instance/prseq.h"
 #include "model/selected_events.h"
 #include "model/selection.h"
-#include "playback/output.h"
-#include "shell/prseq.h"
 #include "view/maindisplay.h"
+#include "view/reports.h"
 #include "view/sector.h"
-#include "view/synchronise.h"
 #include "view/zoom.h"
 
 namespace tq {
@@ -28,7 +27,6 @@ void zoom_to(Prseq& object, const Sector& target) {
 }
 
 void zoom_by(Prseq& object, double factor, double pagex, double localy) {
-    synchronise_view(object);
     const double time = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, object.maindisplay, pagex);
     const double pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(object.maindisplay, localy);
     const Sector now = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(
@@ -40,8 +38,7 @@ void zoom_by(Prseq& object, double factor, double pagex, double localy) {
 }
 
 /// The centre of what is visible: a page x and a y from the display's top.
-Point center(Prseq& object) {
-    synchronise_view(object);
+Point center(const Prseq& object) {
     return {object.maindisplay.rect.width / 2 + object.maindisplay.horizontalscroll,
             object.keydisplay.rect.height / 2};
 }
@@ -66,7 +63,6 @@ void prseq_zoom_out(Prseq& object) {
 void prseq_zoom_to_selection(Prseq& object) { TQ_Prseq_Zoom_ZoomToSelectedEvents(object); }
 
 void prseq_zoom_out_all(Prseq& object) {
-    synchronise_view(object);
     zoom_to(object, {0, Prseq::maximumpitch, object.timelinelength, pitch_rows});
 }
 
@@ -79,7 +75,6 @@ void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy) {
 
 void TQ_Prseq_Zoom_ZoomToSelectedEvents(Prseq& object) {
     if (!list_selected_events(object)) return;
-    synchronise_view(object);
     double end = 0;
     for (const EventRef& event : object.selection) end = std::max(end, event->end());
     zoom_to(object, TQ_Prseq_Zoom_MakeSector(object.selection.front()->start, end,

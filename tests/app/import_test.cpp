@@ -53,7 +53,7 @@ TEST_F(Import, makesWhatMessagesWouldHaveMade) {
     EXPECT_EQ(comparable(document()), by_messages);
     EXPECT_NE(document().find(R"("destination":"gm:32")"), std::string::npos);
     EXPECT_NE(document().find(R"("destination":"gm:drums")"), std::string::npos);
-    EXPECT_FALSE(box().info.dirty);
+    EXPECT_FALSE(prseq_getdirtyflag(box()));
 }
 
 /// Start and end in microseconds by pitch and velocity.

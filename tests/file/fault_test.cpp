@@ -45,7 +45,7 @@ TEST_F(Faults, areNamed) {
         say("track_add Old");
         EXPECT_EQ(read(text), lines_of(std::string("error tq.sorvo: ") + error)) << text;
         EXPECT_TRUE(box().tracks.empty()) << text;
-        EXPECT_FALSE(box().info.dirty) << text;
+        EXPECT_FALSE(prseq_getdirtyflag(box())) << text;
     }
 }
 
@@ -89,7 +89,7 @@ TEST_F(Faults, inAnyOneValueLeaveADocumentThatHoldsTogether) {
             value = json::parse(text);
             std::string document = json::serialize(root);
             read(document);
-            ASSERT_TRUE(holds_together(box(), true)) << document;
+            ASSERT_TRUE(holds_together(box())) << document;
             if (++documents % 16 == 0) say(".show document\n.paint");
         }
     });
@@ -105,7 +105,7 @@ TEST_F(Faults, ofAKeyThatIsMissingLeaveADocumentThatHoldsTogether) {
         for (const auto& entry : whole) {
             value.get_object().erase(entry.key());
             read(json::serialize(root));
-            ASSERT_TRUE(holds_together(box(), true)) << json::serialize(root);
+            ASSERT_TRUE(holds_together(box())) << json::serialize(root);
             ++documents;
             value = whole;
         }
@@ -123,7 +123,7 @@ TEST_F(Faults, inTheBytesAreOneErrorOrADocument) {
         const std::string text = broken(good_document, "0123456789-.eE\"{}[],:", random);
         Lines errors = read(text);
         refused += !errors.empty();
-        ASSERT_TRUE(holds_together(box(), true)) << text;
+        ASSERT_TRUE(holds_together(box())) << text;
     }
     EXPECT_GT(refused, documents / 10) << "of " << documents;
     EXPECT_LT(refused, documents);

@@ -17,6 +17,12 @@ namespace {
 
 using test::document_of, test::holds_together, test::random_message;
 
+/// The whole timeline and all pitches in view, so that gestures find the events.
+void see_all(Session& session) {
+    jbox_set_size(session.box(), {2000, 1200});
+    for (const char* message : {"zoom_animation 0", "zoom_out_all"}) session.send(message);
+}
+
 void wait(Session& session, double ms) {
     Scheduler& scheduler = session.host().scheduler;
     scheduler.run_until(scheduler.now() + ms);
@@ -52,6 +58,7 @@ void undo_and_redo_all(unsigned seed) {
     std::mt19937 random(seed);
     Session session;
     buffer_set(session.host(), gensym("sound"), SoundRef(new Sound(1, 1000, std::vector<float>(500))));
+    see_all(session);
     std::string first = document_of(session);
     for (int i = 0; i < 80; ++i) {
         if (random() % 2)
@@ -62,6 +69,7 @@ void undo_and_redo_all(unsigned seed) {
         ASSERT_TRUE(holds_together(session.box()));
     }
     wait(session, 100);
+    commit_gesture(session.box());
     std::string last = document_of(session);
     for (const auto& item : session.box().history.items) recorded.insert(item->name());
     for (int cycle = 0; cycle < 2; ++cycle) {
@@ -91,6 +99,7 @@ void undo_and_redo_all(unsigned seed) {
 void play_and_edit(unsigned seed) {
     std::mt19937 random(seed);
     Session session;
+    see_all(session);
     for (int i = 0; i < 150; ++i) {
         if (random() % 3 == 0)
             random_edit(session.box(), random);

@@ -1,16 +1,15 @@
 #include "history/random_edits.h"
 
-#include "history/capture.h"
-#include "history/clipboard.h"
-#include "history/recorders.h"
-#include "interaction/edits.h"
-#include "interaction/main_press.h"
-#include "model/bpfs.h"
-#include "model/buffers.h"
-#include "model/parameters.h"
-#include "model/selected_events.h"
-#include "model/selection.h"
+#include "edits/event_edits.h"
+#include "edits/track_edits.h"
+#include "edits/type_edits.h"
+#include "edits/value_edits.h"
+#include "host/modifiers.h"
+#include "instance/symbols.h"
+#include "interaction/commands.h"
+#include "interaction/mouse.h"
 #include "model/tracks.h"
+#include "view/maindisplay.h"
 
 namespace tq {
 namespace {
@@ -21,253 +20,152 @@ struct Edits {
 
     size_t below(size_t count) { return random() % count; }
     double number(size_t count) { return static_cast<double>(below(count)); }
+    Symbol name(const char* stem, size_t count) { return gensym(stem + std::to_string(below(count))); }
 
-    Track* active() const { return TQ_Prseq_Tracks_GetActiveTrack(object); }
-
+    TrackRef active() const { return TQ_Prseq_Tracks_GetActiveTrack(object); }
     EventRef any_event() {
-        const Track* track = active();
+        const TrackRef track = active();
         return track && !track->events.empty() ? track->events.at(below(track->events.size())) : nullptr;
     }
-
     BpfRef any_curve() {
         EventRef event = any_event();
         return event ? event->bpfs[below(event->bpfs.size())] : nullptr;
     }
 
-    void select_some() {
-        const long track = object.activetrack;
-        if (below(2)) TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, track);
-        if (below(5) == 0) TQ_Prseq_Tracks_SelectAllEvents(object, track);
-        for (size_t i = below(4); i > 0; --i)
-            TQ_Prseq_Tracks_SelectEvent(object, track, static_cast<long>(below(30)));
+    void command() {
+        static constexpr Command some[] = {
+            Command::Cut,       Command::Copy,           Command::Copy,       Command::Paste,
+            Command::Paste,     Command::Delete,         Command::SelectAll,  Command::SelectNext,
+            Command::SelectAll, Command::SelectPrevious, Command::SelectNext, Command::Paste};
+        run_command(object, some[below(std::size(some))]);
     }
 
-    void copy() { TQ_Prseq_Clipboard_CopySelection(object); }
-    void cut() { TQ_Prseq_Clipboard_CutSelection(object); }
-    void paste() { TQ_Prseq_Clipboard_PasteSelection(object); }
-    void delete_selected() { prseq_deleteselectedevents(object); }
-
-    /// What a press on a selected event does. False when there is none.
-    bool press_selection() {
-        TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
-        TQ_Prseq_Maindisplay_Click(object, 100, 100);
-        MainPress& press = object.press;
-        press.clickedevent = object.selection.empty() ? nullptr : object.selection.front();
-        press.selectionwhenclicked = TQ_Prseq_Tracks_CalculateBoundingRectOfSelectedEvents(object);
-        TQ_Prseq_Tracks_CalculateEventsOffsetFromSelectionRectWhenClicked(object);
-        TQ_Prseq_Tracks_MakeUndoEventsFromSelectedEvents(object);
-        return !object.selection.empty();
-    }
-
-    void move_selected() {
-        if (!press_selection()) return;
-        object.snaptime = below(2) == 0;
-        object.snappitch = below(2) == 0;
-        for (int step = 0; step < 3; ++step) {
-            object.press.drag = {number(400), number(300)};
-            TQ_Prseq_Tracks_MoveSelectedEventsOnTrack(object, object.activetrack);
+    /// Presses, drags and releases, somewhere on an event or beside all.
+    void gesture() {
+        static constexpr MouseMode modes[] = {MouseMode::Select, MouseMode::Select, MouseMode::Select,
+                                              MouseMode::Select, MouseMode::Slice,  MouseMode::Glue};
+        object.maindisplay.mousemode = modes[below(std::size(modes))];
+        object.snaptime = below(2);
+        object.snappitch = below(2);
+        const Rect display = object.maindisplay.rect;
+        Point at{display.x + number(500), display.y + number(1000)};
+        if (EventRef event = any_event(); event && below(5)) {
+            const Rect rect = TQ_Prseq_Events_Rect(object, *event);
+            const double places[] = {rect.width / 2, rect.width / 3, 1, rect.width - 1};
+            at = {display.x + rect.x + places[below(4)],
+                  display.y + rect.y + rect.height / 2 - object.maindisplay.verticalscroll};
         }
-        TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents(object, object.press.undoevents);
-    }
-
-    void copy_by_dragging() {
-        if (!press_selection()) return;
-        std::vector<EventRef> copies = TQ_Prseq_Tracks_CopySelectedEventsOnTrack(object, object.activetrack);
-        TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-        TQ_Prseq_Tracks_SelectEventsFromLinkedList(object, copies);
-        press_selection();
-        object.press.drag = {number(400), number(300)};
-        TQ_Prseq_Tracks_MoveSelectedEventsOnTrack(object, object.activetrack);
-        TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(object, copies);
-    }
-
-    void resize_starts() {
-        if (!press_selection()) return;
-        for (const EventRef& event : object.selection) {
-            const double start = number(static_cast<size_t>(event->end()) + 1);
-            TQ_Prseq_Events_SetEventTimes(*event, start, event->end() - start);
-        }
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(object, object.press.undoevents);
-    }
-
-    void resize_durations() {
-        if (!press_selection()) return;
-        for (const EventRef& event : object.selection)
-            TQ_Prseq_Events_SetEventDuration(*event, 1 + number(3000));
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(object, object.press.undoevents);
-    }
-
-    void slice() {
-        if (EventRef event = any_event()) slice_event(object, event, event->start + number(1000));
+        unsigned modifiers = modifier_left_button;
+        if (below(4) == 0) modifiers |= modifier_shift;
+        prseq_mousedown(object, at.x, at.y, modifiers);
+        if (below(3) == 0) modifiers |= modifier_option;
+        for (size_t steps = below(4); steps > 0; --steps)
+            prseq_mousedrag(object, display.x - 20 + number(300), display.y - 20 + number(1000), modifiers);
+        if (below(9) == 0) return roll_back_gesture(object);
+        if (below(9) == 0) return;  // what comes next ends it
+        prseq_mouseup(object, at.x, at.y, modifiers);
     }
 
     void glue() {
         EventRef event = any_event();
-        if (!event) return;
-        if (Event* next = event->track->events.next(*event); next && below(2)) {
-            EventState before = event_state(*next);
-            next->pitch = event->pitch;  // so that there is something to glue
-            TQ_Prseq_Undoredo_AddUndoRedoItem_ModifyEvents(object, {{next, before, event_state(*next)}});
-        }
+        EventRef next = event ? event->track->events.next(*event) : nullptr;
+        if (!next) return;
+        change_event_values(object,
+                            {{event, event->velocity, number(128)}, {next, next->velocity, number(128)}},
+                            tq_sym_Velocity);
         glue_event_to_next(object, event);
     }
 
     void change_state() {
-        static const struct {
-            void (*record)(Prseq&, EventRef, EventState);
-            void (*change)(Edits&, Event&);
-        } rows[] = {
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLabel,
-             [](Edits& e, Event& event) { event.label = gensym("l" + std::to_string(e.below(9))); }},
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsMessage,
-             [](Edits& e, Event& event) { event.message = gensym("m " + std::to_string(e.below(9))); }},
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBuffername,
-             [](Edits& e, Event& event) {
-                 TQ_Prseq_Buffer_AttachBufferToEvent(e.object, event, gensym("sound"));
-             }},
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferAdapt,
-             [](Edits& e, Event& event) { event.make_link().adapt = e.below(2); }},
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart,
-             [](Edits& e, Event& event) { event.make_link().start = e.number(9); }},
-            {TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd,
-             [](Edits& e, Event& event) { event.make_link().end = e.number(9); }},
-        };
         EventRef event = any_event();
         if (!event) return;
-        EventState before = event_state(*event);
-        const auto& row = rows[below(std::size(rows))];
-        row.change(*this, *event);
-        row.record(object, event, std::move(before));
+        switch (below(6)) {
+            case 0:
+                return change_event_label(object, event, name("l", 9));
+            case 1:
+                return change_event_message(object, event, name("m ", 9));
+            case 2:
+                return change_event_buffer(object, event, gensym("sound"));
+            case 3:
+                return change_event_buffer_adapt(object, event, below(2));
+            case 4:
+                return change_event_buffer_start(object, event, number(9));
+            default:
+                return change_event_buffer_end(object, event, number(9));
+        }
     }
 
-    void change_velocities() {
-        std::vector<ValueChange> changes;
-        if (const Track* track = active())
-            track->events.for_each([&](Event& event) {
-                const double next = number(128);
-                changes.push_back({&event, event.velocity, next});
-                event.velocity = next;
-            });
-        if (!changes.empty()) TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(object, changes);
-    }
-
-    void change_parameters() {
+    void change_values() {
+        const TrackRef track = active();
         EventRef event = any_event();
-        if (!event || event->parametervalues.empty()) return;
-        ParameterValue& value = event->parametervalues[below(event->parametervalues.size())];
-        const double previous = value.value;
-        value.value = number(11);
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(object, {{event, previous, value.value}},
-                                                                value.name);
+        if (!event) return;
+        if (!event->parametervalues.empty() && below(2)) {
+            const ParameterValue& value = event->parametervalues[below(event->parametervalues.size())];
+            return change_event_values(object, {{event, value.value, number(11)}}, value.name());
+        }
+        std::vector<ValueChange> changes;
+        track->events.for_each([&](Event& e) { changes.push_back({&e, e.velocity, number(128)}); });
+        change_event_values(object, std::move(changes), tq_sym_Velocity);
     }
 
-    void delete_parameter_type() {
-        TrackRef track = active();
-        if (!track || track->parametertypes.empty()) return;
-        const long index = static_cast<long>(below(track->parametertypes.size()));
-        TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(object, track,
-                                                              remove_parameter_type(*track, index));
-    }
-
-    void change_parameter_type() {
-        TrackRef track = active();
-        if (!track || track->parametertypes.empty()) return;
-        const long index = static_cast<long>(below(track->parametertypes.size()));
-        const Symbol name = gensym("changed" + std::to_string(random()));
-        ParameterType& type = *track->parametertypes[static_cast<size_t>(index)];
-        ParameterTypeRef previous = TQ_Prseq_Parameters_CopyDictionary(type);
-        TQ_Prseq_Parameters_ChangeParameterNameOnAllEventsOnTrack(*track, index, name);
-        type.name = name;
-        type.maximum = number(100);
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(object, track, index, previous);
-    }
-
-    void add_bpf_type() {
-        TrackRef track = active();
+    void change_types() {
+        const TrackRef track = active();
         if (!track) return;
-        const Symbol name = gensym("c" + std::to_string(below(3)));
-        if (TQ_Prseq_Tracks_AddBpfTypeToTrack(object, track->index, name, 0, 1 + number(3), 0))
-            TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(object, track,
-                                                         static_cast<long>(track->bpftypes.size()) - 1);
+        const long parameter = static_cast<long>(below(3)), curve = static_cast<long>(1 + below(3));
+        switch (below(5)) {
+            case 0:
+                return delete_parameter_type(object, track, parameter);
+            case 1: {
+                ParameterType values;
+                values.name = gensym("changed" + std::to_string(random()));
+                values.maximum = number(100);
+                return change_parameter_type(object, track, parameter, values);
+            }
+            case 2:
+                return add_bpf_type(object, track, {name("c", 3), 0, 1 + number(3), 0});
+            case 3:
+                return delete_bpf_type(object, track, curve);
+            default:
+                return change_bpf_type(object, track, curve, {name("changed", 9), 0, 2 + number(100), 0});
+        }
     }
 
-    void delete_bpf_type() {
-        TrackRef track = active();
-        if (!track || track->bpftypes.size() < 2) return;
-        const long index = static_cast<long>(1 + below(track->bpftypes.size() - 1));
-        TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(object, track, remove_bpf_type(*track, index));
-    }
-
-    void change_bpf_type() {
-        TrackRef track = active();
-        if (!track || track->bpftypes.size() < 2) return;
-        BpfTypeRef type = track->bpftypes[1 + below(track->bpftypes.size() - 1)];
-        const BpfTypeValues previous{type->name, type->minimum, type->maximum, type->default_};
-        type->name = gensym("changed" + std::to_string(random()));
-        type->maximum = 2 + number(100);
-        TQ_Prseq_Tracks_ChangeValuesOfNamedBpfTypeForAllEventsOnTrack(*track, previous.name, *type);
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(object, track, type, previous);
-    }
-
-    void add_point() {
+    void change_points() {
         BpfRef curve = any_curve();
         if (!curve) return;
-        BpfPoints before = curve->points;
-        const double x = (1 + number(999)) / 1000;
-        TQ_Prseq_Events_AddBpfPoint(*curve, {x, number(100) / 100});
-        TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(object, curve, std::move(before));
+        BpfPoints points = curve->points;
+        switch (below(4)) {
+            case 0:
+                for (BpfPoint& point : points) point.y = number(100) / 100;
+                return move_bpf_points(object, curve, points, points.size());
+            case 1:
+                if (points.size() < 3) return;
+                points.erase(points.begin() + 1,
+                             points.begin() + static_cast<long>(2 + below(points.size() - 2)));
+                return delete_bpf_points(object, curve, points);
+            default:
+                return add_bpf_point(object, curve, {(1 + number(999)) / 1000, number(100) / 100});
+        }
     }
 
-    void delete_points() {
-        BpfRef curve = any_curve();
-        if (!curve || curve->points.size() < 3) return;
-        BpfPoints before = curve->points;
-        curve->points.erase(curve->points.begin() + 1,
-                            curve->points.begin() + static_cast<long>(2 + below(curve->points.size() - 2)));
-        TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(object, curve, std::move(before));
-    }
-
-    void move_points() {
-        BpfRef curve = any_curve();
-        if (!curve) return;
-        BpfPoints before = curve->points;
-        for (BpfPoint& point : curve->points) point.y = number(100) / 100;
-        const size_t moved = curve->points.size();
-        TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(object, curve, std::move(before), moved);
-    }
-
-    void change_color() {
-        TrackRef track = active();
-        if (!track) return;
-        const double previous = track->hue, hue = number(10) / 10;
-        TQ_Prseq_Tracks_SetColor(object, hue);
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(object, track, previous, hue);
-    }
-
-    void change_name() {
-        TrackRef track = active();
-        if (!track) return;
-        std::string previous = std::exchange(track->name, "name " + std::to_string(below(9)));
-        TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(object, track, previous);
+    void change_looks() {
+        const TrackRef track = active();
+        if (track && below(2))
+            change_track_hue(object, track, number(10) / 10);
+        else if (track)
+            change_track_name(object, track, name("name ", 9));
     }
 };
 
-// clang-format off
-constexpr void (Edits::*edits[])() = {
-    &Edits::select_some, &Edits::select_some, &Edits::copy, &Edits::cut, &Edits::paste, &Edits::paste,
-    &Edits::delete_selected, &Edits::move_selected, &Edits::move_selected, &Edits::copy_by_dragging,
-    &Edits::resize_starts, &Edits::resize_durations, &Edits::slice, &Edits::slice, &Edits::glue,
-    &Edits::glue, &Edits::change_state, &Edits::change_state, &Edits::change_state,
-    &Edits::change_velocities, &Edits::change_parameters, &Edits::delete_parameter_type,
-    &Edits::change_parameter_type, &Edits::add_bpf_type, &Edits::add_bpf_type, &Edits::delete_bpf_type,
-    &Edits::change_bpf_type, &Edits::add_point, &Edits::add_point, &Edits::delete_points,
-    &Edits::move_points, &Edits::change_color, &Edits::change_name};
-// clang-format on
+constexpr void (Edits::*edits[])() = {&Edits::command,       &Edits::command,       &Edits::command,
+                                      &Edits::gesture,       &Edits::gesture,       &Edits::gesture,
+                                      &Edits::gesture,       &Edits::glue,          &Edits::change_state,
+                                      &Edits::change_values, &Edits::change_types,  &Edits::change_types,
+                                      &Edits::change_state,  &Edits::change_points, &Edits::change_looks};
 
 }  // namespace
 
 void random_edit(Prseq& object, std::mt19937& random) {
-    close_event_capture(object);
     Edits some{object, random};
     (some.*edits[some.below(std::size(edits))])();
 }

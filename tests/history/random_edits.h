@@ -1,10 +1,9 @@
-// Random edits as the mouse, keys, menus and inspectors make them: each is one item of the history, or
-// nothing.
+// Random edits as the mouse, commands and inspectors make them.
 #pragma once
 
 #include <random>
 
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 

@@ -6,11 +6,11 @@
 #include <cmath>
 
 #include "app/script_fixture.h"
+#include "instance/colors.h"
+#include "instance/defaults.h"
+#include "instance/geometry.h"
+#include "instance/utilities.h"
 #include "model/parameters.h"
-#include "shell/colors.h"
-#include "shell/defaults.h"
-#include "shell/geometry.h"
-#include "shell/utilities.h"
 
 namespace tq::test {
 namespace {

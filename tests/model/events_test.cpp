@@ -165,7 +165,7 @@ TEST_F(Events, areFoundBySamePitchAndLoop) {
 }
 
 TEST(BpfPoints, areInsertedBeforeWhatStandsAtTheirTime) {
-    Bpf bpf;
+    Bpf bpf(make_ref<BpfType>());
     bpf.points = {{0, 0}, {0.5, 0.1}, {1, 1}};
     EXPECT_EQ(TQ_Prseq_Events_AddBpfPoint(bpf, {0.5, 0.9}), 1);
     EXPECT_EQ(TQ_Prseq_Events_AddBpfPoint(bpf, {1.5, 0.9}), -1);

@@ -7,13 +7,12 @@
 #include <cmath>
 #include <string>
 
+#include "instance/prseq.h"
 #include "model/bpfs.h"
-#include "shell/prseq.h"
 
 namespace tq::test {
 
-/// Events that a file brought have the parameter values that stand in it, all others one of each type.
-inline testing::AssertionResult holds_together(const Prseq& box, bool from_file = false) {
+inline testing::AssertionResult holds_together(const Prseq& box) {
     std::string faults;
     auto must = [&](bool right, const char* what, long of) {
         if (!right) faults += what + (" " + std::to_string(of)) + " is wrong; ";
@@ -30,21 +29,23 @@ inline testing::AssertionResult holds_together(const Prseq& box, bool from_file 
             must(!before || std::pair(before->start, before->id) < std::pair(event.start, event.id),
                  "the order of event", event.id);
             must(event.bpfs.size() == track->bpftypes.size(), "the number of curves of event", event.id);
-            must(from_file || event.parametervalues.size() == track->parametertypes.size(),
+            must(event.parametervalues.size() == track->parametertypes.size(),
                  "the number of values of event", event.id);
             if (!faults.empty()) return;
             for (size_t i = 0; i < event.bpfs.size(); ++i) {
                 const BpfPoints& points = event.bpfs[i]->points;
-                must(is_curve_of_type(*event.bpfs[i], *track->bpftypes[i]) && points.size() >= 2 &&
+                must(event.bpfs[i]->type == track->bpftypes[i] && points.size() >= 2 &&
                          points.front().x == 0 && points.back().x == 1 &&
                          std::ranges::is_sorted(points, {}, &BpfPoint::x),
                      "a curve of event", event.id);
             }
-            for (size_t i = 0; !from_file && i < event.parametervalues.size(); ++i)
-                must(event.parametervalues[i].name == track->parametertypes[i]->name, "a parameter of event",
+            for (size_t i = 0; i < event.parametervalues.size(); ++i)
+                must(event.parametervalues[i].type == track->parametertypes[i], "a parameter of event",
                      event.id);
             must(!event.selected || track->events.selected().at(event.selectedplace) == &event,
                  "the selection of event", event.id);
+            must(event.end() <= box.timelinelength || !std::isfinite(event.end()), "the end of event",
+                 event.id);
             selected += event.selected;
             ++count;
             before = &event;

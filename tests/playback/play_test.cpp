@@ -169,10 +169,15 @@ TEST_F(Playing, survivesEditsOfWhatComesNext) {
         237.500 0 60.
         237.500 1 61.
         237.500 2 62.
+        287.500 0 stop
+        287.500 1 stop
+        287.500 2 stop
         337.500 0 61.
         337.500 1 62.)"))
-        << "the events of a track that is deleted are not sent";
-    EXPECT_TRUE(logs("event id 6 track 1\n.wait 10\ntrack_delete 1\ntrack_delete 0\n.wait 1000\n0", ""))
+        << "the events of a track that is deleted are not sent, and those that get another index are told "
+           "before";
+    EXPECT_TRUE(logs("event id 6 track 1\n.wait 10\ntrack_delete 1\ntrack_delete 0\n.wait 1000\n0",
+                     "397.500 1 stop\n397.500 0 stop"))
         << "nothing is left to play or to stop";
     say("event start 0 duration 1 <note> 1 1 </note>");
     EXPECT_TRUE(logs(".transport 0\n1\nread\n.wait 1000", "1397.500 0 1.\n1397.500 0 stop"));
@@ -222,7 +227,7 @@ TEST_F(Playing, losesNothingOfADenseDocumentThatIsPaintedMeanwhile) {
     json << "]}]}";
     read_document(json.str());
     std::string watching = "1\n";
-    for (int frame = 0; frame < 910; ++frame) watching += ".wait 33.3\n.paint\n";
+    for (int frame = 0; frame < 975; ++frame) watching += ".wait 33.3\n.paint\n";
     Lines said = log(watching);
     ASSERT_EQ(said.size(), notes + 1u);
     for (int i = 0; i < notes; ++i) {

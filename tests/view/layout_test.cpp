@@ -26,7 +26,7 @@ TEST_F(LayoutTest, HiddenDisplaysGiveTheirRoomToTheMainDisplay) {
     for (const char* name : {"trackdisplay 0", "keydisplay 0"}) send(name);
     paint();
     EXPECT_EQ(part(Part::MainDisplay), (Rect{0, 48, 985, 537}));
-    box.timedisplaytype = static_cast<long>(TimeDisplayType::BarsBeats);
+    set_time_display_type(box, TimeDisplayType::BarsBeats);
     paint();
     EXPECT_EQ(part(Part::MainDisplay), (Rect{0, 72, 985, 513}));
     EXPECT_EQ(part(Part::VertScrollbar).y, 72);
@@ -65,6 +65,7 @@ TEST_F(LayoutTest, APointOnAnEdgeBelongsToTheNextPartOrToNone) {
 }
 
 TEST_F(LayoutTest, ABoxTooSmallForItsPartsIsPaintedAllTheSame) {
+    box.minimum_size = {};
     for (double side : {1., 20., 60., 200.}) {
         resize(side, side);
         EXPECT_EQ(picture->size(), (Size{side, side}));

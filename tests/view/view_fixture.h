@@ -10,7 +10,6 @@
 #include "host/graphics.h"
 #include "host/image.h"
 #include "view/draw.h"
-#include "view/invalidate.h"
 
 namespace tq {
 
@@ -32,8 +31,7 @@ struct ViewTest : testing::Test, SessionListener {
     }
     /// Sends them, and paints what has become of it.
     void resize(double width, double height) {
-        box.width = width;
-        box.height = height;
+        jbox_set_size(box, {width, height});
         paint();
     }
     /// Sends messages, or marks what has changed, and paints what has become of it.
@@ -43,7 +41,7 @@ struct ViewTest : testing::Test, SessionListener {
         paint();
     }
     void see(Change what) {
-        prseq_invalidate(box, what);
+        prseq_show(box, what);
         paint();
     }
     SurfaceRef paint(double ratio = 1) {

@@ -1,8 +1,8 @@
 #include "view/zoom.h"
 
+#include "interaction/mouse.h"
 #include "model/selection.h"
 #include "model/tracks.h"
-#include "view/mousewheel.h"
 #include "view/sector.h"
 #include "view_fixture.h"
 

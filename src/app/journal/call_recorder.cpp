@@ -9,7 +9,7 @@
 
 #include "app/journal/session_folder.h"
 #include "app/patch/host_calls.h"
-#include "shell/utilities.h"
+#include "instance/utilities.h"
 
 namespace tq {
 
@@ -111,7 +111,7 @@ void CallRecorder::write(std::string_view line) {
 /// For whoever is asked whether this session is to come back.
 void CallRecorder::note_document() {
     const DocumentInfo& info = session_.box().info;
-    if (info.dirty && !std::exchange(edited_, true)) write(edited_note);
+    if (prseq_getdirtyflag(session_.box()) && !std::exchange(edited_, true)) write(edited_note);
     if (info.filename == document_) return;
     document_ = info.filename;
     write(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));

@@ -5,9 +5,9 @@
 #include "app/patch/import.h"
 #include "file/document_messages.h"
 #include "file/document_writer.h"
+#include "instance/change.h"
 #include "interaction/key_commands.h"
-#include "shell/change.h"
-#include "view/mousewheel.h"
+#include "interaction/mouse.h"
 
 namespace tq {
 
@@ -46,10 +46,7 @@ void call_key(Session& session, long code, unsigned modifiers) {
 
 void call_focus(Session& session, bool in) {
     session.call([&] { return in ? ".focus in" : ".focus out"; },
-                 [&] {
-                     session.box().focus = in;
-                     prseq_show(session.box(), Change::UpperDisplay);
-                 });
+                 [&] { in ? prseq_focusgained(session.box()) : prseq_focuslost(session.box()); });
 }
 
 void call_tempo(Session& session, double bpm) {

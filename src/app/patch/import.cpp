@@ -7,17 +7,20 @@
 #include <fstream>
 
 #include "app/midi/reader.h"
+#include "edits/track_edits.h"
+#include "file/new_document.h"
 #include "host/files.h"
 #include "host/host.h"
 #include "host/round.h"
+#include "instance/change.h"
+#include "instance/prseq.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/bpfs.h"
 #include "model/events.h"
+#include "model/track_info.h"
 #include "model/tracks.h"
-#include "shell/change.h"
-#include "shell/instance.h"
-#include "shell/symbols.h"
-#include "shell/track_messages.h"
-#include "shell/utilities.h"
+#include "view/zoom.h"
 
 namespace tq {
 
@@ -49,8 +52,10 @@ EventRef event_of(Prseq& object, const Track& track, const MidiTrack& source, co
 }
 
 void add_track(Prseq& object, const MidiTrack& source) {
-    prseq_addtrack(object, {gensym(source.name)});
-    Track& track = *TQ_Prseq_Tracks_GetActiveTrack(object);
+    const Symbol name =
+        gensym(source.name.empty() ? fmt::sprintf("Track %ld", ++object.tracknamecounter) : source.name);
+    Track& track = *append_track(object, name);
+    activate_new_track(object, track);
     TQ_Prseq_Tracks_SetDestination(object, track.index, destination_of(source));
     std::vector<EventRef> events;
     events.reserve(source.notes.size());
@@ -93,6 +98,8 @@ std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& pat
         import.notes += track.notes.size();
         track = MidiTrack();  // its memory is needed for the next
     }
+    settle_timeline_length(object);
+    TQ_Prseq_Tracks_OutputTrackInfo(object);
     prseq_setdirtyflag(object, false);
     prseq_show(object, Change::Everything);
     return import;

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "app/sound/event_message.h"
-#include "shell/symbols.h"
+#include "instance/symbols.h"
 
 namespace tq {
 

@@ -1,7 +1,7 @@
 #include "app/patch/paint_offscreen.h"
 
 #include "host/graphics.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 #include "view/draw.h"
 
 namespace tq {

@@ -4,9 +4,9 @@
 
 #include "app/patch/host_calls.h"
 #include "app/patch/import.h"
+#include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "shell/instance.h"
-#include "shell/symbols.h"
-#include "shell/utilities.h"
 
 namespace tq {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/host.h"
-#include "shell/prseq.h"
+#include "instance/prseq.h"
 
 namespace tq {
 

@@ -4,8 +4,8 @@
 #include <map>
 
 #include "file/document_writer.h"
+#include "instance/prseq.h"
 #include "model/tracks.h"
-#include "shell/prseq.h"
 
 namespace tq {
 

@@ -20,7 +20,7 @@
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
 #include "host/files.h"
-#include "shell/change.h"
+#include "instance/change.h"
 
 namespace tq {
 
@@ -220,7 +220,7 @@ void MainWindow::refresh() {
                       .tempo = itm_gettempo(*box.transport)});
     const QString file = QFileInfo(QString::fromStdString(box.info.filename)).fileName();
     setWindowTitle((file.isEmpty() ? QString::fromStdString(box.info.title) : file) + "[*] – sorvo");
-    setWindowModified(box.info.dirty);
+    setWindowModified(prseq_getdirtyflag(box));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -3,7 +3,7 @@
 
 #include <QPoint>
 
-#include "view/records.h"
+#include "instance/view_records.h"
 
 namespace tq {
 

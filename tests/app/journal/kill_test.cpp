@@ -123,7 +123,7 @@ TEST(Kill, aSecondTimeLosesNothingEither) {
     EXPECT_EQ(recovery->replay.fault, "");
     EXPECT_EQ(numbered_events(*recovery->session), killed.sent);
     EXPECT_EQ(recovery->session->box().info.filename, "other.json") << "what a dialog answered";
-    EXPECT_FALSE(recovery->session->box().info.dirty);
+    EXPECT_FALSE(prseq_getdirtyflag(recovery->session->box()));
     EXPECT_TRUE(recovery->session->box().playing);
     killed.expect_the_history(*recovery->session);
 }

@@ -27,10 +27,11 @@ std::string state_of(HeardSession& heard) {
     state.precision(17);
     state << without(TQ_Prseq_Json_MakeDictionary(box, true), "date") << heard.said.str()
           << heard.session.host().scheduler.now() << ' ' << box.info.filename << ' ' << box.info.folder << ' '
-          << box.info.dirty << ' ' << box.eventcounter << ' ' << box.playing << ' ' << box.linecursor.position
-          << ' ' << itm_getticks(*box.transport) << ' ' << itm_gettempo(*box.transport) << ' '
-          << box.horscrollbar.scrollvalue << ' ' << box.maindisplay.horizontalzoom << ' ' << box.width << ' '
-          << box.focus << ' ' << heard.session.feedback << ' ' << heard.session.host().random();
+          << prseq_getdirtyflag(box) << ' ' << box.eventcounter << ' ' << box.playing << ' '
+          << box.linecursor.position << ' ' << itm_getticks(*box.transport) << ' '
+          << itm_gettempo(*box.transport) << ' ' << box.horscrollbar.scrollvalue << ' '
+          << box.maindisplay.horizontalzoom << ' ' << box.width << ' ' << box.focus << ' '
+          << heard.session.feedback << ' ' << heard.session.host().random();
     return state.str();
 }
 

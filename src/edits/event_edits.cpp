@@ -1,0 +1,51 @@
+#include "edits/event_edits.h"
+
+#include "history/edit.h"
+#include "history/recorders.h"
+#include "instance/prseq.h"
+#include "model/selected_events.h"
+#include "model/selection.h"
+#include "model/tracks.h"
+
+namespace tq {
+
+void prseq_deleteselectedevents(Prseq& object) {
+    Edit edit(object, Change::Events);
+    if (!list_selected_events(object)) return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(edit, object.selection);
+    TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(object, object.activetrack);
+}
+
+std::optional<Slices> slice_event(Prseq& object, const EventRef& event, double position) {
+    TrackRef track = event->track;
+    if (!track) return {};
+    Edit edit(object, Change::Events);
+    std::optional<Slices> slices = TQ_Prseq_Events_SliceEvent(object, *event, position);
+    if (!slices) {
+        edit.nothing();
+        return {};
+    }
+    TQ_Prseq_Tracks_DeleteEventReferenceFromTrack(object, *event);
+    TQ_Prseq_Tracks_InsertEvent(object, *track, slices->left);
+    TQ_Prseq_Tracks_InsertEvent(object, *track, slices->right);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(edit, track, event, slices->left, slices->right);
+    return slices;
+}
+
+EventRef glue_event_to_next(Prseq& object, const EventRef& event) {
+    TrackRef track = event->track;
+    if (!track) return {};
+    Edit edit(object, Change::Events);
+    EventRef next = TQ_Prseq_Tracks_FindNextEventWithSamePitchOnTrack(object, *track, *event);
+    EventRef glued = next ? TQ_Prseq_Events_GlueEvents(object, *event, *next) : nullptr;
+    if (!glued) {
+        edit.nothing();
+        return {};
+    }
+    TQ_Prseq_Tracks_InsertEvent(object, *track, glued);
+    TQ_Prseq_Tracks_DeleteEventReferences(object, {event, next});
+    TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(edit, track, glued, event, next);
+    return glued;
+}
+
+}  // namespace tq

@@ -1,0 +1,90 @@
+#include "edits/type_edits.h"
+
+#include <utility>
+
+#include "history/edit.h"
+#include "history/recorders.h"
+#include "model/bpfs.h"
+#include "model/parameters.h"
+#include "model/track_info.h"
+
+namespace tq {
+
+namespace {
+
+/// Types change on tracks that are out of the document too; only what is seen is reported.
+void report_types(Prseq& object, const Track& track) {
+    if (track.index >= 0) TQ_Prseq_Tracks_OutputTrackInfo(object);
+}
+
+}  // namespace
+
+void delete_parameter_type(Prseq& object, const TrackRef& track, long index) {
+    Edit edit(object, Change::Types);
+    RemovedParameterType removed = remove_parameter_type(*track, index);
+    if (!removed.type) return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(edit, track, std::move(removed));
+    report_types(object, *track);
+}
+
+void change_parameter_type(Prseq& object, const TrackRef& track, long index, const ParameterType& values) {
+    Edit edit(object, Change::Types);
+    ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index);
+    if (!type) return edit.nothing();
+    ParameterTypeRef previous = TQ_Prseq_Parameters_CopyDictionary(*type);
+    const ParameterType* of_that_name = TQ_Prseq_Parameters_GetDictionaryFromName(*track, values.name);
+    const Symbol name = !of_that_name || of_that_name == type ? values.name : type->name;
+    set_parameter_type(*type, values);
+    type->name = name;
+    TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(edit, track, index, std::move(previous));
+    report_types(object, *track);
+}
+
+void add_bpf_type(Prseq& object, const TrackRef& track, const BpfTypeValues& values) {
+    Edit edit(object, Change::Types);
+    if (!TQ_Prseq_Tracks_AddBpfTypeToTrack(object, track->index, values.name, values.minimum, values.maximum,
+                                           values.default_))
+        return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(edit, track, std::ssize(track->bpftypes) - 1);
+    report_types(object, *track);
+}
+
+void delete_bpf_type(Prseq& object, const TrackRef& track, long index) {
+    Edit edit(object, Change::Types);
+    RemovedBpfType removed = remove_bpf_type(*track, index);
+    if (!removed.type) return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(edit, track, std::move(removed));
+    report_types(object, *track);
+}
+
+void change_bpf_type(Prseq& object, const TrackRef& track, long index, const BpfTypeValues& values) {
+    Edit edit(object, Change::Types);
+    BpfTypeRef type = TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index);
+    if (!type) return edit.nothing();
+    const BpfTypeValues previous = *type;
+    static_cast<BpfTypeValues&>(*type) = values;
+    type->name = free_bpf_type_name(*track, *type, values.name);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(edit, track, std::move(type), previous);
+    report_types(object, *track);
+}
+
+void add_bpf_point(Prseq& object, const BpfRef& bpf, BpfPoint point) {
+    Edit edit(object, Change::Events);
+    BpfPoints before = bpf->points;
+    if (TQ_Prseq_Events_AddBpfPoint(*bpf, point) < 0) return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(edit, bpf, std::move(before));
+}
+
+void delete_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints left) {
+    Edit edit(object, Change::Events);
+    std::swap(bpf->points, left);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(edit, bpf, std::move(left));
+}
+
+void move_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints points, size_t moved) {
+    Edit edit(object, Change::Events);
+    std::swap(bpf->points, points);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(edit, bpf, std::move(points), moved);
+}
+
+}  // namespace tq

@@ -1,0 +1,29 @@
+// Undoable edits of a track's parameter and curve types, and of curves' points: what the track inspector and
+// the curve editor ask for.
+#pragma once
+
+#include "instance/track.h"
+
+namespace tq {
+
+struct Prseq;
+
+// Indices are those of the track's types; one that does not exist changes nothing.
+
+void delete_parameter_type(Prseq& object, const TrackRef& track, long index);
+/// The type takes these values; events keep theirs. A name that another type has is not taken.
+void change_parameter_type(Prseq& object, const TrackRef& track, long index, const ParameterType& values);
+/// See TQ_Prseq_Tracks_AddBpfTypeToTrack().
+void add_bpf_type(Prseq& object, const TrackRef& track, const BpfTypeValues& values);
+void delete_bpf_type(Prseq& object, const TrackRef& track, long index);
+/// The type takes these values, with a "Bis" where another has the name; points stay, and stand for the new
+/// range.
+void change_bpf_type(Prseq& object, const TrackRef& track, long index, const BpfTypeValues& values);
+
+void add_bpf_point(Prseq& object, const BpfRef& bpf, BpfPoint point);
+/// The curve takes these points, which are its own without some.
+void delete_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints left);
+/// The curve takes these points, which are as many as its own; `moved` of them are others than before.
+void move_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints points, size_t moved);
+
+}  // namespace tq

@@ -1,0 +1,16 @@
+// The box's own clipboard.
+#pragma once
+
+#include <vector>
+
+#include "instance/event.h"
+
+namespace tq {
+
+struct Clipboard {
+    enum class Kind { Nothing = 0, Events = 2 };
+    Kind kind = Kind::Nothing;     ///< what was copied last
+    std::vector<EventRef> events;  ///< copies that belong to no track
+};
+
+}  // namespace tq

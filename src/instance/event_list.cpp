@@ -1,0 +1,167 @@
+#include "instance/event_list.h"
+
+namespace tq {
+
+void EventList::insert(EventRef event, Track& track) {
+    event->track = &track;
+    EventKey key{event->start, event->id};
+    EventEntry entry{key.start, event->end(), std::move(event)};
+    const Event* end = last();
+    bool at_the_end = !end || (end->start != key.start ? end->start < key.start : end->id < key.id);
+    ++size_;
+    if (entry.event->selected) add_selected(*entry.event);
+    if (at_the_end && waiting_.empty()) {
+        tree_.insert(std::move(entry), key);
+    } else {
+        if (at_the_end) last_waiting_ = entry.event.get();
+        waiting_.push_back(std::move(entry));
+    }
+}
+
+void EventList::settle() const {
+    constexpr size_t few = 16;
+    size_t settled = size_ - waiting_.size();
+    if (is_few(waiting_.size()) || waiting_.size() < few) {
+        for (EventEntry& entry : waiting_) {
+            EventKey key{entry.start, entry.event->id};
+            tree_.insert(std::move(entry), key);
+        }
+    } else {
+        std::vector<EventEntry> all;
+        all.reserve(size_);
+        tree_.empty_into(all);
+        std::move(waiting_.begin(), waiting_.end(), std::back_inserter(all));
+        auto middle = all.begin() + static_cast<long>(settled);
+        std::sort(middle, all.end(), in_order);
+        std::inplace_merge(all.begin(), middle, all.end(), in_order);
+        for (EventEntry& entry : all) tree_.append(std::move(entry));
+    }
+    waiting_.clear();
+    last_waiting_ = nullptr;
+}
+
+bool EventList::erase(const Event& event) {
+    if (!holds(event)) return false;
+    EventRef taken = tree().take({event.start, event.id});
+    if (taken->selected) remove_selected(*taken);
+    taken->track = nullptr;
+    --size_;
+    return true;
+}
+
+void EventList::sweep() {
+    std::vector<Event*> selected = std::move(selected_);
+    selected_.clear();
+    for (Event* event : selected)
+        if (event->track) add_selected(*event);
+    std::vector<EventEntry> all = take_all();
+    std::erase_if(all, [](const EventEntry& entry) { return !entry.event->track; });
+    fill(std::move(all));
+}
+
+void EventList::assign(std::vector<EventRef> events, Track& track) {
+    disown();
+    tree_ = {};
+    waiting_.clear();
+    last_waiting_ = nullptr;
+    selected_.clear();
+    std::vector<EventEntry> entries;
+    entries.reserve(events.size());
+    for (EventRef& event : events) {
+        event->track = &track;
+        if (event->selected) add_selected(*event);
+        double start = event->start, end = event->end();
+        entries.push_back({start, end, std::move(event)});
+    }
+    fill(std::move(entries));
+}
+
+void EventList::retime(Event& event, double start, double duration) {
+    bool held = holds(event);
+    EventKey key{event.start, event.id};
+    EventRef taken = held && start != event.start ? tree().take(key) : EventRef();
+    event.start = start;
+    event.duration = duration;
+    double end = event.end();
+    if (taken)
+        tree().insert({start, end, std::move(taken)}, {start, event.id});
+    else if (held)
+        tree().set_end(key, end);
+}
+
+void EventList::retime(std::span<const EventTimes> times) {
+    if (is_few(times.size())) {
+        for (const EventTimes& t : times) retime(*t.event, t.start, t.duration);
+        return;
+    }
+    std::vector<EventEntry> all = take_all();
+    for (const EventTimes& t : times) {
+        t.event->start = t.start;
+        t.event->duration = t.duration;
+    }
+    for (EventEntry& entry : all) {
+        entry.start = entry.event->start;
+        entry.end = entry.event->end();
+    }
+    fill(std::move(all));
+}
+
+void EventList::select(Event& event, bool selected) {
+    if (event.selected == selected) return;
+    event.selected = selected;
+    if (selected)
+        add_selected(event);
+    else
+        remove_selected(event);
+}
+
+void EventList::select_all() {
+    selected_.clear();
+    selected_.reserve(size_);
+    for_each([this](Event& event) {
+        event.selected = true;
+        add_selected(event);
+    });
+}
+
+void EventList::deselect_all() {
+    for (Event* event : selected_) event->selected = false;
+    selected_.clear();
+}
+
+void EventList::add_selected(Event& event) {
+    event.selectedplace = static_cast<std::uint32_t>(selected_.size());
+    selected_.push_back(&event);
+}
+
+void EventList::remove_selected(Event& event) {
+    Event* last = selected_.back();
+    selected_[event.selectedplace] = last;
+    last->selectedplace = event.selectedplace;
+    selected_.pop_back();
+}
+
+std::vector<EventEntry> EventList::take_all() {
+    std::vector<EventEntry> all;
+    all.reserve(size_);
+    tree().empty_into(all);
+    size_ = 0;
+    return all;
+}
+
+void EventList::fill(std::vector<EventEntry> entries) {
+    if (!std::is_sorted(entries.begin(), entries.end(), in_order))
+        std::sort(entries.begin(), entries.end(), in_order);
+    size_ = entries.size();
+    for (EventEntry& entry : entries) tree_.append(std::move(entry));
+}
+
+long EventList::index_of(const Event& event) const {
+    return holds(event) ? static_cast<long>(tree().count_before({event.start, event.id})) : -1;
+}
+
+void EventList::disown() {
+    for_each([](Event& event) { event.track = nullptr; });
+}
+
+}  // namespace tq

@@ -1,0 +1,38 @@
+// What a press begins and a release ends.
+#pragma once
+
+#include "host/geometry.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// Where the pointer is.
+struct Pointer {
+    Point at;       ///< in the box, pixels
+    double ms = 0;  ///< in the main display: the time at it, and the pitch; its floor is that of the row
+    double pitch = 0;
+    unsigned modifiers = 0;  ///< bits of host/modifiers.h
+};
+
+/// A drag, a marquee, a number field that is turned: made by the press, with all that the steps need of that
+/// moment. Every step is computed from the press and the pointer as it is now, in ms and semitones, so that
+/// zooming and scrolling meanwhile change nothing of it. One stands in the instance at a time; whatever
+/// begins an edit commits it, and so does the loss of the focus: what comes from the pointer after that is no
+/// part of it any more.
+class Gesture {
+ public:
+    virtual ~Gesture() = default;
+    /// The pointer has been dragged.
+    virtual void step(Prseq& object, const Pointer& to) = 0;
+    /// The end: one undo item for all steps, or none.
+    virtual void commit(Prseq& object) = 0;
+    /// The document is as if there had been no gesture.
+    virtual void rollback(Prseq& object) = 0;
+};
+
+/// Ends the gesture that stands in the instance, if there is one.
+void commit_gesture(Prseq& object);
+void roll_back_gesture(Prseq& object);
+
+}  // namespace tq

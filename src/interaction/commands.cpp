@@ -1,0 +1,122 @@
+#include "interaction/commands.h"
+
+#include <algorithm>
+
+#include "edits/clipboard.h"
+#include "edits/event_edits.h"
+#include "file/document_messages.h"
+#include "file/new_document.h"
+#include "history/undoredo.h"
+#include "instance/prseq.h"
+#include "instance/utilities.h"
+#include "model/selection.h"
+#include "model/tracks.h"
+#include "playback/output.h"
+#include "playback/time.h"
+#include "view/zoom_commands.h"
+
+namespace tq {
+
+namespace {
+
+constexpr size_t longest_text = 254;  // bytes
+
+std::string with_name(const char* verb, const std::optional<std::string>& name) {
+    return name ? cut_text(std::string(verb) + " " + *name, longest_text) : verb;
+}
+std::string undo_text(const Prseq& object) { return with_name("Undo", TQ_Prseq_Undoredo_UndoMenu(object)); }
+std::string redo_text(const Prseq& object) { return with_name("Redo", TQ_Prseq_Undoredo_RedoMenu(object)); }
+
+bool always(const Prseq&) { return true; }
+bool never(const Prseq&) { return false; }
+bool has_tracks(const Prseq& object) { return !object.tracks.empty(); }
+bool has_file(const Prseq& object) { return has_tracks(object) && !object.info.filename.empty(); }
+bool can_undo(const Prseq& object) { return TQ_Prseq_Undoredo_UndoMenu(object).has_value(); }
+bool can_redo(const Prseq& object) { return TQ_Prseq_Undoredo_RedoMenu(object).has_value(); }
+bool can_paste(const Prseq& object) { return TQ_Prseq_Clipboard_GetItemToPaste(object); }
+bool has_selection(const Prseq& object) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    return track && track->visible && !track->events.selected().empty();
+}
+bool has_events(const Prseq& object) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    return track && !track->events.empty();
+}
+
+void open_file(Prseq& object) { TQ_Prseq_Json_ReadFromOpen(object); }
+
+void new_document(Prseq& object) {
+    TQ_Prseq_NewFile(object);
+    prseq_show(object, Change::Everything);
+}
+
+void delete_selected(Prseq& object) {
+    if (!edits_curves(object.maindisplay.mousemode)) prseq_deleteselectedevents(object);
+}
+
+void select_all(Prseq& object) {
+    const MouseMode mode = object.maindisplay.mousemode;
+    if (mode != MouseMode::Select && mode != MouseMode::Insert) return;
+    TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack);
+    TQ_Prseq_Output_OutputSelectedEvents(object);
+}
+
+void select_only(Prseq& object, Event* event) {
+    if (!event) return;
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    TQ_Prseq_Tracks_SelectEvent2(object, *event);
+    TQ_Prseq_Output_OutputSelectedEvents(object);
+}
+
+void select_previous(Prseq& object) {
+    if (!list_selected_events(object)) return;
+    const Event& first = *object.selection.front();
+    select_only(object, first.track->events.previous(first));
+}
+
+void select_next(Prseq& object) {
+    if (!list_selected_events(object)) return;
+    const Event& last = *object.selection.back();
+    select_only(object, last.track->events.next(last));
+}
+
+void play_or_stop(Prseq& object) { prseq_int(object, !object.playing); }
+bool is_playing(const Prseq& object) { return object.playing; }
+
+constexpr CommandRow rows[] = {
+    {Command::New, "new", "New", has_tracks, never, new_document},
+    {Command::Open, "open", "Open...", always, never, open_file},
+    {Command::Save, "save", "Save", has_file, never, TQ_Prseq_Json_WriteFromSave},
+    {Command::SaveAs, "save_as", "Save As...", has_tracks, never, TQ_Prseq_Json_WriteFromSaveAs},
+    {Command::Undo, "undo", undo_text, can_undo, never, prseq_undo},
+    {Command::Redo, "redo", redo_text, can_redo, never, prseq_redo},
+    {Command::Cut, "cut", "Cut", has_selection, never, TQ_Prseq_Clipboard_CutSelection},
+    {Command::Copy, "copy", "Copy", has_selection, never, TQ_Prseq_Clipboard_CopySelection},
+    {Command::Paste, "paste", "Paste", can_paste, never, TQ_Prseq_Clipboard_PasteSelection},
+    {Command::Delete, "delete", "Delete", has_selection, never, delete_selected},
+    {Command::SelectAll, "select_all", "Select All", has_events, never, select_all},
+    {Command::SelectPrevious, "select_previous", "Select Previous Event", has_selection, never,
+     select_previous},
+    {Command::SelectNext, "select_next", "Select Next Event", has_selection, never, select_next},
+    {Command::ZoomIn, "zoom_in", "Zoom In", always, never, prseq_zoom_in},
+    {Command::ZoomOut, "zoom_out", "Zoom Out", always, never, prseq_zoom_out},
+    {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
+     prseq_zoom_to_selection},
+    {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", always, never, prseq_zoom_out_all},
+    {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},
+};
+
+}  // namespace
+
+std::span<const CommandRow> commands() { return rows; }
+
+const CommandRow& command_row(Command id) { return rows[static_cast<size_t>(id)]; }
+
+const CommandRow* find_command(std::string_view name) {
+    auto row = std::ranges::find(rows, name, [](const CommandRow& r) { return std::string_view(r.name); });
+    return row == std::end(rows) ? nullptr : row;
+}
+
+void run_command(Prseq& object, Command id) { command_row(id).run(object); }
+
+}  // namespace tq

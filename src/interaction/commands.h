@@ -1,0 +1,64 @@
+// The commands: what menus, keys, context menus and the window's shortcuts offer. Each of these names a row
+// of this table.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tq {
+
+struct Prseq;
+
+enum class Command {
+    New,
+    Open,
+    Save,
+    SaveAs,
+    Undo,
+    Redo,
+    Cut,
+    Copy,
+    Paste,
+    Delete,
+    SelectAll,
+    SelectPrevious,
+    SelectNext,
+    ZoomIn,
+    ZoomOut,
+    ZoomToSelection,
+    ZoomOutAll,
+    PlayOrStop
+};
+
+/// What a command is called in menus: words, or what follows from the document.
+class CommandText {
+ public:
+    constexpr CommandText(const char* words) : words_(words) {}
+    constexpr CommandText(std::string (*of)(const Prseq&)) : of_(of) {}
+    std::string operator()(const Prseq& object) const { return of_ ? of_(object) : words_; }
+
+ private:
+    const char* words_ = nullptr;
+    std::string (*of_)(const Prseq&) = nullptr;
+};
+
+struct CommandRow {
+    Command id;
+    const char* name;  ///< in scripts and settings
+    CommandText text;
+    bool (*enabled)(const Prseq&);
+    bool (*checked)(const Prseq&);
+    void (*run)(Prseq&);
+};
+
+/// In the order of their ids.
+std::span<const CommandRow> commands();
+const CommandRow& command_row(Command id);
+/// None of that name: no row.
+const CommandRow* find_command(std::string_view name);
+
+/// Runs a command. One that is not enabled finds nothing to do by itself.
+void run_command(Prseq& object, Command id);
+
+}  // namespace tq

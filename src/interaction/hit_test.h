@@ -1,0 +1,32 @@
+// Which events are where: in pixels, horizontally of the display, vertically of the page.
+#pragma once
+
+#include <vector>
+
+#include "host/geometry.h"
+#include "instance/gesture.h"
+#include "instance/track.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// A pointer in the space of these rectangles.
+Point event_space(const Prseq& object, const Pointer& pointer);
+
+/// The first event of a visible track, in its order, whose rectangle holds a point; edges belong to it. None
+/// when there is none.
+Event* TQ_Prseq_Tracks_GetClickedEventInTrack(const Prseq& object, const Track& track, double x, double y);
+/// Its index, or −1.
+long TQ_Prseq_Tracks_GetClickedEventIndexInTrack(const Prseq& object, const Track& track, double x, double y);
+/// The first event whose left edge a press grabs in the parameter display: up to 5 pixels right of it.
+Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, const Track& track, double x,
+                                                       double y);
+/// The same for a drag: less than 15 pixels right of it, at any height.
+Event* TQ_Prseq_Tracks_GetDraggedParameterEventInTrack(const Prseq& object, const Track& track, double x,
+                                                       double y);
+
+/// The events of a track, in its order, whose rectangles touch `area`; touching edges count.
+std::vector<Event*> events_touching(const Prseq& object, const Track& track, const Rect& area);
+
+}  // namespace tq

@@ -1,0 +1,71 @@
+#include "interaction/mouse.h"
+
+#include "history/edit.h"
+#include "instance/prseq.h"
+#include "interaction/parts.h"
+#include "interaction/pointer.h"
+#include "playback/output.h"
+#include "view/layout.h"
+#include "view/tiptool.h"
+
+namespace tq {
+
+namespace {
+
+const PartRow* part_under(const Prseq& object, double x, double y) {
+    return part_row(whichpartisthemouse(object, x, y));
+}
+
+void hide_tiptool(Prseq& object) { TQ_Prseq_Tiptool_Set(object, "", 0, 0, {}); }
+
+void set_focus(Prseq& object, bool focus) {
+    object.focus = focus;
+    prseq_show(object, Change::UpperDisplay);
+}
+
+}  // namespace
+
+void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
+    end_what_is_under_way(object);  // what a press begins comes after it in the history
+    const PartRow* part = part_under(object, x, y);
+    if (part && part->press) part->press(object, pointer_at(object, x, y, modifiers));
+    jbox_redraw(object);
+}
+
+void prseq_mousedrag(Prseq& object, double x, double y, unsigned modifiers) {
+    if (object.gesture) object.gesture->step(object, pointer_at(object, x, y, modifiers));
+    jbox_redraw(object);
+}
+
+void prseq_mouseup(Prseq& object, double, double, unsigned) {
+    commit_gesture(object);
+    hide_tiptool(object);
+    if (object.outputonrelease) TQ_Prseq_Output_OutputSelectedEvents(object);
+    object.outputonrelease = false;
+    jbox_redraw(object);
+}
+
+void prseq_mousedoubleclick(Prseq& object, double x, double y, unsigned modifiers) {
+    const PartRow* part = part_under(object, x, y);
+    if (part && part->doubleclick) part->doubleclick(object, pointer_at(object, x, y, modifiers));
+}
+
+void prseq_mousemove(Prseq& object, double x, double y, unsigned modifiers) {
+    if (object.tiptool.visible) hide_tiptool(object);
+    const PartRow* part = part_under(object, x, y);
+    if (part && part->hover) part->hover(object, pointer_at(object, x, y, modifiers));
+}
+
+void prseq_mousewheel(Prseq& object, double x, double y, unsigned, double dx, double dy) {
+    const PartRow* part = part_under(object, x, y);
+    if (part && part->wheel) part->wheel(object, {dx, dy});
+}
+
+void prseq_focusgained(Prseq& object) { set_focus(object, true); }
+
+void prseq_focuslost(Prseq& object) {
+    commit_gesture(object);
+    set_focus(object, false);
+}
+
+}  // namespace tq

@@ -1,0 +1,37 @@
+#include "interaction/parts.h"
+
+#include "host/modifiers.h"
+#include "instance/prseq.h"
+#include "interaction/mouse_modes.h"
+#include "interaction/wheel.h"
+#include "model/tracks.h"
+
+namespace tq {
+
+namespace {
+
+void press_maindisplay(Prseq& object, const Pointer& press) {
+    if (press.modifiers & (modifier_right_button | modifier_control)) return;
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    if (track && !track->visible) return;
+    object.outputonrelease = true;
+    mouse_mode_row(object.maindisplay.mousemode).press(object, press);
+    prseq_show(object, Change::Events);
+}
+
+constexpr PartRow rows[] = {
+    {Part::TimeDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::KeyDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::HorScrollbar, nullptr, nullptr, nullptr, nullptr},
+    {Part::VertScrollbar, nullptr, nullptr, nullptr, nullptr},
+    {Part::MainDisplay, press_maindisplay, nullptr, scroll_maindisplay, nullptr},
+    {Part::ParameterDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::UpperDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::TrackDisplay, nullptr, nullptr, nullptr, nullptr},
+};
+
+}  // namespace
+
+const PartRow* part_row(Part part) { return part == Part::None ? nullptr : &rows[static_cast<size_t>(part)]; }
+
+}  // namespace tq

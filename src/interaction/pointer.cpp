@@ -1,0 +1,32 @@
+#include "interaction/pointer.h"
+
+#include <algorithm>
+
+#include "instance/prseq.h"
+#include "view/maindisplay.h"
+#include "view/tiptool.h"
+
+namespace tq {
+
+Pointer pointer_at(const Prseq& object, double x, double y, unsigned modifiers) {
+    const MainDisplay& md = object.maindisplay;
+    const double localx = std::max(x - md.rect.x, 0.), localy = std::max(y - md.rect.y, 0.);
+    return {.at = {x, y},
+            .ms = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, md, localx + md.horizontalscroll),
+            .pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(md, localy),
+            .modifiers = modifiers};
+}
+
+double snap_grid(const Prseq& object) {
+    return object.snaptime ? object.maindisplay.mslabelincrement / 10 : 0;
+}
+
+double snapped(double ms, double grid) {
+    return grid > 0 ? TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse({}, grid, ms) : ms;
+}
+
+void show_tiptool(Prseq& object, const Pointer& pointer, const std::string& text) {
+    TQ_Prseq_Tiptool_Set(object, text, pointer.at.x, pointer.at.y, object.maindisplay.rect);
+}
+
+}  // namespace tq

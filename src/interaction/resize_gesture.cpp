@@ -1,0 +1,112 @@
+#include "interaction/resize_gesture.h"
+
+#include <fmt/printf.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "history/recorders.h"
+#include "interaction/dragged_events.h"
+#include "interaction/pointer.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double shortest = 1;  // ms
+
+class ResizeGesture final : public Gesture {
+ public:
+    ResizeGesture(Prseq& object, EventRef clicked, Edge edge)
+        : clicked_(std::move(clicked)), edge_(edge), dragged_(object) {
+        for (const UndoEventSnapshot& s : dragged_.snapshots()) {
+            if (s.event == clicked_) at_press_ = s;
+            if (s.bufferend) ranges_.push_back({s.event, *s.bufferend - s.event->link().start});
+        }
+    }
+
+    void step(Prseq& object, const Pointer& to) override {
+        Edit edit(object, Edit::Step{});
+        if (edge_ == Edge::Start)
+            drag_starts(object, to);
+        else
+            drag_ends(object, to);
+        fit_buffer_ranges();
+    }
+
+    void commit(Prseq& object) override {
+        if (!dragged_.changed()) return;
+        Edit edit(object, dragged_.end());
+        if (edge_ == Edge::Start)
+            TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart(edit, dragged_.in_document());
+        else
+            TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength(edit, dragged_.in_document());
+    }
+
+    void rollback(Prseq& object) override {
+        Edit edit(object, Edit::Step{});
+        dragged_.restore();
+        edit.taken_back(dragged_.before());
+    }
+
+ private:
+    /// How much an event played of its buffer at the press.
+    struct Range {
+        EventRef event;
+        double length;  ///< ms
+    };
+
+    void drag_starts(Prseq& object, const Pointer& to) {
+        double start = snapped(std::clamp(to.ms, 0., object.timelinelength), snap_grid(object));
+        const bool one = dragged_.size() == 1;
+        if (one) start = std::min(start, at_press_.start + at_press_.duration - shortest);
+        const double later = start - at_press_.start;
+        dragged_.write(object, [&](const UndoEventSnapshot& s) {
+            const double end = s.start + s.duration;
+            const double moved = std::min(std::max(s.start + later, 0.), end - shortest);
+            return DraggedEvents::Values{moved, end - moved, s.pitch};
+        });
+        show_tiptool(
+            object, to,
+            one ? fmt::sprintf("Event Start: %.2f ms", start)
+                : fmt::sprintf("Clicked Event Start: %.2f ms\nEvent Start ∆elta: %.2f ms", start, later));
+    }
+
+    void drag_ends(Prseq& object, const Pointer& to) {
+        const double duration =
+            std::max(snapped(std::max(to.ms - at_press_.start, shortest), snap_grid(object)), shortest);
+        const double longer = duration - at_press_.duration;
+        dragged_.write(object, [&](const UndoEventSnapshot& s) {
+            return DraggedEvents::Values{s.start, std::max(s.duration + longer, shortest), s.pitch};
+        });
+        show_tiptool(object, to,
+                     dragged_.size() == 1
+                         ? fmt::sprintf("Event Duration: %.2f ms", duration)
+                         : fmt::sprintf("Clicked Event Duration: %.2f ms\nEvent Duration ∆elta: %.2f ms",
+                                        duration, longer));
+    }
+
+    /// A range ends with its event, or where it ended when the event is long enough.
+    void fit_buffer_ranges() {
+        for (const Range& range : ranges_) {
+            if (!range.event->buffer()) continue;
+            BufferRange& now = range.event->make_link();
+            const bool fits = now.end - now.start <= range.event->duration;
+            now.end = now.start + (fits ? range.length : range.event->duration);
+        }
+    }
+
+    EventRef clicked_;
+    Edge edge_;
+    DraggedEvents dragged_;
+    UndoEventSnapshot at_press_;
+    std::vector<Range> ranges_;
+};
+
+}  // namespace
+
+std::unique_ptr<Gesture> resize_gesture(Prseq& object, EventRef clicked, Edge edge) {
+    return std::make_unique<ResizeGesture>(object, std::move(clicked), edge);
+}
+
+}  // namespace tq

@@ -1,0 +1,57 @@
+#include "interaction/select_mode.h"
+
+#include "host/modifiers.h"
+#include "instance/prseq.h"
+#include "interaction/hit_test.h"
+#include "interaction/marquee_gesture.h"
+#include "interaction/move_gesture.h"
+#include "interaction/resize_gesture.h"
+#include "model/selection.h"
+#include "model/tracks.h"
+#include "view/maindisplay.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double edge_grip = 3;  // pixels
+
+/// Inside of the start, but on both sides of the end: short events keep a middle.
+Edge edge_at(const Rect& rect, double x) {
+    const double right = rect.x + rect.width;
+    if (x >= rect.x && x <= rect.x + edge_grip) return Edge::Start;
+    return x >= right - edge_grip && x <= right + edge_grip ? Edge::End : Edge::Inside;
+}
+
+void select_clicked(Event& event, bool toggle) {
+    if (toggle) return event.track->events.select(event, !event.selected);
+    if (event.selected) return;
+    event.track->events.deselect_all();
+    event.track->events.select(event, true);
+}
+
+}  // namespace
+
+void press_in_select_mode(Prseq& object, const Pointer& press) {
+    Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    const bool shift = press.modifiers & modifier_shift;
+    const Point at = event_space(object, press);
+    const EventRef event =
+        track ? TQ_Prseq_Tracks_GetClickedEventInTrack(object, *track, at.x, at.y) : nullptr;
+    if (!event) {
+        if (track && !shift) track->events.deselect_all();
+        list_selected_events(object);
+        object.gesture = marquee_gesture(object, press);
+        return;
+    }
+    select_clicked(*event, shift);
+    list_selected_events(object);
+    if (!event->selected) return;  // there is nothing to drag
+    const Edge edge = edge_at(TQ_Prseq_Events_Rect(object, *event), at.x);
+    if (edge == Edge::Inside)
+        object.gesture = move_gesture(object, event, press);
+    else
+        object.gesture = resize_gesture(object, event, edge);
+}
+
+}  // namespace tq

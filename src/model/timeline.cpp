@@ -1,0 +1,22 @@
+#include "model/timeline.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/round.h"
+#include "instance/prseq.h"
+#include "model/tracks.h"
+
+namespace tq {
+
+void extend_timeline(Prseq& object, double ms) {
+    if (std::isfinite(ms) && ms > object.timelinelength)
+        object.timelinelength = 1000 * jgraphics_round((ms + 2000) / 1000);
+}
+
+void cover_event(Prseq& object, const Event& event) {
+    extend_timeline(object, std::max(event.end(), TQ_Prseq_Tracks_FindLastEventsEnd(event.track)));
+    object.timelinelengthasked = true;
+}
+
+}  // namespace tq
