@@ -13,8 +13,8 @@ namespace tq {
 using FileBytes = std::shared_ptr<const std::string>;
 /// A file's bytes; none, and the reason in `fault`, when it cannot be read.
 FileBytes read_file(const std::string& path, std::string& fault);
-/// Writes beside the file, syncs, and renames over it. False, and the reason in `fault`, when it cannot be
-/// written; what was there stays then. Devices and pipes are written into.
+/// Writes the file as a FileWriter does. False, and the reason in `fault`, when it cannot be written; what
+/// was there stays then.
 bool write_file(const std::string& path, std::string_view bytes, std::string& fault);
 
 /// A file found by name: its name and the folder that it is in (empty: the working folder).

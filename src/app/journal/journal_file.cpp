@@ -10,6 +10,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/file_writer.h"
 #include "host/write_bytes.h"
 
 namespace tq {
@@ -158,15 +159,14 @@ bool JournalFile::write_text(std::string& text) {
 /// The line comes when the file is there.
 bool JournalFile::write_kept(Piece& piece) {
     const std::string name = kept_name(*piece.file);
-    const std::filesystem::path path = folder_ / name, part = folder_ / "part";
+    const std::filesystem::path path = folder_ / name;
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) {
-        const int file = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        const bool whole = file >= 0 && write_bytes(file, *piece.file) == piece.file->size() &&
-                           ::rename(part.c_str(), path.c_str()) == 0;
-        if (!whole) fail(std::strerror(errno));
-        if (file >= 0) ::close(file);
-        if (!whole) return false;
+        FileWriter file(path.string());
+        if (!file.write(*piece.file) || !file.commit(FileWriter::Sync::Later)) {
+            fail(file.fault());
+            return false;
+        }
         std::lock_guard lock(mutex_);
         unsynced_.push_back(path);
     }

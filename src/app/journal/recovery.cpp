@@ -14,9 +14,9 @@
 
 #include "app/journal/crash_note.h"
 #include "app/journal/journal_file.h"
-#include "app/patch/state_folder.h"
 #include "app/script/driver.h"
 #include "host/files.h"
+#include "host/state_folder.h"
 
 namespace tq {
 
