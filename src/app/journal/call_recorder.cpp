@@ -1,21 +1,17 @@
 #include "app/journal/call_recorder.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <utility>
 
 #include "app/journal/session_folder.h"
-#include "app/patch/host_calls.h"
+#include "app/script/framed_lines.h"
+#include "app/script/lines.h"
 #include "shell/utilities.h"
 
 namespace tq {
 
 namespace {
-
-std::string word(const std::string& text) { return atom_gettext(Atoms{gensym(text)}); }
 
 std::string single_line(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
@@ -32,7 +28,9 @@ CallRecorder::CallRecorder(Session& session, JournalFile& journal, bool fresh)
     install_files();
     session_.listen_to_calls(this);
     begin(fresh);
-    session_.host().patch.buffer_changed = [this](Symbol name) { write(sound_line(session_.host(), name)); };
+    session_.host().patch.buffer_changed = [this](Symbol name) {
+        write(line_text(sound_call(session_.host(), name)));
+    };
     witness_crashes(this);
 }
 
@@ -47,20 +45,24 @@ void CallRecorder::begin(bool fresh) {
     if (fresh) text_ = journal_head;
     std::error_code ignored;
     text_ += working_folder_note;
-    text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n.replay\n";
+    text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n";
+    write(line_text(ReplayLine{}));
     if (!fresh) return;
-    for (const auto& [name, buffer] : session_.host().buffers) write(sound_line(session_.host(), name));
-    call_seed(session_, time_seed());
+    for (const auto& [name, buffer] : session_.host().buffers)
+        write(line_text(sound_call(session_.host(), name)));
+    session_.call(SeedCall{time_seed()});
 }
 
-void CallRecorder::calling(std::string_view line) {
-    if (painted_at_) {
-        wait_until(std::max(*painted_at_, written_));
-        text_ += ".paint\n";
-        painted_at_.reset();
+/// What becomes of a buffer is told as it happens.
+void CallRecorder::calling(const SessionCall& call) {
+    for (std::optional<double>* painted : {&first_painted_, &last_painted_}) {
+        if (!*painted) continue;
+        wait_until(std::max(**painted, written_));
+        write(line_text(PaintLine{}));
+        painted->reset();
     }
     wait_until(now());
-    line_ = line;
+    line_ = std::holds_alternative<SoundCall>(call) ? "# sound" : line_text(call);
     running_ = true;
 }
 
@@ -85,7 +87,7 @@ void CallRecorder::crashed() noexcept {
 void CallRecorder::painting() { before_ = view(); }
 
 void CallRecorder::painted() {
-    if (view() != before_) painted_at_ = now();
+    if (view() != before_) (first_painted_ ? last_painted_ : first_painted_) = now();
 }
 
 CallRecorder::View CallRecorder::view() const {
@@ -97,16 +99,11 @@ CallRecorder::View CallRecorder::view() const {
 }
 
 void CallRecorder::wait_until(double time) {
-    if (time > written_) fmt::format_to(std::back_inserter(text_), ".wait {}\n", time - written_);
+    if (time > written_) write(line_text(WaitLine{time - written_}));
     written_ = std::max(written_, time);
 }
 
-void CallRecorder::write(std::string_view line) {
-    if (const auto ends = std::count(line.begin(), line.end(), '\n'))
-        fmt::format_to(std::back_inserter(text_), ".lines {}\n", ends + 1);
-    text_ += line;
-    text_ += '\n';
-}
+void CallRecorder::write(std::string_view line) { append_framed(text_, line); }
 
 /// For whoever is asked whether this session is to come back.
 void CallRecorder::note_document() {
@@ -119,7 +116,7 @@ void CallRecorder::note_document() {
 
 /// How long the dialog was open is part of the answer: time passed meanwhile.
 std::optional<std::string> CallRecorder::note_answer(double asked, std::optional<std::string> answer) {
-    write(fmt::format(".answer {} {}", answer ? word(*answer) : "cancel", now() - asked));
+    write(line_text(AnswerLine{answer, now() - asked}));
     return answer;
 }
 
@@ -135,7 +132,8 @@ void CallRecorder::install_files() {
     };
     files.locate = [this](const std::string& name, const std::string& folder) {
         std::optional<LocatedFile> found = outside_.locate(name, folder);
-        write(found ? ".file found " + word(path_in_folder(found->folder, found->name)) : ".file missing");
+        write(line_text(found ? FileLine{FileLine::Kind::Found, path_in_folder(found->folder, found->name)}
+                              : FileLine{FileLine::Kind::Missing, ""}));
         return found;
     };
     files.read = [this](const std::string& path, std::string& fault) {
@@ -145,13 +143,14 @@ void CallRecorder::install_files() {
             text_.clear();
             journal_.keep(bytes);
         } else {
-            write(".file unreadable " + word(fault));
+            write(line_text(FileLine{FileLine::Kind::Unreadable, fault}));
         }
         return bytes;
     };
     files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
         const bool written = outside_.write(path, bytes, fault);
-        write(written ? ".file written" : ".file unwritable " + word(fault));
+        write(line_text(written ? FileLine{FileLine::Kind::Written, ""}
+                                : FileLine{FileLine::Kind::Unwritable, fault}));
         return written;
     };
 }

@@ -22,7 +22,7 @@ class CallRecorder : public CallListener, public CrashWitness {
     CallRecorder(const CallRecorder&) = delete;
     CallRecorder& operator=(const CallRecorder&) = delete;
 
-    void calling(std::string_view line) override;
+    void calling(const SessionCall& call) override;
     void called() override;
     void painting() override;
     void painted() override;
@@ -55,7 +55,8 @@ class CallRecorder : public CallListener, public CrashWitness {
     bool running_ = false;
     double written_ = 0;  ///< the logical time that a replay has reached at the end of the journal
     View before_;         ///< the paint that is going on
-    std::optional<double> painted_at_;  ///< the last paint that changed the view, when no call came since
+    /// The first and the last paint since the last call that changed the view.
+    std::optional<double> first_painted_, last_painted_;
     std::string document_;
     bool edited_ = false;
 };

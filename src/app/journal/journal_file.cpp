@@ -10,6 +10,7 @@
 #include <cstring>
 #include <utility>
 
+#include "app/script/lines.h"
 #include "host/file_writer.h"
 #include "host/write_bytes.h"
 
@@ -171,7 +172,7 @@ bool JournalFile::write_kept(Piece& piece) {
         unsynced_.push_back(path);
     }
     piece.file = nullptr;
-    piece.text = ".file read " + name + "\n";
+    piece.text = line_text(FileLine{FileLine::Kind::Read, name}) + "\n";
     return true;
 }
 

@@ -15,6 +15,7 @@
 #include "app/journal/crash_note.h"
 #include "app/journal/journal_file.h"
 #include "app/script/driver.h"
+#include "app/script/framed_lines.h"
 #include "host/files.h"
 #include "host/state_folder.h"
 
@@ -64,17 +65,6 @@ class ReplayDriver : public Driver, private CrashWitness {
     long broken_line_ = 0;
     std::atomic<long> line_ = 0;
 };
-
-/// Without a last line, or several that are one, that is not whole.
-std::string_view whole_lines(std::string_view journal) {
-    constexpr std::string_view several = "\n.lines ";
-    journal = journal.substr(0, journal.rfind('\n') + 1);
-    const size_t at = journal.rfind(several);
-    if (at == journal.npos) return journal;
-    const auto ends = std::count(journal.begin() + static_cast<long>(at) + 1, journal.end(), '\n');
-    const long count = std::strtol(journal.data() + at + several.size(), nullptr, 10);
-    return ends > count ? journal : journal.substr(0, at + 1);
-}
 
 size_t size_of_lines(std::string_view text, long count) {
     size_t end = 0;

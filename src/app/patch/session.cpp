@@ -1,8 +1,5 @@
 #include "app/patch/session.h"
 
-#include <cctype>
-
-#include "app/patch/host_calls.h"
 #include "app/patch/import.h"
 #include "shell/instance.h"
 #include "shell/symbols.h"
@@ -11,23 +8,6 @@
 namespace tq {
 
 namespace {
-
-/// The driver's own lines begin with a dot and comments with "#": a message that does is escaped.
-std::string driver_line(std::string_view message) {
-    const size_t begin = message.find_first_not_of(" \t\r\n");
-    if (begin == message.npos) return {};
-    const bool escape =
-        message[begin] == '#' || (message[begin] == '.' && begin + 1 < message.size() &&
-                                  std::isalpha(static_cast<unsigned char>(message[begin + 1])));
-    return (escape ? "\\" : "") + std::string(message.substr(begin));
-}
-
-/// The text that parse_message() makes this message of.
-std::string message_text(Symbol message, AtomSpan atoms) {
-    std::string text = atom_gettext(Atoms{message});
-    if (!atoms.empty()) text += ' ';
-    return text + atom_gettext(atoms);
-}
 
 constexpr std::string_view receiver_schemes[] = {"gm:", "midi:", "osc:"};
 
@@ -83,29 +63,43 @@ void Session::make_receiver(Symbol name) {
     if (!name.empty() && !symbol_thing(host_, name)) host_.receivers.push_back(relay(name));
 }
 
-void Session::send(std::string_view text) {
-    call([&] { return driver_line(text); },
-         [&] {
-             ParsedMessage message = parse_message(text);
-             object_method_typed(*box_, message.selector, message.arguments);
-         });
+bool Session::call(SessionCall call) {
+    if (calling_) {
+        waiting_.push_back(std::move(call));
+        return false;
+    }
+    if (host_.scheduler.running()) {
+        host_.scheduler.defer_low(*box_, [this, later = std::move(call)] { perform_alone(later); });
+        return false;
+    }
+    const bool done = perform_alone(call);
+    return done;
 }
 
+/// A call, and those that it made others make.
+bool Session::perform_alone(const SessionCall& call) {
+    calling_ = true;
+    const bool done = perform_now(call);
+    for (; !waiting_.empty(); waiting_.pop_front()) perform_now(waiting_.front());
+    calling_ = false;
+    return done;
+}
+
+bool Session::perform_now(const SessionCall& call) {
+    if (call_listener_) call_listener_->calling(call);
+    const bool done = perform(*this, call);
+    host_.scheduler.run_due();
+    if (call_listener_) call_listener_->called();
+    return done;
+}
+
+void Session::send(std::string_view text) { call(parse_message(text)); }
 void Session::send(Symbol message, AtomSpan atoms) {
-    call([&] { return driver_line(message_text(message, atoms)); },
-         [&] { object_method_typed(*box_, message, atoms); });
+    call(MessageCall{message, {atoms.begin(), atoms.end()}});
 }
 
 bool Session::open(const std::string& path) {
-    return is_midi_file(path) ? call_import(*this, path) : call_open(*this, path);
-}
-
-ParsedMessage parse_message(std::string_view text) {
-    Atoms atoms = atom_setparse(text);
-    if (atoms.empty()) return {};
-    if (atoms.front().is_symbol()) return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end())};
-    if (atoms.size() > 1) return {gensym("list"), std::move(atoms)};
-    return {gensym(atoms.front().is_int() ? "int" : "float"), std::move(atoms)};
+    return is_midi_file(path) ? call(ImportCall{path}) : call(OpenCall{path});
 }
 
 }  // namespace tq

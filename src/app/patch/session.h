@@ -2,11 +2,13 @@
 // named, and whatever the box says goes to those who listen.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/patch/calls.h"
 #include "host/host.h"
 #include "shell/prseq.h"
 
@@ -29,8 +31,8 @@ class SessionListener {
 class CallListener {
  public:
     virtual ~CallListener() = default;
-    /// A call begins: its line in the script driver's language.
-    virtual void calling(std::string_view line) = 0;
+    /// A call begins.
+    virtual void calling(const SessionCall& call) = 0;
     /// It is done.
     virtual void called() = 0;
     /// The box is about to be painted, and has been; a paint brings zoom and scroll into step.
@@ -56,15 +58,10 @@ class Session {
     /// Makes a relay of this name, unless there is one.
     void make_receiver(Symbol name);
 
-    /// Does something to the box that comes from outside, and runs what it made due. `line` gives the line of
-    /// the script driver that does the same; it is asked only when somebody listens.
-    template <typename Line, typename Action>
-    void call(Line line, Action action) {
-        if (call_listener_) call_listener_->calling(line());
-        action();
-        host_.scheduler.run_due();
-        if (call_listener_) call_listener_->called();
-    }
+    /// Does something to the box that comes from outside, and runs what it made due; whether it did what it
+    /// was for. A call that is made while the box is busy with another, or with what time brings, waits until
+    /// that is over: the box is told one thing at a time. False then.
+    bool call(SessionCall call);
     /// Paints the box by `draw`.
     template <typename Draw>
     void paint(Draw draw) {
@@ -81,20 +78,16 @@ class Session {
 
  private:
     void wire();
+    bool perform_alone(const SessionCall& call);
+    bool perform_now(const SessionCall& call);
     std::unique_ptr<Object> relay(Symbol name);
 
     Host host_;
     std::vector<SessionListener*> listeners_;
     CallListener* call_listener_ = nullptr;
+    bool calling_ = false;
+    std::deque<SessionCall> waiting_;  ///< calls
     std::unique_ptr<Prseq> box_;
 };
-
-/// Sends what is in `text` as a message: its selector and its arguments.
-struct ParsedMessage {
-    Symbol selector;
-    Atoms arguments;
-};
-/// A lone number is the message "int" or "float", several atoms that begin with a number are a "list".
-ParsedMessage parse_message(std::string_view text);
 
 }  // namespace tq

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QWheelEvent>
 
-#include "app/patch/host_calls.h"
 #include "app/window/keys.h"
 #include "app/window/wheel.h"
 #include "host/graphics.h"
@@ -53,7 +52,7 @@ void BoxWidget::paintEvent(QPaintEvent*) {
 
 void BoxWidget::resizeEvent(QResizeEvent*) {
     const Size size{double(width()), double(height())};
-    timer_.act([this, size] { call_size(session_, size); });
+    timer_.act([this, size] { session_.call(SizeCall{size.width, size.height}); });
     redraw();
 }
 
@@ -62,18 +61,18 @@ void BoxWidget::wheelEvent(QWheelEvent* event) {
     const WheelDelta delta =
         wheel_delta(event->angleDelta(), event->pixelDelta(), sideways, session_.box().maindisplay);
     const Point at{event->position().x(), event->position().y()};
-    timer_.act([this, at, delta] { call_wheel(session_, at, delta.dx, delta.dy); });
+    timer_.act([this, at, delta] { session_.call(WheelCall{at.x, at.y, delta.dx, delta.dy}); });
     event->accept();
 }
 
 void BoxWidget::keyPressEvent(QKeyEvent* event) {
     const std::optional<KeyPress> key = key_press(*event);
     if (!key) return QWidget::keyPressEvent(event);
-    timer_.act([this, key] { call_key(session_, key->code, key->modifiers); });
+    timer_.act([this, key] { session_.call(KeyCall{key->code, key->modifiers}); });
 }
 
 void BoxWidget::set_focus(bool focus) {
-    timer_.act([this, focus] { call_focus(session_, focus); });
+    timer_.act([this, focus] { session_.call(FocusCall{focus}); });
 }
 
 }  // namespace tq

@@ -62,16 +62,14 @@ void LineInput::run_lines() {
 }
 
 void LineInput::run_one(const std::string& line) {
-    if (line == ".quit") {
-        window_.close();
-        return;
-    }
     try {
         run_line(line);
     } catch (const ScriptFault& fault) {
         std::fprintf(stderr, "-:%ld: %s\n", number_, fault.what.c_str());
     }
 }
+
+void LineInput::quit() { window_.close(); }
 
 void LineInput::wait(double ms) { pause_.start(static_cast<int>(std::ceil(std::min(ms, 1e9)))); }
 

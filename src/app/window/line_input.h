@@ -28,6 +28,7 @@ class LineInput : public QObject, private Driver {
     void wait(double ms) override;
     void resize(Size size) override;
     void paint(const std::string& file) override;
+    void quit() override;
 
     void read();
     void run_lines();

@@ -11,7 +11,6 @@
 
 #include <cstdio>
 
-#include "app/patch/host_calls.h"
 #include "app/patch/import.h"
 #include "app/patch/kept_copies.h"
 #include "app/patch/recent_files.h"
@@ -102,7 +101,7 @@ void MainWindow::connect_parts() {
     console_->entered = [this](const std::string& line) { send(line); };
     bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
-    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { call_tempo(session_, bpm); }); };
+    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { session_.call(TempoCall{bpm}); }); };
     bar_->console = [this](bool open) { show_console(open); };
     bar_->open_file = [this] { send("read"); };
     bar_->open_recent = [this](const std::string& path) { open(path); };
@@ -135,7 +134,7 @@ void MainWindow::connect_parts() {
     for (const KeyedKey& row : keyed_keys) {
         auto* shortcut = new QShortcut(QKeySequence(row.key), this);
         connect(shortcut, &QShortcut::activated, this, [this, character = row.character] {
-            timer_.act([this, character] { call_key(session_, character, 0); });
+            timer_.act([this, character] { session_.call(KeyCall{character, 0}); });
         });
     }
     auto* quit = new QShortcut(QKeySequence::Quit, this);

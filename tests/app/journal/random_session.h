@@ -6,7 +6,6 @@
 #include <random>
 
 #include "app/midi/files.h"
-#include "app/patch/host_calls.h"
 #include "app/patch/paint_offscreen.h"
 #include "app/patch/sound_files.h"
 #include "file/random_document.h"
@@ -38,18 +37,18 @@ class RandomSession {
             "cycle 1",  "cycle 0", "new_track_color #3"};
         switch (below(28)) {
             case 0:
-                return call_size(session_, {300. + below(300), 250 + number()});
+                return call(SizeCall{300. + below(300), 250 + number()});
             case 1:
             case 2:
-                return call_wheel(session_, {250., 150.}, below(2) ? number() - 5 : 0, number() - 5);
+                return call(WheelCall{250, 150, below(2) ? number() - 5 : 0, number() - 5});
             case 3:
-                return below(3) ? call_key(session_, "acxvz"[below(5)], 0) : call_focus(session_, below(2));
+                return below(3) ? call(KeyCall{"acxvz"[below(5)], 0}) : call(FocusCall{below(2) == 1});
             case 4:
-                return call_tempo(session_, 20 + 10 * number());
+                return call(TempoCall{20 + 10 * number()});
             case 5:
-                return call_transport(session_, 100 * number());
+                return call(TransportCall{100 * number()});
             case 6:
-                return call_feedback(session_, below(3));
+                return call(FeedbackCall{below(3) > 0});
             case 7:
             case 8:
                 return session_.paint([&] { painter_.paint(session_.box()); });
@@ -76,6 +75,7 @@ class RandomSession {
     }
 
  private:
+    void call(const SessionCall& call) { session_.call(call); }
     int below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
     double number() { return below(1000001) / 1e5; }
     void wait(double ms) {
@@ -123,7 +123,7 @@ class RandomSession {
                 std::filesystem::remove(path);
                 return;
             case 3:
-                return call_buffer(session_, name, below(3) ? path : "");
+                return call(BufferCall{name, below(3) ? path : ""});
             default:
                 return session_.send("event id " + std::to_string(below(40)) + " <buffer> " + name +
                                      (below(2) ? " 1" : "") + " </buffer>");
