@@ -59,6 +59,7 @@ class WavWriter {
 
 void hand_in(Synth& synth, std::span<const PlayedNote> notes) {
     std::map<std::string, int> sources;
+    synth.make_room(notes.size());
     for (const PlayedNote& note : notes) {
         const int source = sources.try_emplace(note.source, static_cast<int>(sources.size())).first->second;
         if (is_audible(note)) synth.note(std::make_unique<SynthNote>(synth_note(note, source, rate)));
