@@ -122,9 +122,13 @@ bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name) {
     return take_choice(object.info, object.host().patch.save_dialog(name));
 }
 
-bool read_document(Prseq& object, const std::string& path) {
-    TQ_Prseq_NewFile(object);
-    return read_by_name(object, path, "");
+bool read_document(Prseq& object, const LocatedFile& file, const DictionaryFile& document) {
+    empty_document(object);
+    object.info.filename = cut_text(file.name, longest_located_name);
+    object.info.folder = file.folder;
+    const bool read = TQ_Prseq_Json_ParseDictionary(object, document.root());
+    prseq_show(object, Change::Everything);
+    return read;
 }
 
 }  // namespace tq

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "host/class.h"
+#include "host/dictionary.h"
+#include "host/files.h"
 
 namespace tq {
 
@@ -31,7 +33,7 @@ std::string TQ_Prseq_Json_MakeUntitledFileName(const Prseq& object);
 bool TQ_Prseq_Json_OpenDialog(Prseq& object);
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name);
 
-/// Reads a document from a path into the emptied box, now. False when it is none; why is posted.
-bool read_document(Prseq& object, const std::string& path);
+/// Replaces the document by the one in a file that was read, now. False when it is none; why is posted.
+bool read_document(Prseq& object, const LocatedFile& file, const DictionaryFile& document);
 
 }  // namespace tq

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -16,6 +17,8 @@ namespace tq {
 namespace {
 
 namespace fs = std::filesystem;
+
+const char* const too_large = "it is larger than 1 GiB";
 
 /// An open file that is closed when it goes away.
 class File {
@@ -45,16 +48,20 @@ FileBytes read_file(const std::string& path, std::string& fault) {
         fault = std::strerror(EISDIR);
         return {};
     }
+    const auto refuse = [&](const std::string& reason) {
+        fault = reason;
+        return FileBytes();
+    };
+    if (static_cast<size_t>(status.st_size) > largest_file) return refuse(too_large);
     std::string bytes(static_cast<size_t>(status.st_size) + 1, '\0');  // one more, to see the end
     size_t filled = 0;
     while (true) {
-        if (filled == bytes.size()) bytes.resize(bytes.size() + 65536);  // a pipe, or a file that grows
+        if (filled > largest_file) return refuse(too_large);
+        // A pipe, or a file that grows.
+        if (filled == bytes.size()) bytes.resize(std::min(2 * bytes.size() + 65536, largest_file + 1));
         ssize_t got = ::read(file.descriptor(), bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0) {
-            fault = std::strerror(errno);
-            return {};
-        }
+        if (got < 0) return refuse(std::strerror(errno));
         if (got == 0) break;
         filled += static_cast<size_t>(got);
     }

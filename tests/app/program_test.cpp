@@ -1,6 +1,8 @@
 // What the program's commands return, and what they say of bad input.
 #include "app/program.h"
 
+#include <sys/stat.h>
+
 #include "app/midi/files.h"
 #include "file/random_document.h"
 #include "sounds.h"
@@ -19,6 +21,8 @@ struct Program : testing::Test {
         folder.file_with("bad.txt", "# one\n\n.nonsense 1\n");
         folder.file_with("good.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
         std::filesystem::create_directory(folder.path / "folder");
+        folder.file_with("huge.json",
+                         "{\"tq.sorvo\": 1,\n\"label\": \"" + std::string(65 << 20, 'x') + "\"}");
     }
     ProgramRun run(const std::string& arguments, const std::string& input = "") {
         return run_program(folder, arguments, input);
@@ -56,6 +60,9 @@ TEST_F(Program, returnsWhatItSays) {
          "sorvo: could not write \"none/out.wav\": No such file or directory\n"},
         {"render good.mid --png none/out.png", 1,
          "sorvo: could not write \"none/out.png\": No such file or directory\n"},
+        {"import /dev/zero out.json", 1, "sorvo: could not read \"/dev/zero\": it is larger than 1 GiB\n"},
+        {"play huge.json", 1, "sorvo: could not read \"huge.json\": string too large at byte …"},
+        {"script huge.json", 2, "huge.json:2: a line of more than 16 MiB\n"},
         {"render good.json", 2, "sorvo render: say what to write: --wav, --midi or --png\n"},
         {"render good.json --png out.png --size 3x", 2,
          "sorvo: --size takes WIDTHxHEIGHT in pixels, not \"3x\"\n"},
@@ -93,6 +100,20 @@ TEST_F(Program, leavesTheTargetAloneWhenItFails) {
     EXPECT_EQ(text_of_file(folder.file("out.json")), "old");
     EXPECT_EQ(run("import good.mid out.json").status, 0);
     EXPECT_NE(text_of_file(folder.file("out.json")).find("\"pitch\": 60.0"), std::string::npos);
+}
+
+TEST_F(Program, readsPipes) {
+    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    for (const auto& [source, arguments] : {std::pair{"good.mid", "play pipe"},
+                                            {"good.mid", "render pipe --png out.png"},
+                                            {"good.json", "render pipe --midi out.mid"},
+                                            {"good.mid", "script --document pipe good.txt"},
+                                            {"good.txt", "script pipe"},
+                                            {"good.mid", "import pipe out.json"}}) {
+        const std::string feed = "cd '" + folder.path.string() + "'; cat " + source + " >pipe &";
+        ASSERT_EQ(std::system(feed.c_str()), 0);
+        EXPECT_EQ(run(arguments).status, 0) << arguments << " of " << source;
+    }
 }
 
 TEST_F(Program, runsScripts) {

@@ -21,24 +21,22 @@ std::string single_line(std::string text) {
 }  // namespace
 
 CallRecorder::CallRecorder(Session& session, JournalFile& journal, bool fresh)
-    : session_(session),
+    : PatchFiles(session.host().patch),
+      session_(session),
       journal_(journal),
-      outside_(static_cast<PatchFiles&>(session.host().patch)),
       written_(session.host().scheduler.now()) {
-    install_files();
     session_.listen_to_calls(this);
     begin(fresh);
     session_.host().patch.buffer_changed = [this](Symbol name) {
-        write(line_text(sound_call(session_.host(), name)));
+        note(line_text(sound_call(session_.host(), name)));
     };
-    witness_crashes(this);
+    witness_crashes(*this);
 }
 
 CallRecorder::~CallRecorder() {
-    witness_crashes(nullptr);
+    forget_witness(*this);
     session_.listen_to_calls(nullptr);
-    session_.host().patch.buffer_changed = Patch().buffer_changed;
-    static_cast<PatchFiles&>(session_.host().patch) = outside_;
+    session_.host().patch.buffer_changed = PatchEars().buffer_changed;
 }
 
 void CallRecorder::begin(bool fresh) {
@@ -46,10 +44,10 @@ void CallRecorder::begin(bool fresh) {
     std::error_code ignored;
     text_ += working_folder_note;
     text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n";
-    write(line_text(ReplayLine{}));
+    note(line_text(ReplayLine{}));
     if (!fresh) return;
     for (const auto& [name, buffer] : session_.host().buffers)
-        write(line_text(sound_call(session_.host(), name)));
+        note(line_text(sound_call(session_.host(), name)));
     session_.call(SeedCall{time_seed()});
 }
 
@@ -58,17 +56,21 @@ void CallRecorder::calling(const SessionCall& call) {
     for (std::optional<double>* painted : {&first_painted_, &last_painted_}) {
         if (!*painted) continue;
         wait_until(std::max(**painted, written_));
-        write(line_text(PaintLine{}));
+        note(line_text(PaintLine{}));
         painted->reset();
     }
     wait_until(now());
     line_ = std::holds_alternative<SoundCall>(call) ? "# sound" : line_text(call);
     running_ = true;
+    const Prseq& box = session_.box();
+    emptied_ = box.info.emptied;
+    had_document_ = !box.tracks.empty() || box.info.dirty || !box.info.filename.empty();
 }
 
 void CallRecorder::called() {
     running_ = false;
-    write(line_);
+    if (had_document_ && session_.box().info.emptied != emptied_) note(replaced_note);
+    note(line_);
     written_ = now();
     note_document();
     journal_.append(text_);
@@ -99,60 +101,61 @@ CallRecorder::View CallRecorder::view() const {
 }
 
 void CallRecorder::wait_until(double time) {
-    if (time > written_) write(line_text(WaitLine{time - written_}));
+    if (time > written_) note(line_text(WaitLine{time - written_}));
     written_ = std::max(written_, time);
 }
 
-void CallRecorder::write(std::string_view line) { append_framed(text_, line); }
+void CallRecorder::note(std::string_view line) { append_framed(text_, line); }
 
 /// For whoever is asked whether this session is to come back.
 void CallRecorder::note_document() {
     const DocumentInfo& info = session_.box().info;
-    if (info.dirty && !std::exchange(edited_, true)) write(edited_note);
+    if (info.dirty && !std::exchange(edited_, true)) note(edited_note);
     if (info.filename == document_) return;
     document_ = info.filename;
-    write(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));
+    note(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));
 }
 
 /// How long the dialog was open is part of the answer: time passed meanwhile.
 std::optional<std::string> CallRecorder::note_answer(double asked, std::optional<std::string> answer) {
-    write(line_text(AnswerLine{answer, now() - asked}));
+    note(line_text(AnswerLine{answer, now() - asked}));
     return answer;
 }
 
-void CallRecorder::install_files() {
-    PatchFiles& files = session_.host().patch;
-    files.open_dialog = [this] {
-        const double asked = now();
-        return note_answer(asked, outside_.open_dialog());
-    };
-    files.save_dialog = [this](const std::string& name) {
-        const double asked = now();
-        return note_answer(asked, outside_.save_dialog(name));
-    };
-    files.locate = [this](const std::string& name, const std::string& folder) {
-        std::optional<LocatedFile> found = outside_.locate(name, folder);
-        write(line_text(found ? FileLine{FileLine::Kind::Found, path_in_folder(found->folder, found->name)}
-                              : FileLine{FileLine::Kind::Missing, ""}));
-        return found;
-    };
-    files.read = [this](const std::string& path, std::string& fault) {
-        FileBytes bytes = outside_.read(path, fault);
-        if (bytes) {
-            journal_.append(text_);
-            text_.clear();
-            journal_.keep(bytes);
-        } else {
-            write(line_text(FileLine{FileLine::Kind::Unreadable, fault}));
-        }
+std::optional<std::string> CallRecorder::open_dialog() {
+    const double asked = now();
+    return note_answer(asked, PatchFiles::open_dialog());
+}
+
+std::optional<std::string> CallRecorder::save_dialog(const std::string& name) {
+    const double asked = now();
+    return note_answer(asked, PatchFiles::save_dialog(name));
+}
+
+std::optional<LocatedFile> CallRecorder::locate(const std::string& name, const std::string& folder) {
+    std::optional<LocatedFile> found = PatchFiles::locate(name, folder);
+    note(line_text(found ? FileLine{FileLine::Kind::Found, path_in_folder(found->folder, found->name)}
+                         : FileLine{FileLine::Kind::Missing, ""}));
+    return found;
+}
+
+FileBytes CallRecorder::read(const std::string& path, std::string& fault) {
+    FileBytes bytes = PatchFiles::read(path, fault);
+    if (!bytes) {
+        note(line_text(FileLine{FileLine::Kind::Unreadable, fault}));
         return bytes;
-    };
-    files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
-        const bool written = outside_.write(path, bytes, fault);
-        write(line_text(written ? FileLine{FileLine::Kind::Written, ""}
-                                : FileLine{FileLine::Kind::Unwritable, fault}));
-        return written;
-    };
+    }
+    journal_.append(text_);
+    text_.clear();
+    journal_.keep(bytes);
+    return bytes;
+}
+
+bool CallRecorder::write(const std::string& path, std::string_view bytes, std::string& fault) {
+    const bool written = PatchFiles::write(path, bytes, fault);
+    note(line_text(written ? FileLine{FileLine::Kind::Written, ""}
+                           : FileLine{FileLine::Kind::Unwritable, fault}));
+    return written;
 }
 
 }  // namespace tq

@@ -36,7 +36,7 @@ void sync_path(const std::filesystem::path& path) {
 std::string kept_name(std::string_view bytes) {
     boost::crc_32_type sum;
     sum.process_bytes(bytes.data(), bytes.size());
-    return fmt::format("kept-{}-{:08x}", bytes.size(), sum.checksum());
+    return fmt::format("{}{}-{:08x}", kept_prefix, bytes.size(), sum.checksum());
 }
 
 JournalFile::JournalFile(std::filesystem::path folder, int descriptor)

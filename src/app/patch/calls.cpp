@@ -5,7 +5,6 @@
 #include "app/patch/import.h"
 #include "app/patch/session.h"
 #include "file/document_messages.h"
-#include "file/document_writer.h"
 #include "interaction/key_commands.h"
 #include "shell/change.h"
 #include "view/mousewheel.h"
@@ -13,12 +12,6 @@
 namespace tq {
 
 namespace {
-
-/// A document that is replaced before it was saved is kept.
-void keep_unsaved(Session& session) {
-    const Prseq& box = session.box();
-    if (prseq_getdirtyflag(box)) session.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
-}
 
 bool make(Session& session, const MessageCall& call) {
     return object_method_typed(session.box(), call.selector, call.arguments);
@@ -91,13 +84,26 @@ bool make(Session& session, const SeedCall& call) {
     return true;
 }
 
+/// The file is read once, since it may be a pipe. One that cannot be opened leaves the document as it is.
 bool make(Session& session, const OpenCall& call) {
-    keep_unsaved(session);
-    return read_document(session.box(), call.file);
+    Prseq& box = session.box();
+    PatchFiles& files = session.host().patch;
+    const std::optional<LocatedFile> file = files.locate(call.file, "");
+    if (!file) {
+        object_error(box, fmt::sprintf("The file \"%s\" could not be found", call.file));
+        return false;
+    }
+    const std::string path = path_in_folder(file->folder, file->name);
+    std::string fault;
+    const FileBytes bytes = files.read(path, fault);
+    if (bytes && is_midi_file(path, *bytes)) return import_midi_bytes(box, path, *bytes).has_value();
+    const auto document = bytes ? dictionary_parse(*bytes, fault) : std::nullopt;
+    if (document) return read_document(box, *file, *document);
+    object_error(box, fmt::sprintf("could not read \"%s\": %s", path, fault));
+    return false;
 }
 
 bool make(Session& session, const ImportCall& call) {
-    keep_unsaved(session);
     return import_midi_file(session.box(), call.file).has_value();
 }
 

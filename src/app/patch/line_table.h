@@ -31,6 +31,9 @@ struct Number {
     }
 };
 
+template <typename Record, typename Value, typename... Limits>
+Number(Value Record::*, const char*, Limits...) -> Number<Record, Value>;
+
 /// A word.
 template <typename Record>
 struct Word {
@@ -40,6 +43,9 @@ struct Word {
     void write(const Record& record, std::string& line) const { line += ' ' + message_word(record.*member); }
     void read(Record& record, Words& words) const { record.*member = words.word(what); }
 };
+
+template <typename Record>
+Word(std::string Record::*, const char*) -> Word<Record>;
 
 /// A last word that may be left out; an empty one is.
 template <typename Record>
@@ -55,6 +61,9 @@ struct LastWord {
     }
 };
 
+template <typename Record>
+LastWord(std::string Record::*, const char*) -> LastWord<Record>;
+
 /// A last number that may be left out.
 template <typename Record>
 struct LastNumber {
@@ -69,6 +78,9 @@ struct LastNumber {
         if (words.more()) record.*member = words.number(what, low, high);
     }
 };
+
+template <typename Record>
+LastNumber(std::optional<double> Record::*, const char*, double, double) -> LastNumber<Record>;
 
 /// One of two words.
 template <typename Record>
@@ -86,6 +98,9 @@ struct Either {
             throw ScriptFault{"", 0, fmt::format("neither {} nor {}: {}", yes, no, word)};
     }
 };
+
+template <typename Record>
+Either(bool Record::*, const char*, const char*) -> Either<Record>;
 
 template <typename RecordType, typename... Fields>
 struct LineRow {

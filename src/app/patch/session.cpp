@@ -1,6 +1,7 @@
 #include "app/patch/session.h"
 
-#include "app/patch/import.h"
+#include <algorithm>
+
 #include "shell/instance.h"
 #include "shell/symbols.h"
 #include "shell/utilities.h"
@@ -26,24 +27,39 @@ Session::Session() {
 }
 
 Session::~Session() {
-    host_.patch = Patch();  // nobody listens to a box that goes away
+    static_cast<PatchEars&>(host_.patch) = {};  // nobody listens to a box that goes away
+    tell([](SessionListener& listener) { listener.heard_ = nullptr; });
+}
+
+SessionListener::~SessionListener() {
+    if (heard_) std::ranges::replace(heard_->listeners_, this, nullptr);
+}
+
+void Session::listen(SessionListener& listener) {
+    std::erase(listeners_, nullptr);
+    listeners_.push_back(&listener);
+    listener.heard_ = this;
+}
+
+/// By index: who is told may make others listen, or go.
+template <typename What>
+void Session::tell(What what) {
+    for (size_t i = 0; i < listeners_.size(); ++i)
+        if (listeners_[i]) what(*listeners_[i]);
 }
 
 void Session::wire() {
-    auto tell = [this](auto what) {
-        for (SessionListener* listener : listeners_) what(*listener);
-    };
-    host_.patch.post = [tell](const Object&, const std::string& text) {
+    host_.patch.post = [this](const Object&, const std::string& text) {
         tell([&](auto& l) { l.post(text); });
     };
-    host_.patch.error = [tell](const Object& object, const std::string& text) {
+    host_.patch.error = [this](const Object& object, const std::string& text) {
         tell([&](auto& l) { l.error(object, text); });
     };
-    host_.patch.dumpout = [tell](Object&, Symbol selector, AtomSpan atoms) {
+    host_.patch.dumpout = [this](Object&, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.dumpout(selector, atoms); });
     };
-    host_.patch.redraw = [tell](Object&) { tell([](auto& l) { l.redraw(); }); };
-    host_.patch.outlet = [this, tell](Object&, int outlet, Symbol selector, AtomSpan atoms) {
+    host_.patch.redraw = [this](Object&) { tell([](auto& l) { l.redraw(); }); };
+    host_.patch.outlet = [this](Object&, int outlet, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.outlet(outlet, selector, atoms); });
         if (feedback && outlet == OutletSystemInfo && selector == tq_sym_ticks && !atoms.empty())
             itm_setticks(*box_->transport, atoms[0].as_double());
@@ -55,7 +71,7 @@ void Session::wire() {
 
 std::unique_ptr<Object> Session::relay(Symbol name) {
     return std::make_unique<Through>(host_, name, [this, name](Symbol selector, AtomSpan atoms) {
-        for (SessionListener* listener : listeners_) listener->receiver(name, selector, atoms);
+        tell([&](auto& l) { l.receiver(name, selector, atoms); });
     });
 }
 
@@ -72,8 +88,7 @@ bool Session::call(SessionCall call) {
         host_.scheduler.defer_low(*box_, [this, later = std::move(call)] { perform_alone(later); });
         return false;
     }
-    const bool done = perform_alone(call);
-    return done;
+    return perform_alone(call);
 }
 
 /// A call, and those that it made others make.
@@ -98,8 +113,6 @@ void Session::send(Symbol message, AtomSpan atoms) {
     call(MessageCall{message, {atoms.begin(), atoms.end()}});
 }
 
-bool Session::open(const std::string& path) {
-    return is_midi_file(path) ? call(ImportCall{path}) : call(OpenCall{path});
-}
+bool Session::open(const std::string& path) { return call(OpenCall{path}); }
 
 }  // namespace tq

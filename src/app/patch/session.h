@@ -17,13 +17,21 @@ namespace tq {
 /// Hears what the box says, in the order in which it is said, at the scheduler's logical time.
 class SessionListener {
  public:
-    virtual ~SessionListener() = default;
+    SessionListener() = default;
+    /// Hears no more; listeners and sessions may go in any order.
+    virtual ~SessionListener();
+    SessionListener(const SessionListener&) = delete;
+    SessionListener& operator=(const SessionListener&) = delete;
     virtual void outlet(int, Symbol, AtomSpan) {}
     virtual void dumpout(Symbol, AtomSpan) {}
     virtual void receiver(Symbol /*name*/, Symbol, AtomSpan) {}
     virtual void post(const std::string&) {}
     virtual void error(const Object&, const std::string&) {}
     virtual void redraw() {}
+
+ private:
+    friend class Session;
+    Session* heard_ = nullptr;
 };
 
 /// Hears of everything that is done to the box from outside. With the times of these calls, the random seed
@@ -51,8 +59,8 @@ class Session {
     Host& host() { return host_; }
     Prseq& box() { return *box_; }
     const Prseq& box() const { return *box_; }
-    /// The listener must live as long as the session.
-    void listen(SessionListener& listener) { listeners_.push_back(&listener); }
+    /// A listener hears one session.
+    void listen(SessionListener& listener);
     /// From now on this one hears of the calls; none: nobody.
     void listen_to_calls(CallListener* listener) { call_listener_ = listener; }
     /// Makes a relay of this name, unless there is one.
@@ -73,17 +81,21 @@ class Session {
     /// Sends the inlet a message in message text (a lone number is "int" or "float").
     void send(std::string_view text);
     void send(Symbol message, AtomSpan atoms);
-    /// Opens a document or a Standard MIDI File. False when it is neither; why is posted as an error.
+    /// Opens a document, or a Standard MIDI File as an untitled one. False when it is neither; why is posted
+    /// as an error.
     bool open(const std::string& path);
 
  private:
+    friend class SessionListener;
+    template <typename What>
+    void tell(What what);
     void wire();
     bool perform_alone(const SessionCall& call);
     bool perform_now(const SessionCall& call);
     std::unique_ptr<Object> relay(Symbol name);
 
     Host host_;
-    std::vector<SessionListener*> listeners_;
+    std::vector<SessionListener*> listeners_;  ///< null: one that is gone
     CallListener* call_listener_ = nullptr;
     bool calling_ = false;
     std::deque<SessionCall> waiting_;  ///< calls

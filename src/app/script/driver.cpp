@@ -21,12 +21,8 @@ std::string trimmed(const std::string& line) {
 
 }  // namespace
 
-Driver::Driver(Session& session)
-    : session_(session), outside_(static_cast<PatchFiles&>(session.host().patch)) {
-    install_files();
-}
-
-Driver::~Driver() { static_cast<PatchFiles&>(session_.host().patch) = outside_; }
+Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(session) {}
+Driver::~Driver() = default;
 
 void Driver::run(std::istream& lines, const std::string& name) {
     std::string line;
@@ -64,45 +60,49 @@ void Driver::paint(const std::string&) {
     session_.paint([&] { update_view_as_painted(session_.box()); });
 }
 
-void Driver::install_files() {
-    PatchFiles& files = session_.host().patch;
-    files.open_dialog = [this] { return take_answer("dialog open", outside_.open_dialog); };
-    files.save_dialog = [this](const std::string& name) {
-        return take_answer("dialog save " + name, [&] { return outside_.save_dialog(name); });
-    };
-    files.locate = [this](const std::string& name, const std::string& folder) {
-        std::optional<FileLine> outcome = take_outcome(Kind::Found, Kind::Missing);
-        if (!outcome) return outside_.locate(name, folder);
-        return outcome->kind == Kind::Found ? std::optional(located(outcome->text)) : std::nullopt;
-    };
-    files.read = [this](const std::string& path, std::string& fault) {
-        std::optional<FileLine> outcome = take_outcome(Kind::Read, Kind::Unreadable);
-        if (!outcome) return outside_.read(path, fault);
-        fault = outcome->text;
-        if (outcome->kind != Kind::Read) return FileBytes();
-        FileBytes bytes = kept_bytes(outcome->text, fault);
-        if (!bytes) note_fault("could not read \"" + outcome->text + "\": " + fault);
-        return bytes;
-    };
-    files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
-        std::optional<FileLine> outcome = take_outcome(Kind::Written, Kind::Unwritable);
-        if (!outcome) return outside_.write(path, bytes, fault);
-        fault = outcome->text;
-        return outcome->kind == Kind::Written;
-    };
-    files.keep_copy = [this](const Object& object, const std::string& text) {
-        if (!replaying_) outside_.keep_copy(object, text);
-    };
+std::optional<std::string> Driver::open_dialog() {
+    return take_answer("dialog open", [this] { return PatchFiles::open_dialog(); });
 }
 
-std::optional<std::string> Driver::take_answer(const std::string& said,
-                                               const std::function<std::optional<std::string>()>& ask) {
+std::optional<std::string> Driver::save_dialog(const std::string& name) {
+    return take_answer("dialog save " + name, [&] { return PatchFiles::save_dialog(name); });
+}
+
+template <typename Ask>
+std::optional<std::string> Driver::take_answer(const std::string& said, Ask ask) {
     say(said);
     if (answers_.empty()) return replaying_ ? std::nullopt : ask();
     AnswerLine answer = std::move(answers_.front());
     answers_.pop_front();
     if (answer.ms) wait(*answer.ms);
     return answer.file;
+}
+
+std::optional<LocatedFile> Driver::locate(const std::string& name, const std::string& folder) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Found, Kind::Missing);
+    if (!outcome) return PatchFiles::locate(name, folder);
+    return outcome->kind == Kind::Found ? std::optional(located(outcome->text)) : std::nullopt;
+}
+
+FileBytes Driver::read(const std::string& path, std::string& fault) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Read, Kind::Unreadable);
+    if (!outcome) return PatchFiles::read(path, fault);
+    fault = outcome->text;
+    if (outcome->kind != Kind::Read) return nullptr;
+    FileBytes bytes = kept_bytes(outcome->text, fault);
+    if (!bytes) note_fault("could not read \"" + outcome->text + "\": " + fault);
+    return bytes;
+}
+
+bool Driver::write(const std::string& path, std::string_view bytes, std::string& fault) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Written, Kind::Unwritable);
+    if (!outcome) return PatchFiles::write(path, bytes, fault);
+    fault = outcome->text;
+    return outcome->kind == Kind::Written;
+}
+
+void Driver::keep_copy(const Object& object, const std::string& text) {
+    if (!replaying_) PatchFiles::keep_copy(object, text);
 }
 
 std::optional<FileLine> Driver::take_outcome(Kind good, Kind bad) {

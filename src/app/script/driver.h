@@ -14,10 +14,10 @@ namespace tq {
 /// Runs lines in virtual time. How time passes, what paints and who hears what is said are the business of
 /// those that derive from it. File dialogs and file accesses are answered from the lines, and by whoever
 /// answered them before when no line does.
-class Driver {
+class Driver : private PatchFiles {
  public:
     explicit Driver(Session& session);
-    virtual ~Driver();
+    ~Driver() override;
     Driver(const Driver&) = delete;
     Driver& operator=(const Driver&) = delete;
 
@@ -50,16 +50,20 @@ class Driver {
 
  private:
     friend struct DriverCommands;
-    void install_files();
-    std::optional<std::string> take_answer(const std::string& said,
-                                           const std::function<std::optional<std::string>()>& ask);
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<LocatedFile> locate(const std::string& name, const std::string& folder) override;
+    FileBytes read(const std::string& path, std::string& fault) override;
+    bool write(const std::string& path, std::string_view bytes, std::string& fault) override;
+    void keep_copy(const Object& object, const std::string& text) override;
+    template <typename Ask>
+    std::optional<std::string> take_answer(const std::string& said, Ask ask);
     /// The outcome of the file access that is going on; none: it is to be done. Notes a fault when the lines
     /// tell of another access.
     std::optional<FileLine> take_outcome(FileLine::Kind good, FileLine::Kind bad);
     void note_fault(const std::string& what);
 
     Session& session_;
-    PatchFiles outside_;  ///< who answered before
     std::deque<AnswerLine> answers_;
     std::deque<FileLine> outcomes_;
     std::optional<std::string> fault_;  ///< of the line that is being run

@@ -30,7 +30,7 @@ class LineInput : public QObject, private Driver {
     void paint(const std::string& file) override;
     void quit() override;
 
-    void read();
+    void read_input();
     void run_lines();
     void run_one(const std::string& line);
 

@@ -18,9 +18,10 @@ namespace tq {
 
 class BoxWidget;
 class Console;
+struct Recovery;
 class TransportBar;
 
-class MainWindow : public QWidget {
+class MainWindow : public QWidget, private PatchFiles {
  public:
     explicit MainWindow(Loudspeaker loudspeaker,
                         std::unique_ptr<Session> session = std::make_unique<Session>());
@@ -29,6 +30,8 @@ class MainWindow : public QWidget {
     bool open(const std::string& path);
     /// The session's journal, from now on; it goes when the window is closed and nothing can be lost.
     void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
+    /// Goes on with a session that was brought back, which stands still first: in its own journal.
+    void go_on_with(Recovery& recovery);
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     Session& session() { return session_; }
@@ -46,8 +49,13 @@ class MainWindow : public QWidget {
     void build();
     void connect_parts();
     void listen_to_loudspeaker();
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    void keep_copy(const Object& object, const std::string& text) override;
     std::optional<std::string> ask(const std::function<QString()>& dialog);
     void send(const std::string& message);
+    void choose_and_open();
+    void bring_previous_back();
     void toggle_play();
     void show_console(bool open);
     void remember_document();

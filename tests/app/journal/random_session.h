@@ -15,20 +15,14 @@
 
 namespace tq::test {
 
-class RandomSession {
+/// It answers the dialogs as well: it is made before anybody else asks.
+class RandomSession : private PatchFiles {
  public:
     RandomSession(Session& session, const TemporaryFolder& files, unsigned seed)
-        : session_(session), files_(files), random_(seed) {
+        : PatchFiles(session.host().patch), session_(session), files_(files), random_(seed) {
         files_.file_with("0.json", good_document);
         files_.file_with("1.json", "{\"tq.sorvo\":");
         files_.file_with("2.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
-    }
-
-    /// Whoever answers dialogs, before anybody else asks.
-    void answer_dialogs() {
-        Patch& patch = session_.host().patch;
-        patch.open_dialog = [this] { return answer(); };
-        patch.save_dialog = [this](const std::string&) { return answer(); };
     }
 
     void act() {
@@ -83,6 +77,8 @@ class RandomSession {
         scheduler.run_until(on_time_grid(scheduler.now() + ms));
     }
     std::string file() { return files_.file(std::to_string(below(4)) + (below(4) ? ".json" : ".mid")); }
+    std::optional<std::string> open_dialog() override { return answer(); }
+    std::optional<std::string> save_dialog(const std::string&) override { return answer(); }
     std::optional<std::string> answer() {
         wait(number() * 30);
         return below(3) ? std::optional(file()) : std::nullopt;
