@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <new>
 
 #include "app/commands/commands.h"
 
@@ -12,7 +13,7 @@ void add_buffers(CLI::App& app, std::vector<std::string>& buffers) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+static int run(int argc, char** argv) {
     using namespace tq;
     CLI::App app("sorvo: a piano-roll timeline sequencer");
     app.set_version_flag("--version", "sorvo " SORVO_VERSION);
@@ -78,4 +79,13 @@ int main(int argc, char** argv) {
     if (*import_app) return run_import(import);
     if (*script_app) return run_script(script);
     return run_window(window);
+}
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("sorvo: there is not enough memory\n", stderr);
+        return 1;
+    }
 }

@@ -25,19 +25,22 @@ void empty_document(Prseq& object) {
     prseq_show(object, Change::Everything);
 }
 
-/// Reads a file into the emptied box. Its name is the document's only when that succeeded: what is not a
-/// document is never written over.
-bool read_file(Prseq& object, const LocatedFile& file) {
+/// Puts what was read of a file into the emptied box. Its name is the document's only when that succeeded:
+/// what is not a document is never written over.
+bool take_file(Prseq& object, const LocatedFile& file, const std::optional<DictionaryFile>& document) {
     const std::string folder_before = std::exchange(object.info.folder, file.folder);
     object.info.filename = cut_text(file.name, longest_located_name);
-    std::optional<DictionaryFile> read = dictionary_read(object, path_in_folder(file.folder, file.name));
-    bool parsed = read && TQ_Prseq_Json_ParseDictionary(object, read->root());
+    bool parsed = document && TQ_Prseq_Json_ParseDictionary(object, document->root());
     if (!parsed) {
         object.info.filename.clear();
         object.info.folder = folder_before;
     }
     prseq_show(object, Change::Everything);
     return parsed;
+}
+
+bool read_file(Prseq& object, const LocatedFile& file) {
+    return take_file(object, file, dictionary_read(object, path_in_folder(file.folder, file.name)));
 }
 
 bool read_by_name(Prseq& object, const std::string& name, const std::string& folder) {
@@ -128,9 +131,9 @@ bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name) {
     return true;
 }
 
-bool read_document(Prseq& object, const std::string& path) {
-    TQ_Prseq_NewFile(object);
-    return read_by_name(object, path, "");
+bool read_document(Prseq& object, const LocatedFile& file, std::optional<DictionaryFile> document) {
+    empty_document(object);
+    return take_file(object, file, document);
 }
 
 }  // namespace tq

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/class.h"
+#include "host/dictionary.h"
 #include "host/files.h"
 
 namespace tq {
@@ -34,7 +35,7 @@ std::optional<LocatedFile> TQ_Prseq_Json_OpenDialog(Prseq& object);
 /// Asks for a file, which becomes the document's own; false when the user cancels.
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name);
 
-/// Reads a document from a path into the emptied box, now. False when it is none; why is posted.
-bool read_document(Prseq& object, const std::string& path);
+/// Replaces the document by the one in a file that was read, now. False when it is none; why is posted.
+bool read_document(Prseq& object, const LocatedFile& file, std::optional<DictionaryFile> document);
 
 }  // namespace tq

@@ -20,6 +20,7 @@ void TQ_Prseq_NewFile(Prseq& object) {
     object.bpfeditingevent = nullptr;
     object.nextevent = nullptr;
     object.nextevent_track = nullptr;
+    ++object.info.emptied;
     object.info.filename.clear();
     object.info.fileversion = 100;
     object.info.title = "No Title";

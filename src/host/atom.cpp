@@ -39,11 +39,11 @@ void append_float(std::string& out, float number) {
     out += shortest.substr(mantissa);
 }
 
-bool needs_quotes(const std::string& text) {
+bool needs_quotes(std::string_view text) {
     return text.empty() || text.find_first_of(" \t\n\r\"\\,;") != text.npos || number_from(text).has_value();
 }
 
-void append_symbol(std::string& out, const std::string& text) {
+void append_symbol(std::string& out, std::string_view text) {
     if (!needs_quotes(text)) {
         out += text;
         return;
@@ -128,6 +128,12 @@ std::string atom_gettext(AtomSpan atoms) {
                 break;
         }
     }
+    return out;
+}
+
+std::string message_word(std::string_view text) {
+    std::string out;
+    append_symbol(out, text);
     return out;
 }
 

@@ -59,6 +59,8 @@ struct MessageWord {
     bool literal = false;  ///< quoted or escaped: a symbol, whatever it looks like
 };
 std::vector<MessageWord> message_words(std::string_view text);
+/// A text as one word of a message text, in quotes if need be.
+std::string message_word(std::string_view text);
 
 /// The atoms of a message text: ints, floats and symbols between blanks; "…" holds a symbol together, a
 /// backslash takes the next character as it is. A number that no atom can hold is a symbol.

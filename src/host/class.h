@@ -131,7 +131,7 @@ Attribute& class_addattr(Class& c, std::string_view name, Field Owner::*field) {
             static_cast<T&>(object).*field = static_cast<Field>(a[0].as_long());
         };
         attribute.read = [field](const Object& object) {
-            return Atoms{static_cast<long>(static_cast<const T&>(object).*field)};
+            return Atoms{Atom(static_cast<long>(static_cast<const T&>(object).*field))};
         };
     }
     return c.add(std::move(attribute));

@@ -79,24 +79,37 @@ DictionaryFile::DictionaryFile(DictionaryFile&&) noexcept = default;
 DictionaryFile& DictionaryFile::operator=(DictionaryFile&&) noexcept = default;
 Dictionary DictionaryFile::root() const { return Dictionary(value_->if_object()); }
 
-std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault) {
+namespace {
+
+/// Nothing of it is freed or changed before all of it is: one growing piece of memory serves best.
+std::optional<json::value> parsed(std::string_view text, std::string& fault) {
+    constexpr size_t most_memory = size_t{4} << 30;
     json::error_code code;
-    // Nothing of it is freed or changed before all of it is: one growing piece of memory serves best.
-    ExactJsonParser parser(json::parse_options(),
-                           json::make_shared_resource<json::monotonic_resource>(text.size() + 1024));
-    size_t read = parser.write_some(false, text.data(), text.size(), code);
+    const json::storage_ptr limited = json::make_shared_resource<LimitedMemory>(most_memory);
+    ExactJsonParser parser(json::parse_options(), limited,
+                           json::make_shared_resource<json::monotonic_resource>(text.size() + 1024, limited));
+    size_t read = 0;
+    try {
+        read = parser.write_some(false, text.data(), text.size(), code);
+    } catch (const std::bad_alloc&) {
+        fault = "it takes more than 4 GiB of memory";
+        return {};
+    }
     if (!code && text.find_first_not_of(" \t\r\n", read) != text.npos)
         code = json::make_error_code(json::error::extra_data);
-    if (code) {
-        fault = fmt::sprintf("%s at byte %zu", code.message(), read);
-        return {};
-    }
+    if (!code) return parser.handler().stack.release();
+    fault = fmt::sprintf("%s at byte %zu", code.message(), read);
+    return {};
+}
+
+}  // namespace
+
+std::optional<DictionaryFile> dictionary_parse(std::string_view text, std::string& fault) {
+    std::optional<json::value> value = parsed(text, fault);
+    if (value && !value->is_object()) fault = "it holds no dictionary";
+    if (!value || !value->is_object()) return {};
     DictionaryFile file;
-    file.value_ = std::make_unique<json::value>(parser.handler().stack.release());
-    if (!file.value_->is_object()) {
-        fault = "it holds no dictionary";
-        return {};
-    }
+    file.value_ = std::make_unique<json::value>(*std::move(value));
     return file;
 }
 

@@ -5,6 +5,7 @@
 #include <boost/json.hpp>
 #include <boost/json/basic_parser_impl.hpp>
 #include <charconv>
+#include <new>
 
 namespace tq {
 
@@ -14,12 +15,16 @@ struct ExactJsonHandler {
     using Code = boost::json::error_code;
     static constexpr std::size_t max_object_size = boost::json::object::max_size();
     static constexpr std::size_t max_array_size = boost::json::array::max_size();
-    static constexpr std::size_t max_key_size = boost::json::string::max_size();
-    static constexpr std::size_t max_string_size = boost::json::string::max_size();
+    static constexpr std::size_t max_key_size = std::size_t{64} << 20;  // bytes, as of strings
+    static constexpr std::size_t max_string_size = max_key_size;
 
     boost::json::value_stack stack;
 
-    explicit ExactJsonHandler(boost::json::storage_ptr storage) { stack.reset(std::move(storage)); }
+    /// The stack's own memory, and that of the value.
+    ExactJsonHandler(boost::json::storage_ptr working, boost::json::storage_ptr storage)
+        : stack(std::move(working)) {
+        stack.reset(std::move(storage));
+    }
 
     bool on_document_begin(Code&) { return true; }
     bool on_document_end(Code&) { return true; }
@@ -46,6 +51,26 @@ struct ExactJsonHandler {
     bool on_null(Code&) { return stack.push_null(), true; }
     bool on_comment_part(Text, Code&) { return true; }
     bool on_comment(Text, Code&) { return true; }
+};
+
+/// Memory of which there is only so much.
+class LimitedMemory : public boost::json::memory_resource {
+ public:
+    explicit LimitedMemory(std::size_t bytes) : left_(bytes) {}
+
+ private:
+    void* do_allocate(std::size_t bytes, std::size_t alignment) override {
+        if (bytes > left_) throw std::bad_alloc();
+        left_ -= bytes;
+        return ::operator new(bytes, std::align_val_t(alignment));
+    }
+    void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override {
+        left_ += bytes;
+        ::operator delete(memory, std::align_val_t(alignment));
+    }
+    bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
+
+    std::size_t left_;
 };
 
 using ExactJsonParser = boost::json::basic_parser<ExactJsonHandler>;

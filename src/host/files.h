@@ -2,6 +2,7 @@
 // whole.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,10 +12,13 @@ namespace tq {
 
 /// A file's bytes, which more than one may need for a while; null: none.
 using FileBytes = std::shared_ptr<const std::string>;
-/// A file's bytes; none, and the reason in `fault`, when it cannot be read.
+/// The most bytes that are read of a file: what never ends is refused before memory does.
+inline constexpr size_t largest_file = size_t{1} << 30;
+/// A file's bytes; none, and the reason in `fault`, when it cannot be read. Pipes are read to their end,
+/// once.
 FileBytes read_file(const std::string& path, std::string& fault);
-/// Writes beside the file, syncs, and renames over it. False, and the reason in `fault`, when it cannot be
-/// written; what was there stays then. Devices and pipes are written into.
+/// Writes the file as a FileWriter does. False, and the reason in `fault`, when it cannot be written; what
+/// was there stays then.
 bool write_file(const std::string& path, std::string_view bytes, std::string& fault);
 
 /// A file found by name: its name and the folder that it is in (empty: the working folder).

@@ -10,34 +10,15 @@
 #include <unordered_map>
 
 #include "host/buffer.h"
-#include "host/files.h"
 #include "host/object.h"
+#include "host/patch_files.h"
 #include "host/scheduler.h"
 #include "host/transport.h"
 
 namespace tq {
 
-/// What the surroundings answer when a box asks for files. Every member may be left as it is: the system's
-/// own files then, and no dialogs.
-struct PatchFiles {
-    /// Asks the user for a file to open, or where to save (with a name to begin with); a path, or none when
-    /// the user cancels.
-    std::function<std::optional<std::string>()> open_dialog = [] { return std::nullopt; };
-    std::function<std::optional<std::string>(const std::string& name)> save_dialog = [](auto&&...) {
-        return std::nullopt;
-    };
-    /// Finds, reads and writes as locatefile_extended(), read_file() and write_file() do.
-    std::function<std::optional<LocatedFile>(const std::string& name, const std::string& folder)> locate =
-        locatefile_extended;
-    std::function<FileBytes(const std::string& path, std::string& fault)> read = read_file;
-    std::function<bool(const std::string& path, std::string_view bytes, std::string& fault)> write =
-        write_file;
-    /// Keeps the text of a document that has not been saved and is about to be replaced.
-    std::function<void(const Object&, const std::string& text)> keep_copy = [](auto&&...) {};
-};
-
 /// What the surroundings of the boxes do with what the boxes say. Every member may be left as it is.
-struct Patch : PatchFiles {
+struct PatchEars {
     std::function<void(const Object&, const std::string&)> post = [](auto&&...) {};
     std::function<void(const Object&, const std::string&)> error = [](auto&&...) {};
     /// A message out of an outlet; a plain list has the selector "list".
@@ -52,6 +33,9 @@ struct Patch : PatchFiles {
     /// The buffer of this name has come, gone, or got another sound.
     std::function<void(Symbol)> buffer_changed = [](auto&&...) {};
 };
+
+/// The surroundings of the boxes.
+struct Patch : PatchFiles, PatchEars {};
 
 struct Host {
     Scheduler scheduler;

@@ -1,5 +1,6 @@
 #include "host/layers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -30,7 +31,8 @@ std::optional<Graphics> jbox_start_layer(const Box& box, const Graphics& view, S
 
 void jbox_end_layer(const Box& box, Symbol name) {
     box.layers.by_name[name].valid = true;
-    box.layers.drawn.push_back(name);
+    std::vector<Symbol>& drawn = box.layers.drawn;
+    if (std::ranges::find(drawn, name) == drawn.end()) drawn.push_back(name);
 }
 
 void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, double y) {

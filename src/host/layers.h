@@ -21,7 +21,8 @@ struct Layer {
 
 struct Layers {
     std::unordered_map<Symbol, Layer> by_name;
-    std::vector<Symbol> drawn;  ///< the names of the layers drawn since this was last emptied, in order
+    std::vector<Symbol>
+        drawn;  ///< the layers drawn since this was last emptied, each once, in the order of the first times
 };
 
 /// What to draw a layer with, transparent to begin with, when it is invalid or its size or the view's pixel

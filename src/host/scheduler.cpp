@@ -48,7 +48,7 @@ bool Scheduler::run_next(double until) {
         heap_.pop_back();
         if (live_.erase(call.ticket) == 0) continue;  // cancelled meanwhile
         now_ = call.due;
-        call.callback();
+        run(call.callback);
         return true;
     }
     return false;
@@ -58,8 +58,14 @@ bool Scheduler::run_low() {
     if (low_.empty()) return false;
     Call call = std::move(low_.front());
     low_.erase(low_.begin());
-    call.callback();
+    run(call.callback);
     return true;
+}
+
+void Scheduler::run(const Callback& callback) {
+    ++running_;
+    callback();
+    --running_;
 }
 
 void Scheduler::run_until(double until) {

@@ -38,6 +38,8 @@ class Scheduler {
     std::optional<double> next_due();
     /// Runs what is due up to and including `until`, in order, then lets logical time be `until`.
     void run_until(double until);
+    /// Whether a call is being run.
+    bool running() const { return running_ > 0; }
     /// Runs what is due at this very moment, and the low-priority work that waits.
     void run_due() { run_until(now_); }
 
@@ -52,8 +54,10 @@ class Scheduler {
     static bool later(const Call& a, const Call& b);
     bool run_next(double until);
     bool run_low();
+    void run(const Callback& callback);
 
     double now_ = 0;
+    int running_ = 0;  ///< how many calls, one within the other
     Ticket last_ticket_ = 0;
     std::vector<Call> heap_;
     std::vector<Call> low_;

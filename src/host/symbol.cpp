@@ -3,6 +3,8 @@
 #include <deque>
 #include <unordered_map>
 
+#include "host/utf8.h"
+
 namespace tq {
 
 namespace {
@@ -13,6 +15,7 @@ struct SymbolTable {
 
     const std::string* intern(std::string_view text) {
         if (auto found = by_text.find(text); found != by_text.end()) return found->second;
+        if (!is_utf8(text)) return intern(valid_utf8(text));
         const std::string& kept = texts.emplace_back(text);
         by_text.emplace(kept, &kept);
         return &kept;

@@ -24,7 +24,8 @@ class Symbol {
     const std::string* text_;  // in the symbol table, for as long as the program runs
 };
 
-/// The symbol of a text; made when the text is new. Main thread only.
+/// The symbol of a text; made when the text is new. All text of messages and documents comes through here,
+/// and what is not UTF-8 is made so (valid_utf8()). Main thread only.
 Symbol gensym(std::string_view text);
 
 }  // namespace tq

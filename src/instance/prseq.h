@@ -38,6 +38,7 @@ struct DocumentInfo {
     std::string filename;  ///< empty: untitled
     std::string folder;    ///< empty: the working folder
     long untitledcounter = 1;
+    long emptied = 0;              ///< how often a document was emptied to make room for another
     bool dialogcancelled = false;  ///< the last file dialog was
 };
 

@@ -34,10 +34,12 @@ TEST_F(Dialogs, askWhatToReadAndLeaveTheDocumentEmptyWhenCancelled) {
 }
 
 TEST_F(Dialogs, keepACopyOfADirtyDocumentBeforeItIsEmptied) {
-    std::vector<std::string> kept;
-    script.session().host().patch.keep_copy = [&](const Object&, const std::string& text) {
-        kept.push_back(text);
-    };
+    struct Keeper : PatchFiles {
+        using PatchFiles::PatchFiles;
+        void keep_copy(const Object&, const std::string& text) override { kept.push_back(text); }
+        std::vector<std::string> kept;
+    } keeper(script.session().host().patch);
+    std::vector<std::string>& kept = keeper.kept;
     say("event start 4321\nread " + chosen);
     ASSERT_EQ(kept.size(), 1u);
     EXPECT_NE(kept[0].find("\"start\": 4321"), std::string::npos);

@@ -62,7 +62,7 @@ class RandomDocument {
     std::string word() {
         static const char* const words[] = {
             "a",        "\"two words\"", "\"\\\"quoted\\\" \\\\\"", "\xc3\xa4\xe2\x82\xac", "\"7\"", "\"\t\"",
-            "\"\x01\"", "\"\""};
+            "\"\x01\"", "\"\"",          "\xe4\xff\xed\xa0\x80"};  // the last is no UTF-8
         return words[below(std::size(words))];
     }
     std::string event() {

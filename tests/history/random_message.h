@@ -28,7 +28,7 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "event start #5000 duration #900 track #3 <note> #131 99 </note>",
         "event start #5000 duration #900 track #3 <note> #131 99 </note>",
         "event start #5000 duration #900 track #3 <note> #131 99 </note>",
-        "event id #40 start #5000 label l#9",
+        "event id #40 start #5000 label l\xe9#9",
         "event id #40 track #4 <parameter> p#5 #20 </parameter>",
         "event id #40 <bpf> Pitch 0 0 #400 #5 </bpf> <message> m #9 </message>",
         "event id #40 duration #2000 <note> #131 </note>",

@@ -182,7 +182,7 @@ TEST(Instance, thatGoesAwayWhilePlayingIsNotCalledAgain) {
     auto box = prseq_new(host, BoxDictionary{});
     for (const char* message :
          {"event start 50", "event start 100", "cyclerange 20 80", "cycle 1", "zoom_in", "int 1"}) {
-        ParsedMessage parsed = parse_message(message);
+        MessageCall parsed = parse_message(message);
         ASSERT_TRUE(object_method_typed(*box, parsed.selector, parsed.arguments)) << message;
     }
     host.scheduler.run_until(60);

@@ -7,7 +7,6 @@
 #include "app/commands/named_sounds.h"
 #include "app/commands/size.h"
 #include "app/midi/writer.h"
-#include "app/patch/import.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/paint_offscreen.h"
 #include "app/sound/recorder.h"
@@ -60,7 +59,7 @@ void lay_out(Session& session, OffscreenPainter& painter, const RenderCommand& c
 
 bool write_picture(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
     Prseq& box = session.box();
-    if (is_midi_file(command.file)) {  // a document has its own view, a MIDI file is shown whole
+    if (box.info.filename.empty()) {  // a document has its own view, a MIDI file is shown whole
         box.zoom_animation = false;
         prseq_zoom_out_all(box);
     }

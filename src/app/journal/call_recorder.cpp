@@ -1,21 +1,17 @@
 #include "app/journal/call_recorder.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <utility>
 
 #include "app/journal/session_folder.h"
-#include "app/patch/host_calls.h"
+#include "app/script/framed_lines.h"
+#include "app/script/lines.h"
 #include "instance/utilities.h"
 
 namespace tq {
 
 namespace {
-
-std::string word(const std::string& text) { return atom_gettext(Atoms{gensym(text)}); }
 
 std::string single_line(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
@@ -25,48 +21,50 @@ std::string single_line(std::string text) {
 }  // namespace
 
 CallRecorder::CallRecorder(Session& session, JournalFile& journal, bool fresh)
-    : session_(session),
+    : PatchFiles(session.host().patch),
+      session_(session),
       journal_(journal),
-      outside_(static_cast<PatchFiles&>(session.host().patch)),
       written_(session.host().scheduler.now()) {
-    install_files();
     session_.listen_to_calls(this);
     begin(fresh);
-    session_.host().patch.buffer_changed = [this](Symbol name) { write(sound_line(session_.host(), name)); };
-    witness_crashes(this);
+    session_.host().patch.buffer_changed = [this](Symbol name) {
+        note(line_text(sound_call(session_.host(), name)));
+    };
+    witness_crashes(*this);
 }
 
 CallRecorder::~CallRecorder() {
-    witness_crashes(nullptr);
+    forget_witness(*this);
     session_.listen_to_calls(nullptr);
-    session_.host().patch.buffer_changed = Patch().buffer_changed;
-    static_cast<PatchFiles&>(session_.host().patch) = outside_;
+    session_.host().patch.buffer_changed = PatchEars().buffer_changed;
 }
 
 void CallRecorder::begin(bool fresh) {
     if (fresh) text_ = journal_head;
     std::error_code ignored;
     text_ += working_folder_note;
-    text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n.replay\n";
+    text_ += single_line(std::filesystem::current_path(ignored).string()) + "\n";
+    note(line_text(ReplayLine{}));
     if (!fresh) return;
-    for (const auto& [name, buffer] : session_.host().buffers) write(sound_line(session_.host(), name));
-    call_seed(session_, time_seed());
+    for (const auto& [name, buffer] : session_.host().buffers)
+        note(line_text(sound_call(session_.host(), name)));
+    session_.call(SeedCall{time_seed()});
 }
 
-void CallRecorder::calling(std::string_view line) {
-    if (painted_at_) {
-        wait_until(std::max(*painted_at_, written_));
-        text_ += ".paint\n";
-        painted_at_.reset();
-    }
+/// What becomes of a buffer is told as it happens.
+void CallRecorder::calling(const SessionCall& call) {
     wait_until(now());
-    line_ = line;
+    line_ = std::holds_alternative<SoundCall>(call) ? "# sound" : line_text(call);
     running_ = true;
+    const Prseq& box = session_.box();
+    emptied_ = box.info.emptied;
+    had_document_ = !box.tracks.empty() || prseq_getdirtyflag(box) || !box.info.filename.empty();
 }
 
 void CallRecorder::called() {
     running_ = false;
-    write(line_);
+    if (had_document_ && session_.box().info.emptied != emptied_) note(replaced_note);
+    note(line_);
     written_ = now();
     note_document();
     journal_.append(text_);
@@ -82,78 +80,62 @@ void CallRecorder::crashed() noexcept {
         journal_.write_in_a_crash({text_});
 }
 
-void CallRecorder::painting() { before_ = view(); }
-
-void CallRecorder::painted() {
-    if (view() != before_) painted_at_ = now();
-}
-
-CallRecorder::View CallRecorder::view() const {
-    const Prseq& box = session_.box();
-    return {
-        box.layout,        box.maindisplay,
-        box.keydisplay,    box.horscrollbar,
-        box.vertscrollbar, {box.horizontalzoom, box.verticalzoom, box.horizontalscroll, box.verticalscroll}};
-}
-
 void CallRecorder::wait_until(double time) {
-    if (time > written_) fmt::format_to(std::back_inserter(text_), ".wait {}\n", time - written_);
+    if (time > written_) note(line_text(WaitLine{time - written_}));
     written_ = std::max(written_, time);
 }
 
-void CallRecorder::write(std::string_view line) {
-    if (const auto ends = std::count(line.begin(), line.end(), '\n'))
-        fmt::format_to(std::back_inserter(text_), ".lines {}\n", ends + 1);
-    text_ += line;
-    text_ += '\n';
-}
+void CallRecorder::note(std::string_view line) { append_framed(text_, line); }
 
 /// For whoever is asked whether this session is to come back.
 void CallRecorder::note_document() {
     const DocumentInfo& info = session_.box().info;
-    if (prseq_getdirtyflag(session_.box()) && !std::exchange(edited_, true)) write(edited_note);
+    if (prseq_getdirtyflag(session_.box()) && !std::exchange(edited_, true)) note(edited_note);
     if (info.filename == document_) return;
     document_ = info.filename;
-    write(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));
+    note(std::string(document_note) + single_line(path_in_folder(info.folder, info.filename)));
 }
 
 /// How long the dialog was open is part of the answer: time passed meanwhile.
 std::optional<std::string> CallRecorder::note_answer(double asked, std::optional<std::string> answer) {
-    write(fmt::format(".answer {} {}", answer ? word(*answer) : "cancel", now() - asked));
+    note(line_text(AnswerLine{answer, now() - asked}));
     return answer;
 }
 
-void CallRecorder::install_files() {
-    PatchFiles& files = session_.host().patch;
-    files.open_dialog = [this] {
-        const double asked = now();
-        return note_answer(asked, outside_.open_dialog());
-    };
-    files.save_dialog = [this](const std::string& name) {
-        const double asked = now();
-        return note_answer(asked, outside_.save_dialog(name));
-    };
-    files.locate = [this](const std::string& name, const std::string& folder) {
-        std::optional<LocatedFile> found = outside_.locate(name, folder);
-        write(found ? ".file found " + word(path_in_folder(found->folder, found->name)) : ".file missing");
-        return found;
-    };
-    files.read = [this](const std::string& path, std::string& fault) {
-        FileBytes bytes = outside_.read(path, fault);
-        if (bytes) {
-            journal_.append(text_);
-            text_.clear();
-            journal_.keep(bytes);
-        } else {
-            write(".file unreadable " + word(fault));
-        }
+std::optional<std::string> CallRecorder::open_dialog() {
+    const double asked = now();
+    return note_answer(asked, PatchFiles::open_dialog());
+}
+
+std::optional<std::string> CallRecorder::save_dialog(const std::string& name) {
+    const double asked = now();
+    return note_answer(asked, PatchFiles::save_dialog(name));
+}
+
+std::optional<LocatedFile> CallRecorder::locate(const std::string& name, const std::string& folder) {
+    std::optional<LocatedFile> found = PatchFiles::locate(name, folder);
+    note(line_text(found ? FileLine{FileLine::Kind::Found, path_in_folder(found->folder, found->name)}
+                         : FileLine{FileLine::Kind::Missing, ""}));
+    return found;
+}
+
+FileBytes CallRecorder::read(const std::string& path, std::string& fault) {
+    FileBytes bytes = PatchFiles::read(path, fault);
+    if (!bytes) {
+        note(line_text(FileLine{FileLine::Kind::Unreadable, fault}));
         return bytes;
-    };
-    files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
-        const bool written = outside_.write(path, bytes, fault);
-        write(written ? ".file written" : ".file unwritable " + word(fault));
-        return written;
-    };
+    }
+    journal_.append(text_);
+    text_.clear();
+    journal_.keep(bytes);
+    return bytes;
+}
+
+bool CallRecorder::write(const std::string& path, std::string_view bytes, std::string& fault) {
+    const bool written = PatchFiles::write(path, bytes, fault);
+    note(line_text(written ? FileLine{FileLine::Kind::Written, ""}
+                           : FileLine{FileLine::Kind::Unwritable, fault}));
+    return written;
 }
 
 }  // namespace tq

@@ -12,7 +12,7 @@
 
 namespace tq {
 
-class CallRecorder : public CallListener, public CrashWitness {
+class CallRecorder : public CallListener, public CrashWitness, private PatchFiles {
  public:
     /// From now on the session's calls are appended to the journal. A `fresh` session has not been called
     /// before, and what must precede the first call is written; otherwise the journal goes on. Whoever
@@ -22,40 +22,31 @@ class CallRecorder : public CallListener, public CrashWitness {
     CallRecorder(const CallRecorder&) = delete;
     CallRecorder& operator=(const CallRecorder&) = delete;
 
-    void calling(std::string_view line) override;
+    void calling(const SessionCall& call) override;
     void called() override;
-    void painting() override;
-    void painted() override;
     void crashed() noexcept override;
 
  private:
-    /// All that a paint may change.
-    struct View {
-        Layout layout;
-        MainDisplay maindisplay;
-        KeyDisplay keydisplay;
-        TQScrollbar horizontal, vertical;
-        ZoomScroll unity;
-        friend bool operator==(const View&, const View&) = default;
-    };
-    View view() const;
     void begin(bool fresh);
-    void install_files();
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<LocatedFile> locate(const std::string& name, const std::string& folder) override;
+    FileBytes read(const std::string& path, std::string& fault) override;
+    bool write(const std::string& path, std::string_view bytes, std::string& fault) override;
     std::optional<std::string> note_answer(double asked, std::optional<std::string> answer);
     double now() const { return session_.host().scheduler.now(); }
     void wait_until(double time);
-    void write(std::string_view line);
+    void note(std::string_view line);
     void note_document();
 
     Session& session_;
     JournalFile& journal_;
-    PatchFiles outside_;  ///< who answers
-    std::string text_;    ///< what is to be appended after the call that is running
-    std::string line_;    ///< of that call
+    std::string text_;  ///< what is to be appended after the call that is running
+    std::string line_;  ///< of that call
     bool running_ = false;
-    double written_ = 0;  ///< the logical time that a replay has reached at the end of the journal
-    View before_;         ///< the paint that is going on
-    std::optional<double> painted_at_;  ///< the last paint that changed the view, when no call came since
+    long emptied_ = 0;           ///< how often the document had been emptied before that call
+    bool had_document_ = false;  ///< there was one to empty
+    double written_ = 0;         ///< the logical time that a replay has reached at the end of the journal
     std::string document_;
     bool edited_ = false;
 };

@@ -12,14 +12,15 @@ namespace {
 
 constexpr std::array fatal_signals{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
 
-std::atomic<CrashWitness*> living = nullptr;
+std::array<std::atomic<CrashWitness*>, 32> living;
 std::array<struct sigaction, fatal_signals.size()> before;
 /// The usual stack may be what overflowed.
 std::array<std::byte, 1 << 16> crash_stack;
 
 /// Whoever handled the signal before does so next: it is raised again by going back to what raised it.
 void crash(int signal) {
-    if (CrashWitness* witness = living.exchange(nullptr)) witness->crashed();
+    for (auto& one : living)
+        if (CrashWitness* witness = one.exchange(nullptr)) witness->crashed();
     for (size_t i = 0; i < fatal_signals.size(); ++i)
         if (fatal_signals[i] == signal) ::sigaction(signal, &before[i], nullptr);
     if (signal == SIGABRT) ::raise(signal);
@@ -36,12 +37,19 @@ void install() {
     for (size_t i = 0; i < fatal_signals.size(); ++i) ::sigaction(fatal_signals[i], &action, &before[i]);
 }
 
+void replace(CrashWitness* old, CrashWitness* witness) {
+    for (auto& one : living)
+        if (CrashWitness* expected = old; one.compare_exchange_strong(expected, witness)) return;
+}
+
 }  // namespace
 
-void witness_crashes(CrashWitness* witness) {
+void witness_crashes(CrashWitness& witness) {
     static const bool installed = (install(), true);
     (void)installed;
-    living = witness;
+    replace(nullptr, &witness);
 }
+
+void forget_witness(CrashWitness& witness) { replace(&witness, nullptr); }
 
 }  // namespace tq

@@ -10,7 +10,9 @@ class CrashWitness {
     virtual void crashed() noexcept = 0;
 };
 
-/// From now on this one is told of a crash before the process ends by it; null: nobody.
-void witness_crashes(CrashWitness* witness);
+/// From now on this one is told of a crash before the process ends by it; unless very many are already.
+void witness_crashes(CrashWitness& witness);
+/// It is told no more.
+void forget_witness(CrashWitness& witness);
 
 }  // namespace tq

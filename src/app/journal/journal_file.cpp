@@ -10,6 +10,8 @@
 #include <cstring>
 #include <utility>
 
+#include "app/script/lines.h"
+#include "host/file_writer.h"
 #include "host/write_bytes.h"
 
 namespace tq {
@@ -34,7 +36,7 @@ void sync_path(const std::filesystem::path& path) {
 std::string kept_name(std::string_view bytes) {
     boost::crc_32_type sum;
     sum.process_bytes(bytes.data(), bytes.size());
-    return fmt::format("kept-{}-{:08x}", bytes.size(), sum.checksum());
+    return fmt::format("{}{}-{:08x}", kept_prefix, bytes.size(), sum.checksum());
 }
 
 JournalFile::JournalFile(std::filesystem::path folder, int descriptor)
@@ -158,20 +160,19 @@ bool JournalFile::write_text(std::string& text) {
 /// The line comes when the file is there.
 bool JournalFile::write_kept(Piece& piece) {
     const std::string name = kept_name(*piece.file);
-    const std::filesystem::path path = folder_ / name, part = folder_ / "part";
+    const std::filesystem::path path = folder_ / name;
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) {
-        const int file = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        const bool whole = file >= 0 && write_bytes(file, *piece.file) == piece.file->size() &&
-                           ::rename(part.c_str(), path.c_str()) == 0;
-        if (!whole) fail(std::strerror(errno));
-        if (file >= 0) ::close(file);
-        if (!whole) return false;
+        FileWriter file(path.string());
+        if (!file.write(*piece.file) || !file.commit(FileWriter::Sync::Later)) {
+            fail(file.fault());
+            return false;
+        }
         std::lock_guard lock(mutex_);
         unsynced_.push_back(path);
     }
     piece.file = nullptr;
-    piece.text = ".file read " + name + "\n";
+    piece.text = line_text(FileLine{FileLine::Kind::Read, name}) + "\n";
     return true;
 }
 

@@ -68,7 +68,8 @@ class JournalFile {
     std::jthread writer_, syncer_;  ///< last: they end before what they use
 };
 
-/// The name under which bytes are kept: it tells their size and checksum.
+/// The name under which bytes are kept: it tells their size and checksum, and begins with the prefix.
+inline constexpr std::string_view kept_prefix = "kept-";
 std::string kept_name(std::string_view bytes);
 
 }  // namespace tq

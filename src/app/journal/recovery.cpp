@@ -14,9 +14,11 @@
 
 #include "app/journal/crash_note.h"
 #include "app/journal/journal_file.h"
-#include "app/patch/state_folder.h"
 #include "app/script/driver.h"
+#include "app/script/framed_lines.h"
 #include "host/files.h"
+#include "host/state_folder.h"
+#include "host/write_bytes.h"
 
 namespace tq {
 
@@ -35,9 +37,9 @@ class ReplayDriver : public Driver, private CrashWitness {
     ReplayDriver(Session& session, const fs::path& folder)
         : Driver(session), folder_(folder), broken_line_path_(broken_line_path(folder).string()) {
         std::ifstream(broken_line_path_) >> broken_line_;
-        witness_crashes(this);
+        witness_crashes(*this);
     }
-    ~ReplayDriver() override { witness_crashes(nullptr); }
+    ~ReplayDriver() override { forget_witness(*this); }
 
  private:
     void line_begins(long number) override {
@@ -65,17 +67,6 @@ class ReplayDriver : public Driver, private CrashWitness {
     std::atomic<long> line_ = 0;
 };
 
-/// Without a last line, or several that are one, that is not whole.
-std::string_view whole_lines(std::string_view journal) {
-    constexpr std::string_view several = "\n.lines ";
-    journal = journal.substr(0, journal.rfind('\n') + 1);
-    const size_t at = journal.rfind(several);
-    if (at == journal.npos) return journal;
-    const auto ends = std::count(journal.begin() + static_cast<long>(at) + 1, journal.end(), '\n');
-    const long count = std::strtol(journal.data() + at + several.size(), nullptr, 10);
-    return ends > count ? journal : journal.substr(0, at + 1);
-}
-
 size_t size_of_lines(std::string_view text, long count) {
     size_t end = 0;
     for (; count > 0 && end < text.size(); --count) end = std::min(text.find('\n', end), text.size()) + 1;
@@ -91,7 +82,41 @@ std::string put_copy_aside(const SessionFolder& folder) {
     return error ? error.message() : path.string();
 }
 
+/// The journal up to the call that replaced a document; none when no call did.
+std::optional<std::string> before_replacement(Journal& journal) {
+    std::string fault;
+    const bool written = journal.drain();
+    const FileBytes text = written ? read_file(journal.folder().journal_path().string(), fault) : nullptr;
+    const size_t at = text ? text->rfind("\n" + std::string(replaced_note) + "\n") : std::string::npos;
+    return at == std::string::npos ? std::nullopt : std::optional(text->substr(0, at + 1));
+}
+
+/// What is kept never changes, so two folders can have it.
+void share_kept_files(const fs::path& from, const fs::path& to) {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(from, error)) {
+        const fs::path name = entry.path().filename();
+        if (!name.string().starts_with(kept_prefix)) continue;
+        fs::create_hard_link(entry.path(), to / name, error);
+        if (error) fs::copy_file(entry.path(), to / name, error);
+    }
+}
+
 }  // namespace
+
+bool has_previous_document(Journal& journal) { return before_replacement(journal).has_value(); }
+
+std::optional<Recovery> recover_previous_document(Journal& journal) {
+    std::string fault;
+    const std::optional<std::string> text = before_replacement(journal);
+    std::optional<SessionFolder> folder = text ? SessionFolder::make(fault) : std::nullopt;
+    if (!folder) return {};
+    share_kept_files(journal.folder().path(), folder->path());
+    const fs::path path = folder->path();
+    const bool written = write_bytes(folder->journal(), *text) == text->size();
+    folder.reset();  // to be taken
+    return written ? recover(path) : std::nullopt;
+}
 
 Replay replay(Session& session, std::string_view journal, const fs::path& folder) {
     if (!journal.starts_with(journal_head)) return {"it is no journal", 0};

@@ -28,6 +28,12 @@ struct Recovery {
 /// it is, and held. None when somebody holds it or nothing can be read in it.
 std::optional<Recovery> recover(const std::filesystem::path& folder);
 
+/// Whether the session whose journal this is had another document before.
+bool has_previous_document(Journal& journal);
+/// The session as it was before its document was last emptied or replaced, in a folder of its own. None when
+/// it had no other document, or nothing can be read or written.
+std::optional<Recovery> recover_previous_document(Journal& journal);
+
 /// The journal goes on with what is done to the session (the recovery's, wherever it is by now) from now on.
 /// What could not be followed is cut off; a copy of the whole is put aside then, and the fault tells where.
 /// None when the journal cannot be changed.

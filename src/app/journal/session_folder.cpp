@@ -13,8 +13,8 @@
 #include <tuple>
 #include <utility>
 
-#include "app/patch/state_folder.h"
 #include "host/files.h"
+#include "host/state_folder.h"
 
 namespace tq {
 

@@ -57,6 +57,8 @@ inline constexpr std::string_view journal_head = "# sorvo journal 1\n";
 /// Comments in a journal that tell of the document's file and that it was edited.
 inline constexpr std::string_view document_note = "# document ", edited_note = "# edited",
                                   working_folder_note = "# in folder ";
+/// Stands before the line of a call that emptied or replaced a document.
+inline constexpr std::string_view replaced_note = "# replaces a document";
 /// The text of the last line of a journal that begins so, without what it begins with.
 std::optional<std::string> last_note(std::string_view journal, std::string_view note);
 

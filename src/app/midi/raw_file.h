@@ -67,7 +67,11 @@ struct RawFile {
     std::vector<RawSignature> signatures;  ///< likewise
     std::int64_t end = 0;                  ///< tick of the latest end of a track
     std::size_t ignored_messages = 0;
+    std::size_t messages = 0;  ///< of channels
 };
+
+/// What a file of more than these may be refused for: each becomes a few hundred bytes.
+inline constexpr std::size_t most_messages = std::size_t{1} << 23;
 
 /// Takes a file apart. Throws MidiError.
 RawFile parse_midi_file(std::span<const std::byte> file);

@@ -56,6 +56,8 @@ bool TrackParser::event() {
 }
 
 void TrackParser::channel_message(std::uint8_t status, std::uint32_t position) {
+    if (++file_.messages > most_messages)
+        throw MidiError("more than " + std::to_string(most_messages) + " messages", position);
     const std::uint8_t channel = status & 0x0f;
     const std::uint8_t a = reader_.data();
     const bool short_message = (status & 0xe0) == 0xc0;  // program change and channel pressure

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <span>
 
 #include "app/midi/reader.h"
 #include "edits/track_edits.h"
+#include "file/document_writer.h"
 #include "file/new_document.h"
 #include "host/files.h"
 #include "host/host.h"
@@ -63,25 +64,19 @@ void add_track(Prseq& object, const MidiTrack& source) {
     TQ_Prseq_Tracks_InsertAllEvents(object, track, std::move(events));
 }
 
-std::optional<MidiSong> read_song(const Prseq& object, const std::string& path) {
-    std::string fault;
-    if (FileBytes bytes = object.host().patch.read(path, fault)) {
-        try {
-            return read_midi_file(std::as_bytes(std::span(*bytes)));
-        } catch (const MidiError& error) {
-            fault = error.what();
-        }
+std::optional<MidiSong> song_of(const Prseq& object, const std::string& path, std::string_view bytes) {
+    try {
+        return read_midi_file(std::as_bytes(std::span(bytes)));
+    } catch (const MidiError& error) {
+        object_error(object, fmt::sprintf("could not read \"%s\": %s", path, error.what()));
+        return {};
     }
-    object_error(object, fmt::sprintf("could not read \"%s\": %s", path, fault));
-    return {};
 }
 
 }  // namespace
 
-bool is_midi_file(const std::string& path) {
-    char magic[4] = {};
-    std::ifstream(path, std::ios::binary).read(magic, sizeof magic);
-    if (std::string_view(magic, sizeof magic) == "MThd") return true;
+bool is_midi_file(const std::string& path, std::string_view bytes) {
+    if (bytes.starts_with("MThd")) return true;
     std::string ending = std::filesystem::path(path).extension().string();
     std::transform(ending.begin(), ending.end(), ending.begin(),
                    [](unsigned char c) { return std::tolower(c); });
@@ -89,9 +84,19 @@ bool is_midi_file(const std::string& path) {
 }
 
 std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& path) {
-    TQ_Prseq_NewFile(object);
-    std::optional<MidiSong> song = read_song(object, path);
+    std::string fault;
+    if (FileBytes bytes = object.host().patch.read(path, fault))
+        return import_midi_bytes(object, path, *bytes);
+    object_error(object, fmt::sprintf("could not read \"%s\": %s", path, fault));
+    return {};
+}
+
+std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& path, std::string_view bytes) {
+    std::optional<MidiSong> song = song_of(object, path, bytes);
     if (!song) return {};
+    if (prseq_getdirtyflag(object))
+        object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
+    TQ_Prseq_NewFile(object);
     MidiImport import{.tracks = song->tracks.size(), .ignored_messages = song->ignored_messages};
     for (MidiTrack& track : song->tracks) {
         add_track(object, track);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tq {
 
@@ -14,10 +15,12 @@ struct MidiImport {
     size_t ignored_messages = 0;  ///< channel messages that a document has no home for
 };
 
-/// Whether a path names a Standard MIDI File: by its first bytes, or by its ending.
-bool is_midi_file(const std::string& path);
+/// Whether a file is a Standard MIDI File: by its first bytes, or by its name's ending.
+bool is_midi_file(const std::string& path, std::string_view bytes);
 /// Replaces the document by the song of a file: untitled, with what "track_add" and "event" messages would
-/// have made of it. None, and why is posted, when the file cannot be read; the document is empty then.
+/// have made of it. None, and why is posted, when the file cannot be read; the document stays then.
 std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& path);
+/// The same of a file's bytes.
+std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& path, std::string_view bytes);
 
 }  // namespace tq

@@ -28,33 +28,47 @@ std::optional<PlayedNote> NoteListener::note_of(AtomSpan arguments) const {
     return note;
 }
 
-void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source) {
+void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source, long track) {
     std::optional<PlayedNote> note = note_of(arguments);
     if (!note) return;
     note->ms = now();
     note->voice = voice;
     note->source = source;
+    note->track = track;
     for (Player* player : players_) player->note(*note);
 }
 
 void NoteListener::outlet(int outlet, Symbol selector, AtomSpan atoms) {
     if (outlet == OutletSystemInfo && selector == tq_sym_ticks)
         for (Player* player : players_) player->stop_all(now());
+    if (outlet == OutletTrackInfo) return mute(atoms);
     if (outlet != OutletPlaying) return;
     std::optional<OutletList> list = parse_outlet_list(atoms);
     if (!list) return;
     std::string source = source_of_track(list->track);
     if (list->kind == OutletList::Kind::Event)
-        play(list->arguments, voice_without_destination, source);
+        play(list->arguments, voice_without_destination, source, list->track);
     else
         for (Player* player : players_) player->stop(source, now());
+}
+
+/// "mute INDEX 1": a track is muted, and what it has begun ends.
+void NoteListener::mute(AtomSpan atoms) {
+    if (atoms.size() < 3 || atoms[0].as_symbol() != tq_sym_mute || atoms[2].as_long() == 0) return;
+    for (Player* player : players_) player->stop_track(atoms[1].as_long(), now());
+}
+
+/// What a receiver gets does not say of which track it is: of that whose event is being sent.
+long NoteListener::track_that_plays() const {
+    const EventRef& event = session_.box().nextevent;
+    return event && event->track ? event->track->index : -1;
 }
 
 void NoteListener::receiver(Symbol name, Symbol selector, AtomSpan atoms) {
     std::optional<Voice> voice = voice_of_receiver(name.text());
     if (!voice) return;
     if (selector == tq_sym_event)
-        play(atoms, *voice, name.text());
+        play(atoms, *voice, name.text(), track_that_plays());
     else if (selector == tq_sym_stop)
         for (Player* player : players_) player->stop(name.text(), now());
 }

@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <sstream>
 
-#include "app/patch/state_folder.h"
 #include "host/files.h"
+#include "host/state_folder.h"
 
 namespace tq {
 

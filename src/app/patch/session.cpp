@@ -1,9 +1,7 @@
 #include "app/patch/session.h"
 
-#include <cctype>
+#include <algorithm>
 
-#include "app/patch/host_calls.h"
-#include "app/patch/import.h"
 #include "instance/symbols.h"
 #include "instance/utilities.h"
 #include "shell/instance.h"
@@ -11,23 +9,6 @@
 namespace tq {
 
 namespace {
-
-/// The driver's own lines begin with a dot and comments with "#": a message that does is escaped.
-std::string driver_line(std::string_view message) {
-    const size_t begin = message.find_first_not_of(" \t\r\n");
-    if (begin == message.npos) return {};
-    const bool escape =
-        message[begin] == '#' || (message[begin] == '.' && begin + 1 < message.size() &&
-                                  std::isalpha(static_cast<unsigned char>(message[begin + 1])));
-    return (escape ? "\\" : "") + std::string(message.substr(begin));
-}
-
-/// The text that parse_message() makes this message of.
-std::string message_text(Symbol message, AtomSpan atoms) {
-    std::string text = atom_gettext(Atoms{message});
-    if (!atoms.empty()) text += ' ';
-    return text + atom_gettext(atoms);
-}
 
 constexpr std::string_view receiver_schemes[] = {"gm:", "midi:", "osc:"};
 
@@ -46,24 +27,39 @@ Session::Session() {
 }
 
 Session::~Session() {
-    host_.patch = Patch();  // nobody listens to a box that goes away
+    static_cast<PatchEars&>(host_.patch) = {};  // nobody listens to a box that goes away
+    tell([](SessionListener& listener) { listener.heard_ = nullptr; });
+}
+
+SessionListener::~SessionListener() {
+    if (heard_) std::ranges::replace(heard_->listeners_, this, nullptr);
+}
+
+void Session::listen(SessionListener& listener) {
+    std::erase(listeners_, nullptr);
+    listeners_.push_back(&listener);
+    listener.heard_ = this;
+}
+
+/// By index: who is told may make others listen, or go.
+template <typename What>
+void Session::tell(What what) {
+    for (size_t i = 0; i < listeners_.size(); ++i)
+        if (listeners_[i]) what(*listeners_[i]);
 }
 
 void Session::wire() {
-    auto tell = [this](auto what) {
-        for (SessionListener* listener : listeners_) what(*listener);
-    };
-    host_.patch.post = [tell](const Object&, const std::string& text) {
+    host_.patch.post = [this](const Object&, const std::string& text) {
         tell([&](auto& l) { l.post(text); });
     };
-    host_.patch.error = [tell](const Object& object, const std::string& text) {
+    host_.patch.error = [this](const Object& object, const std::string& text) {
         tell([&](auto& l) { l.error(object, text); });
     };
-    host_.patch.dumpout = [tell](Object&, Symbol selector, AtomSpan atoms) {
+    host_.patch.dumpout = [this](Object&, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.dumpout(selector, atoms); });
     };
-    host_.patch.redraw = [tell](Object&) { tell([](auto& l) { l.redraw(); }); };
-    host_.patch.outlet = [this, tell](Object&, int outlet, Symbol selector, AtomSpan atoms) {
+    host_.patch.redraw = [this](Object&) { tell([](auto& l) { l.redraw(); }); };
+    host_.patch.outlet = [this](Object&, int outlet, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.outlet(outlet, selector, atoms); });
         if (feedback && outlet == OutletSystemInfo && selector == tq_sym_ticks && !atoms.empty())
             itm_setticks(*box_->transport, atoms[0].as_double());
@@ -75,7 +71,7 @@ void Session::wire() {
 
 std::unique_ptr<Object> Session::relay(Symbol name) {
     return std::make_unique<Through>(host_, name, [this, name](Symbol selector, AtomSpan atoms) {
-        for (SessionListener* listener : listeners_) listener->receiver(name, selector, atoms);
+        tell([&](auto& l) { l.receiver(name, selector, atoms); });
     });
 }
 
@@ -83,29 +79,40 @@ void Session::make_receiver(Symbol name) {
     if (!name.empty() && !symbol_thing(host_, name)) host_.receivers.push_back(relay(name));
 }
 
-void Session::send(std::string_view text) {
-    call([&] { return driver_line(text); },
-         [&] {
-             ParsedMessage message = parse_message(text);
-             object_method_typed(*box_, message.selector, message.arguments);
-         });
+bool Session::call(SessionCall call) {
+    if (calling_) {
+        waiting_.push_back(std::move(call));
+        return false;
+    }
+    if (host_.scheduler.running()) {
+        host_.scheduler.defer_low(*box_, [this, later = std::move(call)] { perform_alone(later); });
+        return false;
+    }
+    return perform_alone(call);
 }
 
+/// A call, and those that it made others make.
+bool Session::perform_alone(const SessionCall& call) {
+    calling_ = true;
+    const bool done = perform_now(call);
+    for (; !waiting_.empty(); waiting_.pop_front()) perform_now(waiting_.front());
+    calling_ = false;
+    return done;
+}
+
+bool Session::perform_now(const SessionCall& call) {
+    if (call_listener_) call_listener_->calling(call);
+    const bool done = perform(*this, call);
+    host_.scheduler.run_due();
+    if (call_listener_) call_listener_->called();
+    return done;
+}
+
+void Session::send(std::string_view text) { call(parse_message(text)); }
 void Session::send(Symbol message, AtomSpan atoms) {
-    call([&] { return driver_line(message_text(message, atoms)); },
-         [&] { object_method_typed(*box_, message, atoms); });
+    call(MessageCall{message, {atoms.begin(), atoms.end()}});
 }
 
-bool Session::open(const std::string& path) {
-    return is_midi_file(path) ? call_import(*this, path) : call_open(*this, path);
-}
-
-ParsedMessage parse_message(std::string_view text) {
-    Atoms atoms = atom_setparse(text);
-    if (atoms.empty()) return {};
-    if (atoms.front().is_symbol()) return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end())};
-    if (atoms.size() > 1) return {gensym("list"), std::move(atoms)};
-    return {gensym(atoms.front().is_int() ? "int" : "float"), std::move(atoms)};
-}
+bool Session::open(const std::string& path) { return call(OpenCall{path}); }
 
 }  // namespace tq

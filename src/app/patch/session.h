@@ -2,11 +2,13 @@
 // named, and whatever the box says goes to those who listen.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/patch/calls.h"
 #include "host/host.h"
 #include "instance/prseq.h"
 
@@ -15,13 +17,21 @@ namespace tq {
 /// Hears what the box says, in the order in which it is said, at the scheduler's logical time.
 class SessionListener {
  public:
-    virtual ~SessionListener() = default;
+    SessionListener() = default;
+    /// Hears no more; listeners and sessions may go in any order.
+    virtual ~SessionListener();
+    SessionListener(const SessionListener&) = delete;
+    SessionListener& operator=(const SessionListener&) = delete;
     virtual void outlet(int, Symbol, AtomSpan) {}
     virtual void dumpout(Symbol, AtomSpan) {}
     virtual void receiver(Symbol /*name*/, Symbol, AtomSpan) {}
     virtual void post(const std::string&) {}
     virtual void error(const Object&, const std::string&) {}
     virtual void redraw() {}
+
+ private:
+    friend class Session;
+    Session* heard_ = nullptr;
 };
 
 /// Hears of everything that is done to the box from outside. With the times of these calls, the random seed
@@ -29,13 +39,10 @@ class SessionListener {
 class CallListener {
  public:
     virtual ~CallListener() = default;
-    /// A call begins: its line in the script driver's language.
-    virtual void calling(std::string_view line) = 0;
+    /// A call begins.
+    virtual void calling(const SessionCall& call) = 0;
     /// It is done.
     virtual void called() = 0;
-    /// The box is about to be painted, and has been; a paint brings zoom and scroll into step.
-    virtual void painting() = 0;
-    virtual void painted() = 0;
 };
 
 class Session {
@@ -49,52 +56,40 @@ class Session {
     Host& host() { return host_; }
     Prseq& box() { return *box_; }
     const Prseq& box() const { return *box_; }
-    /// The listener must live as long as the session.
-    void listen(SessionListener& listener) { listeners_.push_back(&listener); }
+    /// A listener hears one session.
+    void listen(SessionListener& listener);
     /// From now on this one hears of the calls; none: nobody.
     void listen_to_calls(CallListener* listener) { call_listener_ = listener; }
     /// Makes a relay of this name, unless there is one.
     void make_receiver(Symbol name);
 
-    /// Does something to the box that comes from outside, and runs what it made due. `line` gives the line of
-    /// the script driver that does the same; it is asked only when somebody listens.
-    template <typename Line, typename Action>
-    void call(Line line, Action action) {
-        if (call_listener_) call_listener_->calling(line());
-        action();
-        host_.scheduler.run_due();
-        if (call_listener_) call_listener_->called();
-    }
-    /// Paints the box by `draw`.
-    template <typename Draw>
-    void paint(Draw draw) {
-        if (call_listener_) call_listener_->painting();
-        draw();
-        if (call_listener_) call_listener_->painted();
-    }
+    /// Does something to the box that comes from outside, and runs what it made due; whether it did what it
+    /// was for. A call that is made while the box is busy with another, or with what time brings, waits until
+    /// that is over: the box is told one thing at a time. False then.
+    bool call(SessionCall call);
 
     /// Sends the inlet a message in message text (a lone number is "int" or "float").
     void send(std::string_view text);
     void send(Symbol message, AtomSpan atoms);
-    /// Opens a document or a Standard MIDI File. False when it is neither; why is posted as an error.
+    /// Opens a document, or a Standard MIDI File as an untitled one. False when it is neither; why is posted
+    /// as an error.
     bool open(const std::string& path);
 
  private:
+    friend class SessionListener;
+    template <typename What>
+    void tell(What what);
     void wire();
+    bool perform_alone(const SessionCall& call);
+    bool perform_now(const SessionCall& call);
     std::unique_ptr<Object> relay(Symbol name);
 
     Host host_;
-    std::vector<SessionListener*> listeners_;
+    std::vector<SessionListener*> listeners_;  ///< null: one that is gone
     CallListener* call_listener_ = nullptr;
+    bool calling_ = false;
+    std::deque<SessionCall> waiting_;  ///< calls
     std::unique_ptr<Prseq> box_;
 };
-
-/// Sends what is in `text` as a message: its selector and its arguments.
-struct ParsedMessage {
-    Symbol selector;
-    Atoms arguments;
-};
-/// A lone number is the message "int" or "float", several atoms that begin with a number are a "list".
-ParsedMessage parse_message(std::string_view text);
 
 }  // namespace tq

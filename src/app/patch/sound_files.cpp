@@ -27,7 +27,7 @@ SoundFiles::SoundFiles(Session& session) : session_(session) {
             made_[name.text()] = *file;
 }
 
-SoundFiles::~SoundFiles() { session_.host().patch.want_buffer = Patch().want_buffer; }
+SoundFiles::~SoundFiles() { session_.host().patch.want_buffer = PatchEars().want_buffer; }
 
 void SoundFiles::want(Symbol symbol) {
     Host& host = session_.host();

@@ -1,4 +1,4 @@
-// The driver's own lines: those that begin with a dot.
+// What the driver's lines do.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@ namespace tq {
 
 class Driver;
 
-/// Runs one. Throws a ScriptFault when it is not understood.
+/// Runs a line. Throws a ScriptFault when it is not understood.
 void run_command(Driver& driver, const std::string& line);
 
 }  // namespace tq

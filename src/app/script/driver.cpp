@@ -1,12 +1,10 @@
 #include "app/script/driver.h"
 
 #include <algorithm>
-#include <cctype>
-#include <istream>
 #include <utility>
 
-#include "app/patch/host_calls.h"
 #include "app/script/commands.h"
+#include "app/script/framed_lines.h"
 #include "host/files.h"
 #include "view/draw.h"
 
@@ -14,43 +12,23 @@ namespace tq {
 
 namespace {
 
-using Kind = FileOutcome::Kind;
-
-bool is_driver_line(const std::string& line) {
-    return line.size() > 1 && line[0] == '.' && std::isalpha(static_cast<unsigned char>(line[1]));
-}
+using Kind = FileLine::Kind;
 
 std::string trimmed(const std::string& line) {
     size_t first = line.find_first_not_of(" \t\r"), last = line.find_last_not_of(" \t\r");
     return first == line.npos ? "" : line.substr(first, last - first + 1);
 }
 
-/// ".lines N": the next N lines are one, with line ends in it.
-std::string joined_lines(const std::string& count, std::istream& lines, long& number) {
-    std::string text, line;
-    for (long left = std::strtol(count.c_str(), nullptr, 10); left > 0; --left, ++number) {
-        if (!std::getline(lines, line)) throw ScriptFault{"", 0, "a line is missing"};
-        text += line + (left > 1 ? "\n" : "");
-    }
-    return text;
-}
-
 }  // namespace
 
-Driver::Driver(Session& session)
-    : session_(session), outside_(static_cast<PatchFiles&>(session.host().patch)) {
-    install_files();
-}
-
-Driver::~Driver() { static_cast<PatchFiles&>(session_.host().patch) = outside_; }
+Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(session) {}
+Driver::~Driver() = default;
 
 void Driver::run(std::istream& lines, const std::string& name) {
-    constexpr std::string_view several = ".lines ";
     std::string line;
-    for (long number = 1; std::getline(lines, line); ++number) {
-        const long first = number;
+    for (long number = 0, first = 1;; first = number + 1) {
         try {
-            if (line.starts_with(several)) line = joined_lines(line.substr(several.size()), lines, number);
+            if (!read_framed(lines, line, number)) return;
             line_begins(first);
             run_line(line);
         } catch (ScriptFault& fault) {
@@ -65,10 +43,7 @@ void Driver::run(std::istream& lines, const std::string& name) {
 void Driver::run_line(const std::string& text) {
     const std::string line = trimmed(text);
     if (line.empty() || line[0] == '#') return;
-    if (is_driver_line(line))
-        run_command(*this, line);
-    else
-        session_.send(line);
+    run_command(*this, line);
     if (fault_) throw ScriptFault{"", 0, *std::exchange(fault_, {})};
 }
 
@@ -77,60 +52,62 @@ void Driver::wait(double ms) {
     scheduler.run_until(scheduler.now() + ms);
 }
 
-void Driver::resize(Size size) { call_size(session_, size); }
+void Driver::resize(Size size) { session_.call(SizeCall{size.width, size.height}); }
 
-void Driver::paint(const std::string&) {
-    session_.paint([] {});
+void Driver::quit() { throw ScriptFault{"", 0, "there is nothing to close"}; }
+
+std::optional<std::string> Driver::open_dialog() {
+    return take_answer("dialog open", [this] { return PatchFiles::open_dialog(); });
 }
 
-void Driver::install_files() {
-    PatchFiles& files = session_.host().patch;
-    files.open_dialog = [this] { return take_answer("dialog open", outside_.open_dialog); };
-    files.save_dialog = [this](const std::string& name) {
-        return take_answer("dialog save " + name, [&] { return outside_.save_dialog(name); });
-    };
-    files.locate = [this](const std::string& name, const std::string& folder) {
-        std::optional<FileOutcome> outcome = take_outcome(Kind::Found, Kind::Missing);
-        if (!outcome) return outside_.locate(name, folder);
-        return outcome->kind == Kind::Found ? std::optional(located(outcome->text)) : std::nullopt;
-    };
-    files.read = [this](const std::string& path, std::string& fault) {
-        std::optional<FileOutcome> outcome = take_outcome(Kind::Read, Kind::Unreadable);
-        if (!outcome) return outside_.read(path, fault);
-        fault = outcome->text;
-        if (outcome->kind != Kind::Read) return FileBytes();
-        FileBytes bytes = kept_bytes(outcome->text, fault);
-        if (!bytes) note_fault("could not read \"" + outcome->text + "\": " + fault);
-        return bytes;
-    };
-    files.write = [this](const std::string& path, std::string_view bytes, std::string& fault) {
-        std::optional<FileOutcome> outcome = take_outcome(Kind::Written, Kind::Unwritable);
-        if (!outcome) return outside_.write(path, bytes, fault);
-        fault = outcome->text;
-        return outcome->kind == Kind::Written;
-    };
-    files.keep_copy = [this](const Object& object, const std::string& text) {
-        if (!replaying_) outside_.keep_copy(object, text);
-    };
+std::optional<std::string> Driver::save_dialog(const std::string& name) {
+    return take_answer("dialog save " + name, [&] { return PatchFiles::save_dialog(name); });
 }
 
-std::optional<std::string> Driver::take_answer(const std::string& said,
-                                               const std::function<std::optional<std::string>()>& ask) {
+template <typename Ask>
+std::optional<std::string> Driver::take_answer(const std::string& said, Ask ask) {
     say(said);
     if (answers_.empty()) return replaying_ ? std::nullopt : ask();
-    Answer answer = std::move(answers_.front());
+    AnswerLine answer = std::move(answers_.front());
     answers_.pop_front();
     if (answer.ms) wait(*answer.ms);
     return answer.file;
 }
 
-std::optional<FileOutcome> Driver::take_outcome(Kind good, Kind bad) {
+std::optional<LocatedFile> Driver::locate(const std::string& name, const std::string& folder) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Found, Kind::Missing);
+    if (!outcome) return PatchFiles::locate(name, folder);
+    return outcome->kind == Kind::Found ? std::optional(located(outcome->text)) : std::nullopt;
+}
+
+FileBytes Driver::read(const std::string& path, std::string& fault) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Read, Kind::Unreadable);
+    if (!outcome) return PatchFiles::read(path, fault);
+    fault = outcome->text;
+    if (outcome->kind != Kind::Read) return nullptr;
+    FileBytes bytes = kept_bytes(outcome->text, fault);
+    if (!bytes) note_fault("could not read \"" + outcome->text + "\": " + fault);
+    return bytes;
+}
+
+bool Driver::write(const std::string& path, std::string_view bytes, std::string& fault) {
+    const std::optional<FileLine> outcome = take_outcome(Kind::Written, Kind::Unwritable);
+    if (!outcome) return PatchFiles::write(path, bytes, fault);
+    fault = outcome->text;
+    return outcome->kind == Kind::Written;
+}
+
+void Driver::keep_copy(const Object& object, const std::string& text) {
+    if (!replaying_) PatchFiles::keep_copy(object, text);
+}
+
+std::optional<FileLine> Driver::take_outcome(Kind good, Kind bad) {
     if (outcomes_.empty() && !replaying_) return {};
     if (outcomes_.empty() || (outcomes_.front().kind != good && outcomes_.front().kind != bad)) {
         note_fault("the recorded file accesses do not fit");
-        return FileOutcome{bad, ""};
+        return FileLine{bad, ""};
     }
-    FileOutcome outcome = std::move(outcomes_.front());
+    FileLine outcome = std::move(outcomes_.front());
     outcomes_.pop_front();
     return outcome;
 }

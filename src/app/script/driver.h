@@ -7,39 +7,17 @@
 #include <string>
 
 #include "app/patch/session.h"
+#include "app/script/lines.h"
 
 namespace tq {
-
-/// A line that is not understood, or does not fit what happens.
-struct ScriptFault {
-    std::string file;
-    long line = 0;
-    std::string what;
-};
-
-/// What a file access will answer: ".file KIND [TEXT]".
-struct FileOutcome {
-    enum class Kind { Found, Missing, Read, Unreadable, Written, Unwritable };
-    Kind kind;
-    std::string text;  ///< the path found, the file that holds the bytes, or the reason
-};
-struct FileOutcomeName {
-    const char* name;
-    FileOutcome::Kind kind;
-    bool has_text;
-};
-inline constexpr FileOutcomeName file_outcome_names[] = {
-    {"found", FileOutcome::Kind::Found, true},      {"missing", FileOutcome::Kind::Missing, false},
-    {"read", FileOutcome::Kind::Read, true},        {"unreadable", FileOutcome::Kind::Unreadable, true},
-    {"written", FileOutcome::Kind::Written, false}, {"unwritable", FileOutcome::Kind::Unwritable, true}};
 
 /// Runs lines in virtual time. How time passes, what paints and who hears what is said are the business of
 /// those that derive from it. File dialogs and file accesses are answered from the lines, and by whoever
 /// answered them before when no line does.
-class Driver {
+class Driver : private PatchFiles {
  public:
     explicit Driver(Session& session);
-    virtual ~Driver();
+    ~Driver() override;
     Driver(const Driver&) = delete;
     Driver& operator=(const Driver&) = delete;
 
@@ -56,8 +34,10 @@ class Driver {
     virtual void wait(double ms);
     /// ".size": gives the box a size.
     virtual void resize(Size size);
-    /// ".paint": paints now, into a PNG when `file` is not empty.
-    virtual void paint(const std::string& file);
+    /// ".paint": paints now, into a PNG when `file` is not empty; where nobody looks, nothing.
+    virtual void paint(const std::string& file) { static_cast<void>(file); }
+    /// ".quit": nothing can be closed here.
+    virtual void quit();
     /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.
     virtual FileBytes kept_bytes(const std::string& name, std::string& fault);
     /// Before each line; may throw a ScriptFault.
@@ -70,22 +50,22 @@ class Driver {
 
  private:
     friend struct DriverCommands;
-    struct Answer {
-        std::optional<std::string> file;  ///< none: cancelled
-        std::optional<double> ms;         ///< how long the dialog is open
-    };
-    void install_files();
-    std::optional<std::string> take_answer(const std::string& said,
-                                           const std::function<std::optional<std::string>()>& ask);
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<LocatedFile> locate(const std::string& name, const std::string& folder) override;
+    FileBytes read(const std::string& path, std::string& fault) override;
+    bool write(const std::string& path, std::string_view bytes, std::string& fault) override;
+    void keep_copy(const Object& object, const std::string& text) override;
+    template <typename Ask>
+    std::optional<std::string> take_answer(const std::string& said, Ask ask);
     /// The outcome of the file access that is going on; none: it is to be done. Notes a fault when the lines
     /// tell of another access.
-    std::optional<FileOutcome> take_outcome(FileOutcome::Kind good, FileOutcome::Kind bad);
+    std::optional<FileLine> take_outcome(FileLine::Kind good, FileLine::Kind bad);
     void note_fault(const std::string& what);
 
     Session& session_;
-    PatchFiles outside_;  ///< who answered before
-    std::deque<Answer> answers_;
-    std::deque<FileOutcome> outcomes_;
+    std::deque<AnswerLine> answers_;
+    std::deque<FileLine> outcomes_;
     std::optional<std::string> fault_;  ///< of the line that is being run
     bool replaying_ = false;
 };

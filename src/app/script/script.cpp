@@ -1,14 +1,12 @@
 #include "app/script/script.h"
 
-#include "app/patch/host_calls.h"
-
 namespace tq {
 
 Script::Script(const ScriptOptions& options, std::ostream& out)
     : Driver(own_session), printer_(own_session, out, options.times) {
     own_session.listen(*this);
     options.prepare(own_session);
-    call_size(own_session, {options.width, options.height});
+    own_session.call(SizeCall{options.width, options.height});
     paint_if_asked();  // a document's view is meant for the box as it is laid out
     if (!options.document.empty()) own_session.open(options.document);
     paint_if_asked();
@@ -17,12 +15,10 @@ Script::Script(const ScriptOptions& options, std::ostream& out)
 void Script::paint(const std::string& file) {
     Prseq& box = own_session.box();
     redraw_asked_ = false;
-    own_session.paint([&] {
-        if (file.empty())
-            painter_.paint(box);
-        else if (auto reason = painter_.paint_to_png(box, file))
-            object_error(box, *reason);
-    });
+    if (file.empty())
+        painter_.paint(box);
+    else if (auto reason = painter_.paint_to_png(box, file))
+        object_error(box, *reason);
 }
 
 void Script::paint_if_asked() {

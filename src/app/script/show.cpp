@@ -1,6 +1,5 @@
 #include "app/script/show.h"
 
-#include <algorithm>
 #include <map>
 
 #include "file/document_writer.h"
@@ -44,12 +43,7 @@ Lines show_events(Prseq& box) {
 
 Lines show_layers(Prseq& box) {
     std::string line = "layers";
-    std::vector<Symbol> said;
-    for (Symbol name : box.layers.drawn) {
-        if (std::find(said.begin(), said.end(), name) != said.end()) continue;
-        said.push_back(name);
-        line += " " + name.text();
-    }
+    for (Symbol name : box.layers.drawn) line += " " + name.text();
     box.layers.drawn.clear();
     return {line};
 }

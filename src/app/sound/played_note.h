@@ -32,6 +32,7 @@ struct PlayedNote {
     std::vector<PitchPoint> curve{};  ///< the pitch while the note lasts; empty when it stays
     Voice voice{};
     std::string source{};                  ///< whom a stop stops: the track's number, or the receiver's name
+    long track = -1;                       ///< whose muting ends it; −1: nobody's
     std::optional<PlayedSample> sample{};  ///< heard in the note's stead, at full level at velocity 127
     bool only_sample = false;              ///< there is no note at all, pitch and velocity stand for nothing
 };

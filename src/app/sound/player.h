@@ -12,6 +12,8 @@ class Player {
     virtual void note(const PlayedNote& note) = 0;
     /// Ends every note of a source that sounds.
     virtual void stop(const std::string& source, double ms) = 0;
+    /// Ends every note of a track that sounds, whatever its source.
+    virtual void stop_track(long track, double ms) = 0;
     /// Ends every note that sounds.
     virtual void stop_all(double ms) = 0;
 };

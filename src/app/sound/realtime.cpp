@@ -9,22 +9,24 @@ RealtimePlayer::RealtimePlayer(const std::string& sound_font, double rate, doubl
 
 RealtimePlayer::~RealtimePlayer() = default;
 
-void RealtimePlayer::start(double ms) { send({Command::Kind::Start, sample_at(ms, rate_), 0, nullptr}); }
+void RealtimePlayer::start(double ms) { send({Command::Kind::Start, sample_at(ms, rate_)}); }
 
 void RealtimePlayer::note(const PlayedNote& note) {
     if (!is_audible(note)) return;
     auto worked_out = std::make_unique<SynthNote>(synth_note(note, source(note.source), rate_));
     const std::int64_t at = worked_out->start;
-    send({Command::Kind::Note, at, 0, std::move(worked_out)});
+    send({Command::Kind::Note, at, std::move(worked_out)});
 }
 
 void RealtimePlayer::stop(const std::string& name, double ms) {
-    send({Command::Kind::Stop, sample_at(ms, rate_), source(name), nullptr});
+    send({Command::Kind::Stop, sample_at(ms, rate_), nullptr, {.source = source(name)}});
 }
 
-void RealtimePlayer::stop_all(double ms) {
-    send({Command::Kind::Stop, sample_at(ms, rate_), Synth::all_sources, nullptr});
+void RealtimePlayer::stop_track(long track, double ms) {
+    send({Command::Kind::Stop, sample_at(ms, rate_), nullptr, {.track = track}});
 }
+
+void RealtimePlayer::stop_all(double ms) { send({Command::Kind::Stop, sample_at(ms, rate_)}); }
 
 // Memory is asked for and given back here, never by the audio thread.
 void RealtimePlayer::send(Command command) {
@@ -57,7 +59,7 @@ void RealtimePlayer::run(Command& command) {
             synth_.note(std::move(command.note));
             break;
         case Command::Kind::Stop:
-            synth_.stop(command.source, on_device(command.at));
+            synth_.stop(command.stop, on_device(command.at));
             break;
     }
 }

@@ -28,6 +28,7 @@ class RealtimePlayer : public Player {
     void start(double ms);
     void note(const PlayedNote& note) override;
     void stop(const std::string& source, double ms) override;
+    void stop_track(long track, double ms) override;
     void stop_all(double ms) override;
     /// 0…1.
     void set_volume(double volume) { volume_ = static_cast<float>(volume); }
@@ -45,8 +46,8 @@ class RealtimePlayer : public Player {
         enum class Kind { Start, Note, Stop };
         Kind kind;
         std::int64_t at;  // in samples of logical time
-        int source = 0;
-        std::unique_ptr<SynthNote> note;
+        std::unique_ptr<SynthNote> note{};
+        SynthStop stop{};
         Command* next = nullptr;
     };
 

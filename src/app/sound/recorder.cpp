@@ -39,6 +39,16 @@ void Recorder::stop(const std::string& source, double ms) {
     if (const auto found = unstopped_.find(source); found != unstopped_.end()) cut(found->second, ms);
 }
 
+void Recorder::stop_track(long track, double ms) {
+    for (auto& [source, notes] : unstopped_) {
+        const auto own = std::stable_partition(notes.begin(), notes.end(),
+                                               [&](auto i) { return notes_[i].track != track; });
+        std::vector<std::size_t> stopped(own, notes.end());
+        notes.erase(own, notes.end());
+        cut(stopped, ms);
+    }
+}
+
 void Recorder::stop_all(double ms) {
     for (auto& [source, notes] : unstopped_) cut(notes, ms);
 }

@@ -13,6 +13,7 @@ class Recorder : public Player {
  public:
     void note(const PlayedNote& note) override;
     void stop(const std::string& source, double ms) override;
+    void stop_track(long track, double ms) override;
     void stop_all(double ms) override;
 
     const std::vector<PlayedNote>& notes() const { return notes_; }

@@ -10,9 +10,9 @@ namespace {
 constexpr float full_volume = 0.4f;  // a dense piece stays below ±1 nearly always
 constexpr float round_from = 0.8f;   // from this level on, loudness is rounded off towards 1
 
-// Room for more than music has at a time, so that the audio thread need not ask for memory.
-constexpr std::size_t expected_events = 1 << 16;
-constexpr std::size_t expected_notes = 1 << 13;
+constexpr std::size_t usual_room = 1 << 15;  // notes, more than music has at a time
+constexpr std::size_t most_stops = 1 << 12;
+constexpr std::size_t events_of_note = 2;  // that wait at a time: its end and a move of the wheel
 
 float rounded_off(float sample) {
     const float level = std::abs(sample);
@@ -37,8 +37,13 @@ bool Synth::Event::operator<(const Event& other) const {
 }
 
 Synth::Synth(const std::string& sound_font, double rate) : pool_(sound_font, rate), samples_(rate) {
-    events_.reserve(expected_events);
-    sounding_.reserve(expected_notes);
+    make_room(usual_room);
+}
+
+void Synth::make_room(std::size_t notes) {
+    room_ = std::max(room_, notes);
+    events_.reserve(events_of_note * room_ + most_stops);
+    sounding_.reserve(room_);
 }
 
 Synth::~Synth() {
@@ -58,12 +63,16 @@ void Synth::push(const Event& event) {
 }
 
 void Synth::note(std::unique_ptr<SynthNote> note) {
+    if (taken_ == room_) return over_.put(std::move(note));
+    ++taken_;
     SynthNote* taken = note.release();
-    push({taken->start, handed_in_++, Kind::Start, taken->source, taken});
+    push({taken->start, handed_in_++, Kind::Start, taken, {}});
 }
 
-void Synth::stop(int source, std::int64_t sample) {
-    push({sample, handed_in_++, Kind::Stop, source, nullptr});
+void Synth::stop(const SynthStop& what, std::int64_t sample) {
+    if (stops_ == most_stops) return stop_now(what);
+    ++stops_;
+    push({sample, handed_in_++, Kind::Stop, nullptr, what});
 }
 
 void Synth::run(const Event& event) {
@@ -78,7 +87,8 @@ void Synth::run(const Event& event) {
             end(*event.note);
             break;
         case Kind::Stop:
-            stop_now(event.source);
+            --stops_;
+            stop_now(event.stop);
             break;
     }
     if (event.note) forget(*event.note);
@@ -98,9 +108,8 @@ void Synth::start(SynthNote& note) {
     playing.place = sounding_.size();
     playing.move = 1;
     sounding_.push_back(&note);
-    push({std::max(note.start + note.duration, position_), handed_in_++, Kind::End, note.source, &note});
-    if (note.moves.size() > 1)
-        push({note.start + note.moves[1].sample, handed_in_++, Kind::Move, note.source, &note});
+    push({std::max(note.start + note.duration, position_), handed_in_++, Kind::End, &note, {}});
+    if (note.moves.size() > 1) push({note.start + note.moves[1].sample, handed_in_++, Kind::Move, &note, {}});
 }
 
 void Synth::move(SynthNote& note) {
@@ -108,7 +117,7 @@ void Synth::move(SynthNote& note) {
     if (!playing.sounds) return;
     pool_.bend(handle(note), note.moves[playing.move].wheel);
     if (++playing.move == note.moves.size()) return;
-    push({note.start + note.moves[playing.move].sample, handed_in_++, Kind::Move, note.source, &note});
+    push({note.start + note.moves[playing.move].sample, handed_in_++, Kind::Move, &note, {}});
 }
 
 void Synth::end(SynthNote& note) {
@@ -121,17 +130,20 @@ void Synth::end(SynthNote& note) {
     sounding_.pop_back();
 }
 
-void Synth::stop_now(int source) {
+void Synth::stop_now(const SynthStop& what) {
     for (std::size_t i = sounding_.size(); i-- > 0;) {
         SynthNote& note = *sounding_[i];
-        if (source != all_sources && note.source != source) continue;
+        if (what.source != SynthStop::any && note.source != what.source) continue;
+        if (what.track != SynthStop::any && note.track != what.track) continue;
         if (note.sample) samples_.fade(note);
         end(note);
     }
 }
 
 void Synth::forget(SynthNote& note) {
-    if (--note.playing.events == 0) over_.put(std::unique_ptr<SynthNote>(&note));
+    if (--note.playing.events > 0) return;
+    --taken_;
+    over_.put(std::unique_ptr<SynthNote>(&note));
 }
 
 void Synth::render(float* left, float* right, int frames) {

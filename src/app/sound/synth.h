@@ -12,11 +12,16 @@
 
 namespace tq {
 
+/// What is to end: everything of the source and the track that are given.
+struct SynthStop {
+    static constexpr int any = -1;
+    int source = any;
+    long track = any;
+};
+
 /// Keeps notes until their time comes, starts, bends and ends them, and renders what sounds.
 class Synth {
  public:
-    static constexpr int all_sources = -1;
-
     /// Throws SoundError when the sound font cannot be read.
     Synth(const std::string& sound_font, double rate);
     ~Synth();
@@ -25,11 +30,16 @@ class Synth {
 
     /// The sample that is rendered next.
     std::int64_t position() const { return position_; }
-    /// Takes a note; one whose start is past starts at once, and keeps its end.
+    /// Makes room for so many notes at a time; to begin with there is room for 32768. Asks for memory, as
+    /// nothing else does that renders.
+    void make_room(std::size_t notes);
+    /// Takes a note; one whose start is past starts at once, and keeps its end. One that there is no room for
+    /// is left out.
     void note(std::unique_ptr<SynthNote> note);
-    /// At `sample`, ends what sounds of a source, or of all. Of what comes at one sample, ends are first,
-    /// then starts and stops in the order in which they were handed in.
-    void stop(int source, std::int64_t sample);
+    /// At `sample`, ends what sounds of a source or a track, or of all; at once when very many stops wait. Of
+    /// what comes at one sample, ends are first, then starts and stops in the order in which they were handed
+    /// in.
+    void stop(const SynthStop& what, std::int64_t sample);
     /// How loud everything is, 0…1; a change is a ramp over the next piece that is rendered.
     void set_volume(double volume);
 
@@ -48,8 +58,8 @@ class Synth {
         std::int64_t sample;
         std::uint64_t number;  // in the order of handing in
         Kind kind;
-        int source;
         SynthNote* note;
+        SynthStop stop;
         bool operator<(const Event& other) const;
     };
 
@@ -58,7 +68,7 @@ class Synth {
     void start(SynthNote& note);
     void move(SynthNote& note);
     void end(SynthNote& note);
-    void stop_now(int source);
+    void stop_now(const SynthStop& what);
     void mix(float* left, float* right, int frames);
     void forget(SynthNote& note);
     void finish(float* left, float* right, int frames);
@@ -67,6 +77,9 @@ class Synth {
     SampleVoices samples_;
     std::int64_t position_ = 0;
     std::uint64_t handed_in_ = 0;
+    std::size_t room_ = 0;              // notes
+    std::size_t taken_ = 0;             // of it
+    std::size_t stops_ = 0;             // that wait
     std::vector<Event> events_;         // a heap, the next first
     std::vector<SynthNote*> sounding_;  // in no order
     Mailbox<SynthNote> over_;

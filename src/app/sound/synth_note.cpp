@@ -36,6 +36,7 @@ SynthNote synth_note(const PlayedNote& note, int source, double rate) {
     result.start = sample_at(note.ms, rate);
     result.duration = sample_at(note.ms + note.duration_ms, rate) - result.start;
     result.source = source;
+    result.track = note.track;
     result.voice = note.voice;
     result.velocity = static_cast<int>(std::lround(std::clamp(note.velocity, 1.0, 127.0)));
     if (note.sample) {

@@ -29,6 +29,7 @@ struct SynthNote {
     std::int64_t start = 0;     ///< sample
     std::int64_t duration = 0;  ///< in samples
     int source = 0;
+    long track = -1;
     Voice voice;
     int velocity = 0;  ///< 1…127
     KeyBend bend{};

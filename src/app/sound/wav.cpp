@@ -1,17 +1,16 @@
 #include "app/sound/wav.h"
 
 #include <sndfile.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <map>
 #include <memory>
 
 #include "app/sound/error.h"
 #include "app/sound/fluid.h"
 #include "app/sound/synth.h"
+#include "host/file_writer.h"
 
 namespace tq {
 
@@ -25,50 +24,42 @@ struct CloseSound {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
 
-// A sound file that has its name only once it is whole.
+/// A sound file on its way to its name.
 class WavWriter {
  public:
-    explicit WavWriter(std::string path)
-        : path_(std::move(path)), beside_(path_ + ".part" + std::to_string(getpid())) {
+    explicit WavWriter(const std::string& path) : path_(path), target_(path) {
+        if (!target_) fail(target_.fault());
         SF_INFO info{};
         info.samplerate = rate;
         info.channels = 2;
         info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-        file_.reset(sf_open(beside_.c_str(), SFM_WRITE, &info));
+        file_.reset(sf_open_fd(target_.descriptor(), SFM_WRITE, &info, SF_FALSE));
         if (!file_) fail(sf_strerror(nullptr));
         sf_command(file_.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
     }
-    ~WavWriter() {
-        file_.reset();
-        std::error_code ignored;
-        if (!beside_.empty()) std::filesystem::remove(beside_, ignored);
-    }
-    WavWriter(const WavWriter&) = delete;
-    WavWriter& operator=(const WavWriter&) = delete;
 
     void write(const float* interleaved, int frames) {
         if (sf_writef_float(file_.get(), interleaved, frames) != frames) fail(sf_strerror(file_.get()));
     }
     void finish() {
-        sf_write_sync(file_.get());
         if (sf_error(file_.get()) != SF_ERR_NO_ERROR) fail(sf_strerror(file_.get()));
         if (sf_close(file_.release()) != 0) fail("the file cannot be closed");
-        std::error_code error;
-        std::filesystem::rename(beside_, path_, error);
-        if (error) fail(error.message());
-        beside_.clear();
+        if (!target_.commit()) fail(target_.fault());
     }
 
  private:
-    [[noreturn]] void fail(const std::string& reason) const { throw SoundError(path_ + ": " + reason); }
+    [[noreturn]] void fail(const std::string& reason) const {
+        throw SoundError("could not write \"" + path_ + "\": " + reason);
+    }
 
     std::string path_;
-    std::string beside_;
-    std::unique_ptr<SNDFILE, CloseSound> file_;
+    FileWriter target_;
+    std::unique_ptr<SNDFILE, CloseSound> file_;  ///< goes before what it writes into
 };
 
 void hand_in(Synth& synth, std::span<const PlayedNote> notes) {
     std::map<std::string, int> sources;
+    synth.make_room(notes.size());
     for (const PlayedNote& note : notes) {
         const int source = sources.try_emplace(note.source, static_cast<int>(sources.size())).first->second;
         if (is_audible(note)) synth.note(std::make_unique<SynthNote>(synth_note(note, source, rate)));

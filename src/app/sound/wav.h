@@ -15,8 +15,7 @@ struct WavOptions {
 };
 
 /// Renders notes into a WAV file: 44100 Hz, stereo, 16 bit; each note begins at the sample nearest to its
-/// time. The file is written beside its target and renamed when it is whole. Throws SoundError with the
-/// reason.
+/// time. The file is written as a FileWriter does. Throws SoundError with the reason.
 void render_wav(std::span<const PlayedNote> notes, const std::string& path, const WavOptions& options = {});
 
 }  // namespace tq

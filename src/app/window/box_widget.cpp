@@ -1,10 +1,10 @@
 #include "app/window/box_widget.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
-#include "app/patch/host_calls.h"
 #include "app/window/keys.h"
 #include "app/window/wheel.h"
 #include "host/graphics.h"
@@ -38,7 +38,7 @@ void BoxWidget::paint_box() {
         picture_ = jgraphics_image_surface_create(size.width, size.height, ratio);
     stale_ = false;  // before painting, which may ask for another paint
     Graphics g(*picture_);
-    session_.paint([&] { prseq_paint(session_.box(), g); });
+    prseq_paint(session_.box(), g);
 }
 
 void BoxWidget::paintEvent(QPaintEvent*) {
@@ -53,8 +53,26 @@ void BoxWidget::paintEvent(QPaintEvent*) {
 
 void BoxWidget::resizeEvent(QResizeEvent*) {
     const Size size{double(width()), double(height())};
-    timer_.act([this, size] { call_size(session_, size); });
+    timer_.act([this, size] { session_.call(SizeCall{size.width, size.height}); });
     redraw();
+}
+
+void BoxWidget::mouse(MouseCall::Kind kind, const QMouseEvent& event) {
+    // While dragging, no button changed: the one that is held counts.
+    const bool right = event.button() == Qt::RightButton || event.buttons() == Qt::RightButton;
+    const MouseCall call{kind, event.position().x(), event.position().y(), right,
+                         modifiers_of(event.modifiers())};
+    timer_.act([this, call] { session_.call(call); });
+}
+
+void BoxWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() & (Qt::LeftButton | Qt::RightButton)) mouse(MouseCall::Kind::Drag, *event);
+}
+
+/// The second press of a double click is a press too.
+void BoxWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mouse(MouseCall::Kind::Down, *event);
+    mouse(MouseCall::Kind::Double, *event);
 }
 
 void BoxWidget::wheelEvent(QWheelEvent* event) {
@@ -62,18 +80,18 @@ void BoxWidget::wheelEvent(QWheelEvent* event) {
     const WheelDelta delta =
         wheel_delta(event->angleDelta(), event->pixelDelta(), sideways, session_.box().maindisplay);
     const Point at{event->position().x(), event->position().y()};
-    timer_.act([this, at, delta] { call_wheel(session_, at, delta.dx, delta.dy); });
+    timer_.act([this, at, delta] { session_.call(WheelCall{at.x, at.y, delta.dx, delta.dy}); });
     event->accept();
 }
 
 void BoxWidget::keyPressEvent(QKeyEvent* event) {
     const std::optional<KeyPress> key = key_press(*event);
     if (!key) return QWidget::keyPressEvent(event);
-    timer_.act([this, key] { call_key(session_, key->code, key->modifiers); });
+    timer_.act([this, key] { session_.call(KeyCall{key->code, key->modifiers}); });
 }
 
 void BoxWidget::set_focus(bool focus) {
-    timer_.act([this, focus] { call_focus(session_, focus); });
+    timer_.act([this, focus] { session_.call(FocusCall{focus}); });
 }
 
 }  // namespace tq

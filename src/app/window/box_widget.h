@@ -21,6 +21,10 @@ class BoxWidget : public QWidget, private SessionListener {
  protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    void mousePressEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Down, *event); }
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Up, *event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent*) override { set_focus(true); }
@@ -30,6 +34,7 @@ class BoxWidget : public QWidget, private SessionListener {
     void redraw() override;
     void paint_box();
     void set_focus(bool focus);
+    void mouse(MouseCall::Kind kind, const QMouseEvent& event);
 
     Session& session_;
     SessionTimer& timer_;

@@ -7,8 +7,6 @@
 
 namespace tq {
 
-namespace {
-
 unsigned modifiers_of(Qt::KeyboardModifiers held) {
     constexpr struct {
         Qt::KeyboardModifier key;
@@ -22,8 +20,6 @@ unsigned modifiers_of(Qt::KeyboardModifiers held) {
         if (held.testFlag(row.key)) bits |= row.bit;
     return bits;
 }
-
-}  // namespace
 
 std::optional<KeyPress> key_press(const QKeyEvent& event) {
     const unsigned modifiers = modifiers_of(event.modifiers());

@@ -1,6 +1,8 @@
 // Keys of the toolkit as the box knows them.
 #pragma once
 
+#include <QtCore/qnamespace.h>
+
 #include <optional>
 
 class QKeyEvent;
@@ -12,6 +14,8 @@ struct KeyPress {
     unsigned modifiers = 0;  ///< bits of host/modifiers.h
 };
 
+/// The bits of host/modifiers.h for modifier keys that are held.
+unsigned modifiers_of(Qt::KeyboardModifiers held);
 /// None for keys that the box knows nothing of.
 std::optional<KeyPress> key_press(const QKeyEvent& event);
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <iostream>
 
+#include "app/script/framed_lines.h"
 #include "app/window/box_widget.h"
 
 namespace tq {
@@ -28,10 +29,10 @@ LineInput::LineInput(MainWindow& window, bool close_at_end)
     notifier_.setEnabled(false);
     pause_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, [this] { run_lines(); });
-    connect(&notifier_, &QSocketNotifier::activated, this, [this] { read(); });
+    connect(&notifier_, &QSocketNotifier::activated, this, [this] { read_input(); });
 }
 
-void LineInput::read() {
+void LineInput::read_input() {
     char bytes[65536];
     const ssize_t got = ::read(STDIN_FILENO, bytes, sizeof bytes);
     if (got < 0 && (errno == EINTR || errno == EAGAIN)) return;
@@ -45,6 +46,13 @@ void LineInput::read() {
     for (size_t end; (end = text_.find('\n', begin)) != text_.npos; begin = end + 1)
         lines_.push_back(text_.substr(begin, end - begin));
     text_.erase(0, begin);
+    if (text_.size() > longest_line) {
+        std::fprintf(stderr, "-:%ld: a line that is too long; no more is read\n",
+                     number_ + std::ssize(lines_) + 1);
+        text_.clear();
+        notifier_.setEnabled(false);
+        ended_ = true;
+    }
     if (!pause_.isActive()) run_lines();
 }
 
@@ -62,16 +70,14 @@ void LineInput::run_lines() {
 }
 
 void LineInput::run_one(const std::string& line) {
-    if (line == ".quit") {
-        window_.close();
-        return;
-    }
     try {
         run_line(line);
     } catch (const ScriptFault& fault) {
         std::fprintf(stderr, "-:%ld: %s\n", number_, fault.what.c_str());
     }
 }
+
+void LineInput::quit() { window_.close(); }
 
 void LineInput::wait(double ms) { pause_.start(static_cast<int>(std::ceil(std::min(ms, 1e9)))); }
 
@@ -86,9 +92,7 @@ void LineInput::paint(const std::string& file) {
         return;
     }
     Prseq& box = window_.session().box();
-    window_.session().paint([&] {
-        if (auto reason = painter_.paint_to_png(box, file)) object_error(box, *reason);
-    });
+    if (auto reason = painter_.paint_to_png(box, file)) object_error(box, *reason);
 }
 
 }  // namespace tq

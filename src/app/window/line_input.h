@@ -28,8 +28,9 @@ class LineInput : public QObject, private Driver {
     void wait(double ms) override;
     void resize(Size size) override;
     void paint(const std::string& file) override;
+    void quit() override;
 
-    void read();
+    void read_input();
     void run_lines();
     void run_one(const std::string& line);
 

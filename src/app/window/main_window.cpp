@@ -11,8 +11,7 @@
 
 #include <cstdio>
 
-#include "app/patch/host_calls.h"
-#include "app/patch/import.h"
+#include "app/journal/recovery.h"
 #include "app/patch/kept_copies.h"
 #include "app/patch/recent_files.h"
 #include "app/window/box_widget.h"
@@ -28,27 +27,19 @@ namespace {
 
 constexpr int first_width = 1200, first_height = 740, console_height = 160;
 
-struct KeyedMessage {
-    QKeySequence::StandardKey key;
-    const char* message;
-};
-constexpr KeyedMessage keyed_messages[] = {{QKeySequence::Undo, "undo"},
-                                           {QKeySequence::Redo, "redo"},
-                                           {QKeySequence::Open, "read"},
-                                           {QKeySequence::Save, "writeagain"},
-                                           {QKeySequence::SaveAs, "write"}};
-
 /// What everybody expects of these beside the box's own keys.
-struct KeyedKey {
+struct KeyedCommand {
     QKeySequence::StandardKey key;
-    char character;
+    Command command;
 };
-constexpr KeyedKey keyed_keys[] = {{QKeySequence::Cut, 'x'},
-                                   {QKeySequence::Copy, 'c'},
-                                   {QKeySequence::Paste, 'v'},
-                                   {QKeySequence::SelectAll, 'a'}};
+constexpr KeyedCommand keyed_commands[] = {
+    {QKeySequence::Undo, Command::Undo},   {QKeySequence::Redo, Command::Redo},
+    {QKeySequence::Save, Command::Save},   {QKeySequence::SaveAs, Command::SaveAs},
+    {QKeySequence::Cut, Command::Cut},     {QKeySequence::Copy, Command::Copy},
+    {QKeySequence::Paste, Command::Paste}, {QKeySequence::SelectAll, Command::SelectAll}};
 
-const char* const document_files = "Documents (*.json);;All files (*)";
+const char *const document_files = "Documents (*.json);;All files (*)",
+                  *const openable_files = "Documents and MIDI files (*.json *.mid *.midi);;All files (*)";
 
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
@@ -59,7 +50,8 @@ QString dragged_file(const QMimeData* data) {
 }  // namespace
 
 MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session)
-    : loudspeaker_(std::move(loudspeaker)),
+    : PatchFiles(session->host().patch),
+      loudspeaker_(std::move(loudspeaker)),
       own_session_(std::move(session)),
       session_(*own_session_),
       timer_(session_.host().scheduler),
@@ -102,52 +94,76 @@ void MainWindow::connect_parts() {
     console_->entered = [this](const std::string& line) { send(line); };
     bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
-    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { call_tempo(session_, bpm); }); };
+    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { session_.call(TempoCall{bpm}); }); };
     bar_->console = [this](bool open) { show_console(open); };
-    bar_->open_file = [this] { send("read"); };
+    bar_->open_file = [this] { choose_and_open(); };
     bar_->open_recent = [this](const std::string& path) { open(path); };
-    Patch& patch = session_.host().patch;
-    patch.open_dialog = [this] {
-        return ask([this] { return QFileDialog::getOpenFileName(this, "Open", {}, document_files); });
-    };
-    patch.save_dialog = [this](const std::string& name) {
-        return ask([this, &name] {
-            return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
-        });
-    };
-    patch.keep_copy = [this](const Object& box, const std::string& text) {
-        std::string fault;
-        std::optional<std::string> path = keep_copy(session_.box().info.filename, text, fault);
-        kept_ = path.has_value();
-        std::string told =
-            path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
-        std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
-        object_post(box, told);
-    };
+    bar_->has_previous = [this] { return journal_ && has_previous_document(*journal_); };
+    bar_->bring_previous_back = [this] { bring_previous_back(); };
+    auto* open = new QShortcut(QKeySequence(QKeySequence::Open), this);
+    connect(open, &QShortcut::activated, this, [this] { choose_and_open(); });
     auto* space = new QShortcut(Qt::Key_Space, this);
-    connect(space, &QShortcut::activated, this, [this] { toggle_play(); });
+    connect(space, &QShortcut::activated, this, [this] { run(Command::PlayOrStop); });
     auto* console = new QShortcut(Qt::CTRL | Qt::Key_K, this);
     connect(console, &QShortcut::activated, this, [this] { show_console(console_->isHidden()); });
-    for (const KeyedMessage& row : keyed_messages) {
+    for (const KeyedCommand& row : keyed_commands) {
         auto* shortcut = new QShortcut(QKeySequence(row.key), this);
-        connect(shortcut, &QShortcut::activated, this, [this, message = row.message] { send(message); });
-    }
-    for (const KeyedKey& row : keyed_keys) {
-        auto* shortcut = new QShortcut(QKeySequence(row.key), this);
-        connect(shortcut, &QShortcut::activated, this, [this, character = row.character] {
-            timer_.act([this, character] { call_key(session_, character, 0); });
-        });
+        connect(shortcut, &QShortcut::activated, this, [this, command = row.command] { run(command); });
     }
     auto* quit = new QShortcut(QKeySequence::Quit, this);
     connect(quit, &QShortcut::activated, this, &QWidget::close);
 }
 
-/// Time goes on while the dialog is open.
+std::optional<std::string> MainWindow::open_dialog() {
+    return ask([this] { return QFileDialog::getOpenFileName(this, "Open", {}, document_files); });
+}
+
+std::optional<std::string> MainWindow::save_dialog(const std::string& name) {
+    return ask([this, &name] {
+        return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
+    });
+}
+
+void MainWindow::keep_copy(const Object& object, const std::string& text) {
+    std::string fault;
+    const std::optional<std::string> path = tq::keep_copy(session_.box().info.filename, text, fault);
+    kept_ = path.has_value();
+    const std::string told =
+        path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
+    std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
+    object_post(object, told);
+}
+
+/// The box waits for what was chosen, and time goes on while its dialog is open.
 std::optional<std::string> MainWindow::ask(const std::function<QString()>& dialog) {
     timer_.wake();
     const QString path = dialog();
     timer_.pass_time();
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
+
+/// Nothing happens to the document before a file is chosen.
+void MainWindow::choose_and_open() {
+    const QString path = QFileDialog::getOpenFileName(this, "Open", {}, openable_files);
+    if (!path.isEmpty()) open(path.toStdString());
+}
+
+/// In a window of its own: what is in this one stays.
+void MainWindow::bring_previous_back() {
+    std::optional<Recovery> recovery = journal_ ? recover_previous_document(*journal_) : std::nullopt;
+    if (!recovery) return tell("there is no document to bring back");
+    auto* window = new MainWindow(open_loudspeaker(), std::move(recovery->session));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->go_on_with(*recovery);
+    window->show();
+}
+
+void MainWindow::go_on_with(Recovery& recovery) {
+    keep_journal(go_on(session_, recovery));
+    if (session_.box().playing) send("int 0");
+    if (const std::string& fault = recovery.replay.fault; !fault.empty())
+        tell("the session did not come back as a whole: " + fault);
+    refresh();
 }
 
 void MainWindow::listen_to_loudspeaker() {
@@ -164,7 +180,7 @@ bool MainWindow::open(const std::string& path) {
     opened_ = false;
     timer_.act([this, path] {
         opened_ = session_.open(path);
-        if (opened_ && is_midi_file(path)) {  // a document has its own view, a MIDI file is shown whole
+        if (opened_ && session_.box().info.filename.empty()) {  // a MIDI file, which has no view of its own
             const bool animation = session_.box().zoom_animation;
             session_.send("zoom_animation 0");
             session_.send("zoom_out_all");
@@ -183,7 +199,12 @@ void MainWindow::send(const std::string& message) {
     });
 }
 
-void MainWindow::toggle_play() { send(session_.box().playing ? "int 0" : "int 1"); }
+void MainWindow::run(Command command) {
+    timer_.act([this, command] {
+        session_.call(CommandCall{command_row(command).name});
+        refresh();
+    });
+}
 
 void MainWindow::show_console(bool open) {
     console_->setVisible(open);

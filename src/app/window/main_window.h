@@ -11,6 +11,7 @@
 #include "app/patch/session.h"
 #include "app/patch/sound_files.h"
 #include "app/window/session_timer.h"
+#include "interaction/commands.h"
 
 class QSplitter;
 
@@ -18,9 +19,10 @@ namespace tq {
 
 class BoxWidget;
 class Console;
+struct Recovery;
 class TransportBar;
 
-class MainWindow : public QWidget {
+class MainWindow : public QWidget, private PatchFiles {
  public:
     explicit MainWindow(Loudspeaker loudspeaker,
                         std::unique_ptr<Session> session = std::make_unique<Session>());
@@ -29,6 +31,8 @@ class MainWindow : public QWidget {
     bool open(const std::string& path);
     /// The session's journal, from now on; it goes when the window is closed and nothing can be lost.
     void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
+    /// Goes on with a session that was brought back, which stands still first: in its own journal.
+    void go_on_with(Recovery& recovery);
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     Session& session() { return session_; }
@@ -46,9 +50,15 @@ class MainWindow : public QWidget {
     void build();
     void connect_parts();
     void listen_to_loudspeaker();
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    void keep_copy(const Object& object, const std::string& text) override;
     std::optional<std::string> ask(const std::function<QString()>& dialog);
     void send(const std::string& message);
-    void toggle_play();
+    void choose_and_open();
+    void bring_previous_back();
+    /// A command of the box.
+    void run(Command command);
     void show_console(bool open);
     void remember_document();
 

@@ -20,14 +20,11 @@ std::optional<Recovery> wanted_recovery(const std::vector<DeadSession>& dead, co
     return can_ask ? ask_for_recovery(dead) : std::nullopt;
 }
 
-/// A session that was brought back goes on in its own journal and its own working folder, and stands still.
+/// A session that was brought back goes on in its own working folder.
 void bring_back(MainWindow& window, Recovery& recovery) {
     std::error_code ignored;
     if (!recovery.working_folder.empty()) std::filesystem::current_path(recovery.working_folder, ignored);
-    window.keep_journal(go_on(window.session(), recovery));
-    if (window.session().box().playing) window.session().send("int 0");
-    if (const std::string& fault = recovery.replay.fault; !fault.empty())
-        window.tell("the session did not come back as a whole: " + fault);
+    window.go_on_with(recovery);
 }
 
 void begin_journal(MainWindow& window) {

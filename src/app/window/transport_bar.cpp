@@ -62,7 +62,8 @@ TransportBar::TransportBar() {
 }
 
 void TransportBar::make_open() {
-    QToolButton* open_button = button("Open", "open", "Open a document (Ctrl+O), or a recent one");
+    QToolButton* open_button =
+        button("Open", "open", "Open a document or a MIDI file (Ctrl+O), a recent one, or the one before");
     open_button->setCheckable(false);
     recent_ = new QMenu(open_button);
     open_button->setMenu(recent_);
@@ -73,12 +74,16 @@ void TransportBar::make_open() {
 
 void TransportBar::fill_recent() {
     recent_->clear();
+    QAction* back = recent_->addAction("Bring Back the Previous Document");
+    back->setEnabled(has_previous());
+    connect(back, &QAction::triggered, this, [this] { bring_previous_back(); });
+    recent_->addSeparator();
     for (const std::string& path : recent_files()) {
         QAction* row = recent_->addAction(QString::fromStdString(path));
         row->setEnabled(QFileInfo::exists(QString::fromStdString(path)));
         connect(row, &QAction::triggered, this, [this, path] { open_recent(path); });
     }
-    if (recent_->isEmpty()) recent_->addAction("No recent documents")->setEnabled(false);
+    if (recent_->actions().size() == 2) recent_->addAction("No recent documents")->setEnabled(false);
 }
 
 QWidget* TransportBar::make_tempo() {

@@ -35,6 +35,8 @@ class TransportBar : public QWidget {
     std::function<void(bool)> console = [](bool) {};
     std::function<void()> open_file = [] {};
     std::function<void(const std::string& path)> open_recent = [](auto&&) {};
+    std::function<bool()> has_previous = [] { return false; };  ///< whether a document can be brought back
+    std::function<void()> bring_previous_back = [] {};
 
  private:
     QWidget* make_tempo();

@@ -1,10 +1,11 @@
 #include "host/image.h"
 
+#include <QBuffer>
 #include <QImageReader>
-#include <QSaveFile>
 #include <algorithm>
 #include <cmath>
 
+#include "host/files.h"
 #include "host/qt/painter.h"
 
 namespace tq {
@@ -83,11 +84,13 @@ void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rec
 }
 
 std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path) {
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly)) return path + ": " + file.errorString().toStdString();
-    if (!surface.image().pixels.save(&file, "PNG")) return path + ": the picture cannot be written";
-    if (!file.commit()) return path + ": " + file.errorString().toStdString();
-    return {};
+    QBuffer png;
+    std::string fault = "the picture cannot be encoded";
+    png.open(QIODevice::WriteOnly);
+    if (surface.image().pixels.save(&png, "PNG") &&
+        write_file(path, {png.data().constData(), static_cast<size_t>(png.size())}, fault))
+        return {};
+    return "could not write \"" + path + "\": " + fault;
 }
 
 unsigned surface_pixel(const Surface& surface, int x, int y) {

@@ -6,7 +6,6 @@
 #include <random>
 
 #include "app/midi/files.h"
-#include "app/patch/host_calls.h"
 #include "app/patch/paint_offscreen.h"
 #include "app/patch/sound_files.h"
 #include "file/random_document.h"
@@ -16,20 +15,14 @@
 
 namespace tq::test {
 
-class RandomSession {
+/// It answers the dialogs as well: it is made before anybody else asks.
+class RandomSession : private PatchFiles {
  public:
     RandomSession(Session& session, const TemporaryFolder& files, unsigned seed)
-        : session_(session), files_(files), random_(seed) {
+        : PatchFiles(session.host().patch), session_(session), files_(files), random_(seed) {
         files_.file_with("0.json", good_document);
         files_.file_with("1.json", "{\"tq.sorvo\":");
         files_.file_with("2.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
-    }
-
-    /// Whoever answers dialogs, before anybody else asks.
-    void answer_dialogs() {
-        Patch& patch = session_.host().patch;
-        patch.open_dialog = [this] { return answer(); };
-        patch.save_dialog = [this](const std::string&) { return answer(); };
     }
 
     void act() {
@@ -38,21 +31,21 @@ class RandomSession {
             "cycle 1",  "cycle 0", "new_track_color #3"};
         switch (below(28)) {
             case 0:
-                return call_size(session_, {300. + below(300), 250 + number()});
+                return call(SizeCall{300. + below(300), 250 + number()});
             case 1:
             case 2:
-                return call_wheel(session_, {250., 150.}, below(2) ? number() - 5 : 0, number() - 5);
+                return call(WheelCall{250, 150, below(2) ? number() - 5 : 0, number() - 5});
             case 3:
-                return below(3) ? call_key(session_, "acxvz"[below(5)], 0) : call_focus(session_, below(2));
+                return below(3) ? call(KeyCall{"acxvz"[below(5)], 0}) : call(FocusCall{below(2) == 1});
             case 4:
-                return call_tempo(session_, 20 + 10 * number());
+                return call(TempoCall{20 + 10 * number()});
             case 5:
-                return call_transport(session_, 100 * number());
+                return call(TransportCall{100 * number()});
             case 6:
-                return call_feedback(session_, below(3));
+                return call(FeedbackCall{below(3) > 0});
             case 7:
             case 8:
-                return session_.paint([&] { painter_.paint(session_.box()); });
+                return painter_.paint(session_.box());
             case 9:
             case 10:
             case 11:
@@ -76,6 +69,7 @@ class RandomSession {
     }
 
  private:
+    void call(const SessionCall& call) { session_.call(call); }
     int below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
     double number() { return below(1000001) / 1e5; }
     void wait(double ms) {
@@ -83,6 +77,8 @@ class RandomSession {
         scheduler.run_until(on_time_grid(scheduler.now() + ms));
     }
     std::string file() { return files_.file(std::to_string(below(4)) + (below(4) ? ".json" : ".mid")); }
+    std::optional<std::string> open_dialog() override { return answer(); }
+    std::optional<std::string> save_dialog(const std::string&) override { return answer(); }
     std::optional<std::string> answer() {
         wait(number() * 30);
         return below(3) ? std::optional(file()) : std::nullopt;
@@ -123,7 +119,7 @@ class RandomSession {
                 std::filesystem::remove(path);
                 return;
             case 3:
-                return call_buffer(session_, name, below(3) ? path : "");
+                return call(BufferCall{name, below(3) ? path : ""});
             default:
                 return session_.send("event id " + std::to_string(below(40)) + " <buffer> " + name +
                                      (below(2) ? " 1" : "") + " </buffer>");

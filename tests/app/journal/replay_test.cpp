@@ -49,7 +49,6 @@ void go_the_same_way_after_a_replay(unsigned seed) {
     TemporaryFolder files;
     HeardSession first, second;
     RandomSession random(first.session, files, seed);
-    random.answer_dialogs();
     second.session.host().random.seed(seed);  // what chance does is told by the journal as well
     std::unique_ptr<Journal> journal = Journalled::begin(first.session);
     for (int i = 0; i < 120; ++i) random.act();
@@ -68,6 +67,33 @@ void go_the_same_way_after_a_replay(unsigned seed) {
         heard->session.send("undoredo -1");
     }
     ASSERT_TRUE(same_lines(lines_of(state_of(second)), lines_of(state_of(first))));
+}
+
+/// Whoever hears the box and answers it by a call.
+struct Meddler : SessionListener {
+    explicit Meddler(Session& session) : own(session) { session.listen(*this); }
+    void outlet(int outlet, Symbol, AtomSpan) override {
+        if (outlet == OutletPlaying) own.send("track_add T" + std::to_string(++count));
+        if (outlet == OutletTrackInfo && count % 3 == 0) own.call(WheelCall{250, 150, 0, double(++count)});
+    }
+    Session& own;
+    int count = 0;
+};
+
+TEST_F(Journalled, callsThatAreMadeInsideOthersComeBackInTheirTurn) {
+    HeardSession first, second;
+    second.session.host().random.seed(1);
+    std::unique_ptr<Journal> journal = begin(first.session);
+    Meddler meddler(first.session);
+    for (const char* message : {"track_add A", "event start 0 duration 9", "event start 10 duration 9",
+                                "int 1", "track_color 0.5", "track_add B"})
+        first.session.send(message);
+    first.session.host().scheduler.run_until(500);
+    first.session.send("int 0");
+    EXPECT_GT(meddler.count, 3);
+    EXPECT_EQ(replay(second.session, text_of(*journal), journal->folder().path()).fault, "");
+    EXPECT_TRUE(same_lines(said_by_box(second), said_by_box(first)));
+    EXPECT_TRUE(same_lines(lines_of(state_of(second)), lines_of(state_of(first))));
 }
 
 TEST_F(Journalled, sessionsComeBackAsTheyWere) {

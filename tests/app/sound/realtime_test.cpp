@@ -3,10 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <thread>
 
 #include "app/sound/audio_output.h"
+
+/// Of the sanitizer; null in a program without one.
+extern "C" __attribute__((weak)) int __sanitizer_install_malloc_and_free_hooks(
+    void (*allocated)(const volatile void*, size_t), void (*freed)(const volatile void*));
 
 namespace tq {
 namespace {
@@ -106,6 +111,34 @@ TEST_F(Realtime, nothingIsLostBetweenTheThreads) {
     player.stop_all(0);
     render(64);
     EXPECT_EQ(player.sounding(), 0);
+}
+
+thread_local bool on_audio_thread = false;
+std::atomic<int> asked_for_memory = 0;
+void note_memory(const volatile void*, size_t) {
+    if (on_audio_thread) ++asked_for_memory;
+}
+void note_nothing(const volatile void*) {}
+
+TEST_F(Realtime, asksForNoMemoryHoweverMuchComes) {
+    if (!__sanitizer_install_malloc_and_free_hooks) GTEST_SKIP() << "nobody tells of memory";
+    ASSERT_GT(__sanitizer_install_malloc_and_free_hooks(note_memory, note_nothing), 0);
+    constexpr int notes = 40000;
+    std::vector<float> left(64), right(64);
+    const auto render_on_audio_thread = [&] {
+        on_audio_thread = true;
+        player.render(left.data(), right.data(), 64);
+        on_audio_thread = false;
+    };
+    player.start(0);
+    for (int i = 0; i < notes; ++i) {
+        player.note(held(1e6, "0"));
+        player.stop("1", 1e6);
+        if (i % 1000 == 0) render_on_audio_thread();
+    }
+    for (int i = 0; i < notes; ++i) player.note(held(0, "0"));
+    render_on_audio_thread();
+    EXPECT_EQ(asked_for_memory, 0);
 }
 
 TEST(AudioOutput, opensOrSaysWhyNotWithoutAWord) {

@@ -153,7 +153,7 @@ TEST_F(Samples, endWithoutAClickWhenStoppedOrCut) {
     const SoundRef level(new Sound(1, rate, std::vector<float>(44100, 1.f)));
     hand_in(synth, played(0, 1000, {level, 0, 1000, 1}));
     hand_in(synth, played(500, 100, {level, 0, 1000, 1}));
-    synth.stop(Synth::all_sources, 4410);
+    synth.stop({}, 4410);
     const Rendered out = test::render(synth, 44100);
     EXPECT_FLOAT_EQ(out.left[4409], headroom) << "until it is stopped";
     EXPECT_EQ(out.left[4410 + 221], 0) << "5 ms later";
@@ -180,7 +180,7 @@ TEST_F(Samples, areGivenBackWhileTheyFadeAndWhenNothingIsRenderedAnyMore) {
     {
         Synth other(find_sound_font(), rate);
         for (int i = 0; i < 3; ++i) hand_in(other, played(i, 100, {sound, 0, 1000, 1}));
-        other.stop(Synth::all_sources, 100);
+        other.stop({}, 100);
         test::render(other, 120);
         other.collect();
         EXPECT_EQ(sound->use_count(), 4u);

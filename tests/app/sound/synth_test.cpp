@@ -91,9 +91,9 @@ TEST(Synth, notesEndAndNothingIsLeft) {
     auto sound = render(synth, 44100);
     EXPECT_EQ(synth.sounding(), 1);
     EXPECT_GT(sound.loudness(40000, 44000), 0.001) << "the other source's note goes on";
-    synth.stop(1, 44100);
+    synth.stop({.source = 1}, 44100);
     hand_in(synth, note_at(1500, 1e9, 60, ocarina), 1);
-    synth.stop(Synth::all_sources, 44100 * 2);
+    synth.stop({}, 44100 * 2);
     render(synth, 44100);
     EXPECT_EQ(synth.sounding(), 1) << "what starts after the stop sounds";
     render(synth, 44100 * 5);

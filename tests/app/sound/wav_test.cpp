@@ -73,7 +73,8 @@ TEST_F(Wav, saysWhyItCannotWriteAndLeavesWhatWasThere) {
         render_wav({}, target);
         FAIL() << "no error";
     } catch (const SoundError& error) {
-        EXPECT_TRUE(std::string(error.what()).starts_with(target + ": ")) << error.what();
+        EXPECT_TRUE(std::string(error.what()).starts_with("could not write \"" + target + "\": "))
+            << error.what();
     }
     render_wav({}, path, {10, 1, ""});
     EXPECT_THROW(render_wav({}, path, {99, 1, "/dev/null"}), SoundError);

@@ -75,14 +75,47 @@ TEST_F(EarlierSessions, leaveTheirDocumentsInTheMenu) {
     std::filesystem::remove(folder.file("a.json"));
     QMenu& menu = *window.findChild<QToolButton*>("open")->menu();
     emit menu.aboutToShow();
-    ASSERT_EQ(menu.actions().size(), 2);
-    EXPECT_EQ(menu.actions()[0]->text().toStdString(), folder.file("b.json"));
-    EXPECT_TRUE(menu.actions()[0]->isEnabled());
-    EXPECT_FALSE(menu.actions()[1]->isEnabled());
+    const QList<QAction*> rows = menu.actions().mid(2);  // after the one that brings a document back
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0]->text().toStdString(), folder.file("b.json"));
+    EXPECT_TRUE(rows[0]->isEnabled());
+    EXPECT_FALSE(rows[1]->isEnabled());
     window.session().send("track_add more");
-    menu.actions()[0]->trigger();
+    rows[0]->trigger();
     EXPECT_EQ(window.session().box().tracks.size(), 2u);
     EXPECT_FALSE(std::filesystem::is_empty(folder.path / "sorvo/kept")) << "it was not saved";
+}
+
+TEST_F(EarlierSessions, leaveADocumentThatCanBeBroughtBackWhenItWasReplaced) {
+    MainWindow window({nullptr, "not in a test"});
+    window.keep_journal(begin(window.session()));
+    window.show();
+    QMenu& menu = *window.findChild<QToolButton*>("open")->menu();
+    const auto brings_back = [&] {
+        emit menu.aboutToShow();
+        return menu.actions().first()->isEnabled();
+    };
+    window.open(folder.file_with("a.json", good_document));
+    EXPECT_FALSE(brings_back()) << "nothing was there before";
+    window.session().send("track_add unsaved");
+    const std::string before = document_of(window.session());
+    window.session().send("read nothing.json");
+    EXPECT_TRUE(window.session().box().tracks.empty());
+    ASSERT_TRUE(brings_back());
+    menu.actions().first()->trigger();
+    MainWindow* back = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* other = dynamic_cast<MainWindow*>(widget); other && other != &window) back = other;
+    ASSERT_TRUE(back);
+    EXPECT_EQ(document_of(back->session()), before);
+    EXPECT_TRUE(prseq_getdirtyflag(back->session().box()));
+    back->session().send("undo");
+    EXPECT_EQ(back->session().box().tracks.size(), 2u);
+    window.session().send("track_add here");
+    EXPECT_EQ(window.session().box().tracks.size(), 1u);
+    back->close();
+    QApplication::sendPostedEvents(back, QEvent::DeferredDelete);
+    EXPECT_EQ(find_dead_sessions().sessions.size(), 0u) << "the journals are held, or gone";
 }
 
 }  // namespace

@@ -2,18 +2,22 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
 #include <stdexcept>
 
+#include "app/midi/files.h"
 #include "app/window/box_widget.h"
 #include "app/window/main_window.h"
 #include "app/window/transport_bar.h"
 #include "app/window/wheel.h"
+#include "temporary_folder.h"
 
 namespace tq {
 namespace {
@@ -136,6 +140,33 @@ TEST_F(WindowTest, AFileThatCannotBeOpenedIsSaidOnTheConsole) {
     EXPECT_FALSE(window.open("/nowhere/at/all.json"));
     EXPECT_TRUE(part<QPlainTextEdit>("console text").isVisible());
     EXPECT_TRUE(console_text().contains("all.json")) << console_text().toStdString();
+}
+
+/// What a person does in the next file dialog.
+void answer_file_dialog(const QString& file) {
+    QTimer::singleShot(50, [file] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return answer_file_dialog(file);
+        if (file.isEmpty()) return dialog->reject();
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+}
+
+TEST_F(WindowTest, OpeningAsksFirstAndTakesMidiFiles) {
+    const test::TemporaryFolder folder;
+    ::setenv("XDG_STATE_HOME", folder.path.c_str(), 1);
+    const std::string song = folder.file_with(
+        "a song.mid", test::text_of(test::midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
+    session.send("track_add mine");
+    answer_file_dialog("");
+    press(Qt::Key_O, Qt::ControlModifier);
+    ASSERT_EQ(box.tracks.size(), 1u);
+    EXPECT_EQ(box.tracks[0]->name, "mine") << "cancelled";
+    answer_file_dialog(QString::fromStdString(song));
+    part<QToolButton>("open").click();
+    ASSERT_EQ(box.tracks.size(), 1u);
+    EXPECT_EQ(box.tracks[0]->events.size(), 1u);
 }
 
 TEST_F(WindowTest, TheWheelScrollsUnderThePointer) {

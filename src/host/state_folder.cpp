@@ -1,4 +1,4 @@
-#include "app/patch/state_folder.h"
+#include "host/state_folder.h"
 
 #include <fmt/chrono.h>
 
@@ -19,6 +19,15 @@ std::string time_stamp() {
     auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
     return fmt::format("{:%Y%m%d-%H%M%S}-{:03}", std::chrono::floor<std::chrono::seconds>(now),
                        now.time_since_epoch().count() % 1000);
+}
+
+fs::path kept_copy_path(const fs::path& file) {
+    constexpr size_t longest_stem = 200;  // bytes, so that the time has room in a name
+    const fs::path folder = state_folder() / "kept";
+    std::error_code ignored;
+    fs::create_directories(folder, ignored);
+    return folder /
+           (file.stem().string().substr(0, longest_stem) + "-" + time_stamp() + file.extension().string());
 }
 
 }  // namespace tq

@@ -1,0 +1,139 @@
+#include "app/patch/calls.h"
+
+#include <fmt/printf.h>
+
+#include <utility>
+
+#include "app/patch/import.h"
+#include "app/patch/session.h"
+#include "file/document_messages.h"
+#include "instance/change.h"
+#include "interaction/commands.h"
+#include "interaction/key_commands.h"
+#include "interaction/mouse.h"
+
+namespace tq {
+
+namespace {
+
+bool make(Session& session, const MessageCall& call) {
+    return object_method_typed(session.box(), call.selector, call.arguments);
+}
+
+bool make(Session& session, const SizeCall& call) {
+    jbox_set_size(session.box(), {call.width, call.height});
+    return true;
+}
+
+bool make(Session& session, const WheelCall& call) {
+    prseq_mousewheel(session.box(), call.x, call.y, 0, call.dx, call.dy);
+    return true;
+}
+
+bool make(Session& session, const KeyCall& call) {
+    prseq_key(session.box(), call.code, call.modifiers);
+    return true;
+}
+
+bool make(Session& session, const CommandCall& call) {
+    const CommandRow* command = find_command(call.name);
+    if (command)
+        command->run(session.box());
+    else
+        object_error(session.box(), fmt::sprintf("no command \"%s\"", call.name));
+    return command;
+}
+
+bool make(Session& session, const MouseCall& call) {
+    static constexpr void (*handlers[])(Prseq&, double, double, unsigned) = {
+        prseq_mousedown, prseq_mousedrag, prseq_mouseup, prseq_mousemove, prseq_mousedoubleclick};
+    unsigned button = call.right ? modifier_right_button : modifier_left_button;
+    if (call.kind == MouseCall::Kind::Move) button = 0;
+    handlers[static_cast<size_t>(call.kind)](session.box(), call.x, call.y, call.modifiers | button);
+    return true;
+}
+
+bool make(Session& session, const FocusCall& call) {
+    if (call.in)
+        prseq_focusgained(session.box());
+    else
+        prseq_focuslost(session.box());
+    return true;
+}
+
+bool make(Session& session, const TempoCall& call) {
+    itm_settempo(*session.box().transport, call.bpm);
+    return true;
+}
+
+bool make(Session& session, const TransportCall& call) {
+    Itm& itm = *session.box().transport;
+    itm_setticks(itm, itm_mstoticks(itm, call.ms));
+    return true;
+}
+
+bool make(Session& session, const FeedbackCall& call) {
+    session.feedback = call.on;
+    return true;
+}
+
+bool make(Session& session, const ReceiverCall& call) {
+    session.make_receiver(gensym(call.name));
+    return true;
+}
+
+bool make(Session& session, const BufferCall& call) {
+    const Symbol name = gensym(call.name);
+    if (call.file.empty()) return buffer_remove(session.host(), name);
+    const std::optional<std::string> reason = buffer_read(session.host(), name, call.file);
+    if (reason) object_error(session.box(), *reason);
+    return !reason;
+}
+
+bool make(Session& session, const SoundCall& call) {
+    const Symbol name = gensym(call.name);
+    if (!call.format) return buffer_remove(session.host(), name);
+    std::string fault;
+    SoundRef sound = call.file.empty() ? nullptr : read_sound_file(call.file, fault);
+    if (!sound || sound->format() != *call.format)
+        sound =
+            new Sound(call.format->channels, call.format->rate,
+                      std::vector<float>(static_cast<size_t>(call.format->frames * call.format->channels)));
+    return buffer_set(session.host(), name, std::move(sound), call.file);
+}
+
+bool make(Session& session, const SeedCall& call) {
+    session.host().random.seed(call.seed);
+    return true;
+}
+
+/// The file is read once, since it may be a pipe. One that cannot be opened leaves the document as it is.
+bool make(Session& session, const OpenCall& call) {
+    Prseq& box = session.box();
+    PatchFiles& files = session.host().patch;
+    const std::optional<LocatedFile> file = files.locate(call.file, "");
+    if (!file) {
+        object_error(box, fmt::sprintf("The file \"%s\" could not be found", call.file));
+        return false;
+    }
+    const std::string path = path_in_folder(file->folder, file->name);
+    std::string fault;
+    const FileBytes bytes = files.read(path, fault);
+    if (bytes && is_midi_file(path, *bytes)) return import_midi_bytes(box, path, *bytes).has_value();
+    auto document = bytes ? dictionary_parse(*bytes, fault) : std::nullopt;
+    if (document) return read_document(box, *file, std::move(document));
+    object_error(box, fmt::sprintf("could not read \"%s\": %s", path, fault));
+    return false;
+}
+
+bool make(Session& session, const ImportCall& call) {
+    return import_midi_file(session.box(), call.file).has_value();
+}
+
+}  // namespace
+
+bool perform(Session& session, const SessionCall& call) {
+    return std::visit([&](const auto& record) { return make(session, record); }, call);
+}
+
+}  // namespace tq

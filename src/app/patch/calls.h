@@ -1,0 +1,171 @@
+// What is done to a box from outside. Each call is a record; its row says what line of the script driver does
+// the same. The window, the driver and whoever else makes a call hands the record to Session::call.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "app/patch/line_table.h"
+#include "host/buffer.h"
+#include "host/modifiers.h"
+
+namespace tq {
+
+struct Host;
+class Session;
+
+/// A message to the inlet; it is a line without a name.
+struct MessageCall {
+    Symbol selector;
+    Atoms arguments;
+    friend bool operator==(const MessageCall&, const MessageCall&) = default;
+};
+/// Pixels, held to what the box can be.
+struct SizeCall {
+    double width = 0, height = 0;
+    friend bool operator==(const SizeCall&, const SizeCall&) = default;
+};
+/// Box coordinates, and turns in the host's units.
+struct WheelCall {
+    double x = 0, y = 0, dx = 0, dy = 0;
+    friend bool operator==(const WheelCall&, const WheelCall&) = default;
+};
+/// A key of interaction/key_commands.h, or a character.
+struct KeyCall {
+    long code = 0;
+    unsigned modifiers = 0;
+    friend bool operator==(const KeyCall&, const KeyCall&) = default;
+};
+/// What the mouse does, in box coordinates; the left button unless `right`.
+struct MouseCall {
+    enum class Kind { Down, Drag, Up, Move, Double };
+    Kind kind = Kind::Down;
+    double x = 0, y = 0;
+    bool right = false;
+    unsigned modifiers = 0;  ///< keys
+    friend bool operator==(const MouseCall&, const MouseCall&) = default;
+};
+/// A command of the box, by its name in interaction/commands.h.
+struct CommandCall {
+    std::string name;
+    friend bool operator==(const CommandCall&, const CommandCall&) = default;
+};
+struct FocusCall {
+    bool in = false;
+    friend bool operator==(const FocusCall&, const FocusCall&) = default;
+};
+/// The host's transport.
+struct TempoCall {
+    double bpm = 0;
+    friend bool operator==(const TempoCall&, const TempoCall&) = default;
+};
+struct TransportCall {
+    double ms = 0;
+    friend bool operator==(const TransportCall&, const TransportCall&) = default;
+};
+/// Whether position reports are fed back to the transport.
+struct FeedbackCall {
+    bool on = false;
+    friend bool operator==(const FeedbackCall&, const FeedbackCall&) = default;
+};
+struct ReceiverCall {
+    std::string name;
+    friend bool operator==(const ReceiverCall&, const ReceiverCall&) = default;
+};
+/// Makes the named buffer of a sound file, or removes it. Why that failed is posted as an error.
+struct BufferCall {
+    std::string name, file;
+    friend bool operator==(const BufferCall&, const BufferCall&) = default;
+};
+/// Makes a buffer of the sound in the file, if that is of this format, and else of silence; without a format,
+/// removes it.
+struct SoundCall {
+    std::string name;
+    std::optional<SoundFormat> format;
+    std::string file;
+    friend bool operator==(const SoundCall&, const SoundCall&) = default;
+};
+/// What follows from chance follows from this number.
+struct SeedCall {
+    std::uint32_t seed = 0;
+    friend bool operator==(const SeedCall&, const SeedCall&) = default;
+};
+/// Replaces the document by a file's, or by the song of a Standard MIDI File; why that failed is posted.
+struct OpenCall {
+    std::string file;
+    friend bool operator==(const OpenCall&, const OpenCall&) = default;
+};
+struct ImportCall {
+    std::string file;
+    friend bool operator==(const ImportCall&, const ImportCall&) = default;
+};
+
+/// The names of modifier keys.
+void write_modifiers(unsigned modifiers, std::string& line);
+unsigned read_modifiers(Words& words);
+template <typename Call>
+struct Modifiers {
+    unsigned Call::*member;
+    void write(const Call& call, std::string& line) const { write_modifiers(call.*member, line); }
+    void read(Call& call, Words& words) const { call.*member = read_modifiers(words); }
+};
+template <typename Call>
+Modifiers(unsigned Call::*) -> Modifiers<Call>;
+
+struct MouseKind {
+    void write(const MouseCall& call, std::string& line) const;
+    void read(MouseCall& call, Words& words) const;
+};
+/// "right" or "left", which may be left out.
+struct MouseButton {
+    void write(const MouseCall& call, std::string& line) const;
+    void read(MouseCall& call, Words& words) const;
+};
+/// A sound's format and file, which may be left out.
+struct SoundOfFormat {
+    void write(const SoundCall& call, std::string& line) const;
+    void read(SoundCall& call, Words& words) const;
+};
+
+inline constexpr double longest_time_ms = 1e12;
+
+// clang-format off
+inline constexpr std::tuple call_rows{
+    line_row<SizeCall>(".size", Number{&SizeCall::width, "width", 1, 16384},
+                                Number{&SizeCall::height, "height", 1, 16384}),
+    line_row<WheelCall>(".wheel", Number{&WheelCall::x, "X"}, Number{&WheelCall::y, "Y"},
+                                  Number{&WheelCall::dx, "DX"}, Number{&WheelCall::dy, "DY"}),
+    line_row<KeyCall>(".key", Number{&KeyCall::code, "key code", -1000, 0x10ffff}, Modifiers{&KeyCall::modifiers}),
+    line_row<MouseCall>(".mouse", MouseKind{}, Number{&MouseCall::x, "X"}, Number{&MouseCall::y, "Y"}, MouseButton{},
+                                  Modifiers{&MouseCall::modifiers}),
+    line_row<CommandCall>(".command", Word{&CommandCall::name, "a command"}),
+    line_row<FocusCall>(".focus", Either{&FocusCall::in, "in", "out"}),
+    line_row<TempoCall>(".tempo", Number{&TempoCall::bpm, "tempo", 1, 10000}),
+    line_row<TransportCall>(".transport", Number{&TransportCall::ms, "ms", 0, longest_time_ms}),
+    line_row<FeedbackCall>(".feedback", Either{&FeedbackCall::on, "on", "off"}),
+    line_row<ReceiverCall>(".receiver", Word{&ReceiverCall::name, "a name"}),
+    line_row<BufferCall>(".buffer", Word{&BufferCall::name, "a name"}, LastWord{&BufferCall::file, "a file"}),
+    line_row<SoundCall>(".sound", Word{&SoundCall::name, "a name"}, SoundOfFormat{}),
+    line_row<SeedCall>(".seed", Number{&SeedCall::seed, "seed", 0, 4294967295.}),
+    line_row<OpenCall>(".open", Word{&OpenCall::file, "a file"}),
+    line_row<ImportCall>(".import", Word{&ImportCall::file, "a file"}),
+};
+// clang-format on
+
+using SessionCall = RecordOf<std::remove_const_t<decltype(call_rows)>, MessageCall>::type;
+
+/// The driver's line that makes the call.
+std::string line_text(const SessionCall& call);
+/// Makes the call; whether it did what it was for. Only Session::call calls this.
+bool perform(Session& session, const SessionCall& call);
+
+/// Whether a line is the driver's own, and no message.
+bool is_driver_line(std::string_view line);
+/// The message of a text: a lone number is "int" or "float", several atoms that begin with a number are a
+/// "list".
+MessageCall parse_message(std::string_view text);
+/// The call that makes a buffer what it is now.
+SoundCall sound_call(const Host& host, Symbol name);
+
+}  // namespace tq

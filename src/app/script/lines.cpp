@@ -1,0 +1,58 @@
+#include "app/script/lines.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tq {
+
+namespace {
+
+struct OutcomeName {
+    FileLine::Kind kind;
+    const char* name;
+    bool has_text;
+};
+constexpr std::array outcome_names{OutcomeName{FileLine::Kind::Found, "found", true},
+                                   OutcomeName{FileLine::Kind::Missing, "missing", false},
+                                   OutcomeName{FileLine::Kind::Read, "read", true},
+                                   OutcomeName{FileLine::Kind::Unreadable, "unreadable", true},
+                                   OutcomeName{FileLine::Kind::Written, "written", false},
+                                   OutcomeName{FileLine::Kind::Unwritable, "unwritable", true}};
+
+constexpr std::string_view cancelled = "cancel";
+
+}  // namespace
+
+void AnsweredFile::write(const AnswerLine& answer, std::string& line) const {
+    line += ' ';
+    line += !answer.file                ? cancelled
+            : *answer.file == cancelled ? "\"cancel\""  // a file of this name
+                                        : message_word(*answer.file);
+}
+
+void AnsweredFile::read(AnswerLine& answer, Words& words) const {
+    const bool cancel = words.next_is(cancelled);
+    const std::string file = words.word("a file, or cancel");
+    if (!cancel) answer.file = file;
+}
+
+void OutcomeOfFile::write(const FileLine& outcome, std::string& line) const {
+    const auto row = std::ranges::find(outcome_names, outcome.kind, &OutcomeName::kind);
+    line += std::string(" ") + row->name;
+    if (row->has_text) line += ' ' + message_word(outcome.text);
+}
+
+void OutcomeOfFile::read(FileLine& outcome, Words& words) const {
+    const std::string name = words.word("what comes of a file");
+    const auto row = std::ranges::find(outcome_names, name, &OutcomeName::name);
+    if (row == outcome_names.end()) throw ScriptFault{"", 0, "nothing that can come of a file: " + name};
+    outcome.kind = row->kind;
+    if (row->has_text) outcome.text = words.word("a file, or a reason");
+}
+
+DriverLine parse_line(std::string_view text) {
+    if (!is_driver_line(text)) return parse_message(text);
+    return parsed_by_table<DriverLine>(line_rows, text);
+}
+
+}  // namespace tq
