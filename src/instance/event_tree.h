@@ -20,6 +20,9 @@ struct EventEntry {
 struct EventKey {
     double start;
     long id;
+    bool is_behind(const EventKey& other) const {
+        return start != other.start ? start > other.start : id > other.id;
+    }
     bool is_after(const EventEntry& entry) const {
         return entry.start != start ? entry.start < start : entry.event->id < id;
     }

@@ -83,14 +83,13 @@ void output_selected_event(Prseq& object, const Event& event, long position) {
     outlet_anything(object, OutletSelected, tq_sym_event, atoms);
 }
 
-/// Whether the next event is still to be sent: it has not left its track since it was chosen, nor been moved
-/// to where it will come again.
+/// Whether the next event is still to be sent: it has not left the document since it was chosen, nor been
+/// moved, on its track or to another one, to where it will come by itself.
 bool is_due(const Prseq& object) {
     const Event& event = *object.nextevent;
-    const Track* track = object.nextevent_track.get();
-    if (event.track != track || track->index < 0) return false;
-    const EventKey& chosen = track->nextplace;
-    return event.start <= chosen.start;
+    const Track *track = event.track, *chosen = object.nextevent_track.get();
+    if (!track || track->index < 0 || event.start > chosen->nextplace.start) return false;
+    return track == chosen || !track->nextevent || track->nextplace.is_behind({event.start, event.id});
 }
 
 void tell_stop(Prseq& object, const Track& track) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/script_fixture.h"
+#include "edits/type_edits.h"
 #include "instance/colors.h"
 
 namespace tq::test {
@@ -130,6 +131,39 @@ TEST_F(TrackMessages, addTypesOnce) {
     EXPECT_EQ(event.bpfs[1]->points, BpfPoints({{0, 0.25}, {1, 0.25}})) << "at the type's default";
     ASSERT_EQ(event.parametervalues.size(), 1u);
     EXPECT_EQ(event.parametervalues[0].value, 0.5);
+}
+
+TEST_F(TrackMessages, deletingATrackBeforeTheActiveOneLeavesNothingSelected) {
+    say("track_add A\ntrack_add B\nevent start 0 <note> 60 0 </note>\ntrack_add C\ntrack_active 1\n.command "
+        "select_all\ntrack_delete 0");
+    EXPECT_EQ(box().activetrack, 1);
+    EXPECT_TRUE(says(".show events", "event",
+                     "event 1 track 0 start 0. duration 1000. pitch 60. velocity 0. selected 0"));
+}
+
+TEST_F(TrackMessages, aSecondPitchGivesNoEventASecondCurve) {
+    say("track_add A\nevent start 0 duration 10\ntrack_bpf_add Pitch 0 1 0\ntrack_bpf_add Gain 0 1 0\n"
+        "event start 5 duration 10\ntrack_add B\ntrack_active 0\nevent id 1 track 1\nevent id 1 track "
+        "0\n.wait 100");
+    for (const char* after : {"dump_selected", "undo", "redo"}) {
+        say(after);
+        box().tracks[0]->events.for_each([&](const Event& event) {
+            ASSERT_EQ(event.bpfs.size(), 2u);
+            EXPECT_EQ(event.bpfs[1]->name().text(), "Gain");
+        });
+    }
+}
+
+TEST_F(TrackMessages, renamingAndRangingATypeReachesEveryCurve) {
+    say("track_add A\ntrack_bpf_add Gain 0 1 0\n"
+        "event start 0 duration 10 <note> 72 0 </note> <bpf> Gain 0 1 </bpf>\n.wait 100");
+    change_bpf_type(box(), box().tracks[0], 1, {gensym("Level"), 0, 200, 0});
+    EXPECT_TRUE(says(".command select_all", "out1", R"(
+        out1 event clear
+        out1 event 0 id 1 track 0 start 0 duration 10 <note> 72. 0. </note> <bpf> Pitch 0. 72. 10. 72. Level 0. 200. 10. 0. </bpf>
+        out1 event done)"));
+    say("undo");
+    EXPECT_EQ(box().tracks[0]->events.first()->bpfs[1]->name().text(), "Gain");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "host/modifiers.h"
 #include "interaction/hit_test.h"
 #include "interaction/mouse.h"
+#include "model/bpf_editor.h"
 #include "model/events.h"
 #include "model/tracks.h"
 #include "view/maindisplay.h"
@@ -293,6 +294,20 @@ TEST_F(SelectionTest, ModesForCurvesChooseTheEventThatIsEdited) {
     EXPECT_EQ(box.maindisplay.mousemode, MouseMode::Slice);
     send("mouse_mode sideways");
     EXPECT_EQ(box.maindisplay.mousemode, MouseMode::Slice);
+}
+
+TEST_F(SelectionTest, AnEditedEventThatLeavesIsNotEditedAnyMore) {
+    send("event start 1000 duration 4000 <note> 60 90 </note>", "mouse_mode edit_bpf");
+    session.host().scheduler.run_until(session.host().scheduler.now() + 100);
+    paint();
+    const Point inside = point(track().events.first(), 50, 4);
+    const unsigned edited = pixel(inside.x, inside.y);
+    for (const char* leave : {"undo", "redo", "track_add B"}) {
+        see(leave);
+        const bool there = std::string(leave) == "redo";
+        EXPECT_EQ(bpf_edited_event(box) != nullptr, there) << leave;
+        EXPECT_EQ(pixel(inside.x, inside.y) == edited, there) << "no ghost is painted";
+    }
 }
 
 TEST_F(SelectionTest, TheTiptoolStaysInsideItsRectangle) {

@@ -75,8 +75,12 @@ TEST_F(Buffers, relateTheirLengthToTheEventWhenAdapted) {
     EXPECT_EQ(event().link().ratio, 2);
     say("undo");
     EXPECT_EQ(event().link().ratio, 4);
-    say("event id 1 <buffer> kick 0 </buffer>");
-    EXPECT_EQ(event().link().ratio, 1);
+    for (const char* without : {"<buffer> kick 0 </buffer>", "<buffer> kick </buffer>"}) {
+        say(std::string("event id 1 ") + without);
+        EXPECT_EQ(event().link().ratio, 1) << without;
+        say("undo");
+        EXPECT_EQ(event().link().ratio, 4);
+    }
     TQ_Prseq_Events_SetEventDuration(event(), 0);
     event().make_link().adapt = true;
     TQ_Prseq_Buffer_CalculateBufferRatio(event());

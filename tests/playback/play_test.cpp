@@ -183,6 +183,48 @@ TEST_F(Playing, survivesEditsOfWhatComesNext) {
     EXPECT_TRUE(logs(".transport 0\n1\nread\n.wait 1000", "1397.500 0 1.\n1397.500 0 stop"));
 }
 
+TEST_F(Playing, sendsOnceWhatIsMovedWhileItIsNext) {
+    tracks(2);
+    for (int start : {100, 200, 300, 400}) note(0, start, start / 100);
+    note(1, 1000, 60);
+    EXPECT_TRUE(logs("1\n.wait 250\nevent id 3 start 50\n.wait 300", R"(
+        237.500 0 1.
+        337.500 0 2.
+        437.500 0 3.
+        537.500 0 4.)"))
+        << "moved back: it comes, and nothing before it comes again";
+    EXPECT_TRUE(logs("0\n.transport 0\n1\n.wait 150\nevent id 2 start 350\n.wait 400", R"(
+        687.500 0 stop
+        687.500 1 stop
+        737.500 0 3.
+        787.500 0 1.
+        1037.500 0 2.
+        1087.500 0 4.)"))
+        << "moved on: it comes there";
+    EXPECT_TRUE(logs("0\n.transport 0\n1\n.wait 120\nevent id 2 track 1\n.wait 900", R"(
+        1237.500 0 stop
+        1237.500 1 stop
+        1287.500 0 3.
+        1337.500 0 1.
+        1587.500 1 2.
+        1637.500 0 4.
+        2237.500 1 60.)"))
+        << "moved to another track";
+}
+
+TEST_F(Playing, aTrackThatComesBackMissesWhatItMissed) {
+    tracks(2);
+    for (int start = 100; start <= 1000; start += 100) note(0, start, start / 100);
+    EXPECT_TRUE(logs("1\n.wait 250\ntrack_delete 0\n.wait 300\nundo\n.wait 200", R"(
+        237.500 0 1.
+        337.500 0 2.
+        387.500 0 stop
+        387.500 1 stop
+        687.500 0 stop
+        737.500 0 6.
+        837.500 0 7.)"));
+}
+
 TEST_F(Playing, isTheSameHoweverTimeIsCut) {
     tracks(3);
     std::mt19937 random(7);

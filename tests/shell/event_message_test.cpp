@@ -191,5 +191,27 @@ TEST_F(EventMessages, setsCurves) {
         << "an event without duration";
 }
 
+TEST_F(EventMessages, withATrackBelowTheFirstMeanTheFirst) {
+    EXPECT_TRUE(complains("event track -7 start 0", "no track 0, creating new one"));
+    EXPECT_EQ(box().tracks.at(0)->name, "Untitled");
+}
+
+TEST_F(EventMessages, aDumpDoesNotEndTheirBurst) {
+    say("track_add A\nundoredo_clear\nevent start 0\nundoredo_dump\nevent start 1\n.wait 100");
+    EXPECT_EQ(box().history.items.size(), 1u);
+    EXPECT_EQ(box().history.items[0]->name(), "Insert Events");
+}
+
+TEST_F(EventMessages, extendTheTimelineToTheirOwnEnd) {
+    for (auto [message, length] : {std::pair{"event start 0 duration 20000", "22000."},
+                                   {"event start 30000 duration 0", "32000."},
+                                   {"event id 1 duration 40000", "42000."},
+                                   {"event id 2 start 50000", "52000."},
+                                   {"event start 1 duration 60000", "62000."}})
+        EXPECT_TRUE(says(std::string(message) + "\ngetmaxtime", "maxtime",
+                         std::string("out3 maxtime ") + length + "\nout3 maxtime " + length))
+            << message;
+}
+
 }  // namespace
 }  // namespace tq::test

@@ -288,6 +288,11 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
           {"track_visible 0 0", "maindisplay_layer"},
           {"maxtime 20000", "maindisplay_layer"},
           {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer"},
+          {"showlabels 0", "maindisplay_layer"},
+          {"showmessages 0", "maindisplay_layer"},
+          {"showbpfs 0", "maindisplay_layer"},
+          {"showbuffers 0", "maindisplay_layer"},
+          {"display_all_bpfs 0", "maindisplay_layer"},
           {"snaptime 1", ""}}) {
         send(message);
         EXPECT_EQ(layers_painted(), layers) << message;

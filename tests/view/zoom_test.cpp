@@ -80,6 +80,11 @@ TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {
     TQ_Prseq_Tracks_SelectAllEvents(box, 0);
     send("zoom_to_selection");
     expect_sector({1000, 67, 3000, 8});
+    send("track_add", "event start 9000 duration 0 <note> 50 100 </note>");
+    TQ_Prseq_Tracks_SelectAllEvents(box, 1);
+    send("zoom_to_selection");
+    EXPECT_EQ(box.horizontalzoom, 1) << "an event without length is as near as can be";
+    EXPECT_NEAR(box.horizontalscroll, 9000 / box.timelinelength, 1e-9) << "and in view";
 }
 
 TEST_F(ZoomTest, AnAnimatedZoomTakesHalfASecondInEqualSteps) {

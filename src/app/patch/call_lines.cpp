@@ -21,10 +21,17 @@ constexpr std::array modifier_names{
 /// In the order of MouseCall::Kind.
 constexpr std::array<std::string_view, 5> mouse_kinds{"down", "drag", "up", "move", "double"};
 
-/// A message that would be read as a driver's line or as a comment is escaped.
-std::string message_line(const MessageCall& call) {
-    std::string text = message_word(call.selector.text());
+constexpr const char* blanks = " \t\r\n";
+
+/// What would be read as a driver's line or as a comment is escaped.
+std::string escaped(std::string text) {
     if (text[0] == '#' || is_driver_line(text)) text.insert(0, 1, '\\');
+    return text;
+}
+
+std::string message_line(const MessageCall& call) {
+    if (!call.text.empty()) return escaped(call.text.substr(call.text.find_first_not_of(blanks)));
+    std::string text = escaped(message_word(call.selector.text()));
     if (!call.arguments.empty()) text += ' ';
     return text + atom_gettext(call.arguments);
 }
@@ -102,9 +109,10 @@ bool is_driver_line(std::string_view line) {
 MessageCall parse_message(std::string_view text) {
     Atoms atoms = atom_setparse(text);
     if (atoms.empty()) return {};
-    if (atoms.front().is_symbol()) return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end())};
-    if (atoms.size() > 1) return {gensym("list"), std::move(atoms)};
-    return {gensym(atoms.front().is_int() ? "int" : "float"), std::move(atoms)};
+    if (atoms.front().is_symbol())
+        return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end()), {}};
+    if (atoms.size() > 1) return {gensym("list"), std::move(atoms), {}};
+    return {gensym(atoms.front().is_int() ? "int" : "float"), std::move(atoms), {}};
 }
 
 SoundCall sound_call(const Host& host, Symbol name) {

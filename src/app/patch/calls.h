@@ -19,7 +19,10 @@ class Session;
 struct MessageCall {
     Symbol selector;
     Atoms arguments;
-    friend bool operator==(const MessageCall&, const MessageCall&) = default;
+    std::string text;  ///< that it was parsed from, where that is kept; its line then
+    friend bool operator==(const MessageCall& a, const MessageCall& b) {
+        return a.selector == b.selector && a.arguments == b.arguments;
+    }
 };
 /// Pixels, held to what the box can be.
 struct SizeCall {

@@ -108,9 +108,13 @@ bool Session::perform_now(const SessionCall& call) {
     return done;
 }
 
-void Session::send(std::string_view text) { call(parse_message(text)); }
+void Session::send(std::string_view text) {
+    MessageCall message = parse_message(text);
+    if (call_listener_ && !message.selector.empty()) message.text = text;  // cheaper than to write it anew
+    call(std::move(message));
+}
 void Session::send(Symbol message, AtomSpan atoms) {
-    call(MessageCall{message, {atoms.begin(), atoms.end()}});
+    call(MessageCall{message, {atoms.begin(), atoms.end()}, {}});
 }
 
 bool Session::open(const std::string& path) { return call(OpenCall{path}); }

@@ -101,7 +101,7 @@ TEST(Lines, comeBackFromTheirText) {
 TEST(Lines, ofMessagesComeBackFromTheirText) {
     Filler filler;
     for (int i = 0; i < 2000; ++i) {
-        MessageCall call{gensym(filler.word()), {}};
+        MessageCall call{gensym(filler.word()), {}, {}};
         for (size_t atoms = filler.below(4); atoms > 0; --atoms) {
             if (filler.below(2))
                 call.arguments.emplace_back(gensym(filler.word()));
