@@ -13,12 +13,6 @@ double linearInterpolation(double v, double in_low, double in_high, double out_l
     return scale(v, in_low, in_high, out_low, out_high);
 }
 
-Point TQMakePoint(double x, double y) { return {x, y}; }
-
-Rect makeRectFromPoints(double x1, double y1, double x2, double y2) {
-    return {std::min(x1, x2), std::min(y1, y2), std::abs(std::trunc(x2 - x1)), std::abs(std::trunc(y2 - y1))};
-}
-
 bool TQRectContainsPoint(const Rect& rect, double px, double py) {
     return rect.x <= px && px <= rect.x + rect.width && rect.y <= py && py <= rect.y + rect.height;
 }

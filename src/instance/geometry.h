@@ -9,9 +9,6 @@ namespace tq {
 double scale(double v, double in_low, double in_high, double out_low, double out_high);
 double linearInterpolation(double v, double in_low, double in_high, double out_low, double out_high);
 
-Point TQMakePoint(double x, double y);
-/// The rectangle between two corners; its width and height are cut to whole pixels.
-Rect makeRectFromPoints(double x1, double y1, double x2, double y2);
 /// Edges included.
 bool TQRectContainsPoint(const Rect& rect, double px, double py);
 /// Touching edges intersect.

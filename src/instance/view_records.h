@@ -10,7 +10,7 @@
 
 namespace tq {
 
-/// The divisions of the box. Mouse handlers switch on these numbers.
+/// The divisions of the box, in the order in which a point is looked up.
 enum class Part : int {
     None = -1,
     TimeDisplay = 0,
@@ -24,7 +24,7 @@ enum class Part : int {
 };
 inline constexpr std::size_t part_count = 8;
 
-/// What the mouse does in the main display. The context menu and scripts know the modes by these numbers.
+/// What the mouse does in the main display; interaction/mouse_modes.h has a row for each.
 enum class MouseMode : int {
     Select = 0,
     Insert = 1,
@@ -83,11 +83,6 @@ struct MainDisplay {
 struct KeyDisplay {
     Rect rect;  ///< relative to the box
     double scroll = 0, zoom = 1;
-    Rgba whitekeycolor{0.98, 0.98, 0.98, 1};
-    Rgba whitekeybordercolor{0.8, 0.8, 0.67, 1};
-    Rgba blackkeycolor{0.78, 0.78, 0.78, 1};
-    Rgba labelcolor{0.2, 0.2, 0.2, 1};
-    Rgba highlightcolor{0, 0, 0, 1};
     double blackkeyunit = 8;  ///< pixels a semitone at zoom 1
     double keylength = 40;
     double whitekeybroadness = 8 * 12. / 7;
@@ -126,8 +121,6 @@ struct TQScrollbar {
     double zoomknobsize = 8;
     double zoomcurveexponent = 3;
     double thickness = 15;
-    Rgba knobcolor{0.78, 0.78, 0.78, 1};
-    Rgba backgroundcolor{0.6, 0.6, 0.95, 0.5};  ///< also of a pressed arrow
     friend bool operator==(const TQScrollbar&, const TQScrollbar&) = default;
 };
 

@@ -1,5 +1,6 @@
 #include "interaction/hit_test.h"
 
+#include "instance/geometry.h"
 #include "instance/prseq.h"
 #include "view/maindisplay.h"
 
@@ -13,10 +14,6 @@ constexpr double parameter_grip = 5, dragged_grip = parameter_grip + 10;  // pix
 double time_at(const Prseq& object, double x) {
     const MainDisplay& md = object.maindisplay;
     return TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, md, x + md.horizontalscroll);
-}
-
-bool touch(const Rect& a, const Rect& b) {
-    return a.x <= b.x + b.width && b.x <= a.x + a.width && a.y <= b.y + b.height && b.y <= a.y + a.height;
 }
 
 /// The first event of a track that begins between two display x's and that `hit` takes.
@@ -43,7 +40,7 @@ std::vector<Event*> events_touching(const Prseq& object, const Track& track, con
     const double from = time_at(object, area.x - minimum_event_width - 1),
                  to = time_at(object, area.x + area.width + 1);
     track.events.touching(from, to, [&](Event& event) {
-        if (touch(TQ_Prseq_Events_Rect(object, event), area)) found.push_back(&event);
+        if (TQRectsIntersect(TQ_Prseq_Events_Rect(object, event), area)) found.push_back(&event);
     });
     return found;
 }

@@ -91,6 +91,4 @@ void TQ_Prseq_Events_SetBpfFromDictionary(const BpfDictionary& dictionary, Bpf& 
     bpf.points = std::move(points);
 }
 
-BpfDictionary TQ_Prseq_Events_BpfToDictionary(const Bpf& bpf) { return {bpf.name(), bpf.points}; }
-
 }  // namespace tq

@@ -108,7 +108,7 @@ BpfRef TQ_Prseq_Events_MakeDefaultBpf(BpfType& type) {
 }
 
 BpfRef TQ_Prseq_Events_MakeBpfFromBpfType(BpfType& type) {
-    BpfRef bpf = make_ref<Bpf>(&type);
+    BpfRef bpf = TQ_Prseq_Events_MakeDefaultBpf(type);
     bpf->points = flat_points(TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(type));
     return bpf;
 }

@@ -57,7 +57,6 @@ long TQ_Prseq_Events_AddBpfPoint(Bpf& bpf, BpfPoint point);
 void TQ_Prseq_Events_SetBpfPointsFromAtomArray(const Prseq& object, Event& event, AtomSpan atoms);
 /// Puts in the points that lie at x <= 1, over a flat curve at 0.
 void TQ_Prseq_Events_SetBpfFromDictionary(const BpfDictionary& dictionary, Bpf& bpf);
-BpfDictionary TQ_Prseq_Events_BpfToDictionary(const Bpf& bpf);
 
 /// A straight line at y.
 BpfPoints flat_points(double y);

@@ -89,16 +89,6 @@ EventRef TQ_Prseq_Events_DuplicateEvent(Prseq& object, const Event& event) {
 
 Event* TQ_Prseq_Events_FindEventFromID(const Prseq& object, long id) { return object.events_by_id.find(id); }
 
-Track* TQ_Prseq_Events_FindTrackWithEventID(const Prseq& object, long id) {
-    const Event* event = object.events_by_id.find(id);
-    return event ? event->track : nullptr;
-}
-
-Event* TQ_Prseq_Events_FindEventFromTrackAndID(const Prseq& object, const Track& track, long id) {
-    Event* event = object.events_by_id.find(id);
-    return event && event->track == &track ? event : nullptr;
-}
-
 void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration) {
     if (event.track) {
         event.track->events.retime(event, start, duration);

@@ -18,9 +18,6 @@ EventRef TQ_Prseq_Events_DuplicateEvent(Prseq& object, const Event& event);
 
 /// The event of the document with this identifier, or none.
 Event* TQ_Prseq_Events_FindEventFromID(const Prseq& object, long id);
-Track* TQ_Prseq_Events_FindTrackWithEventID(const Prseq& object, long id);
-/// The same when it is on this track, else none.
-Event* TQ_Prseq_Events_FindEventFromTrackAndID(const Prseq& object, const Track& track, long id);
 
 /// Start and duration in ms; the event's place in its track follows.
 void TQ_Prseq_Events_SetEventStart(Event& event, double start);

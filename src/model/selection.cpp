@@ -86,6 +86,4 @@ size_t list_selected_events(Prseq& object) {
     return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
 }
 
-size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object) { return object.selection.size(); }
-
 }  // namespace tq

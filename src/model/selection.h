@@ -32,6 +32,5 @@ void TQ_Prseq_Tracks_SelectEventsFromLinkedList(Prseq& object, const std::vector
 size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long track);
 /// The same of the active track.
 size_t list_selected_events(Prseq& object);
-size_t TQ_Prseq_Tracks_GetSizeOfAllSelectedEvents(const Prseq& object);
 
 }  // namespace tq

@@ -124,10 +124,6 @@ void TQ_Prseq_Tracks_SetDiscardDefaultPitchBpfOutput(Prseq& object, long index, 
     set_field(object, index, &Track::discarddefaultpitchbpfoutput, discard);
 }
 
-void TQ_Prseq_Tracks_SetHue(Prseq& object, long index, double hue) {
-    set_field(object, index, &Track::hue, hue);
-}
-
 void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation,
                                      double luminosity) {
     Track* track = track_at(object, index);

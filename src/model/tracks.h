@@ -33,8 +33,6 @@ void TQ_Prseq_Tracks_SetVisible(Prseq& object, long index, bool visible);
 void TQ_Prseq_Tracks_SetDestination(Prseq& object, long index, Symbol destination);
 void TQ_Prseq_Tracks_SetDiscardNoteOutput(Prseq& object, long index, bool discard);
 void TQ_Prseq_Tracks_SetDiscardDefaultPitchBpfOutput(Prseq& object, long index, bool discard);
-/// The hue alone; the colours stay.
-void TQ_Prseq_Tracks_SetHue(Prseq& object, long index, double hue);
 /// The hue, and the five colours that follow from it.
 void TQ_Prseq_Tracks_SetColorFromHSL(Prseq& object, long index, double hue, double saturation,
                                      double luminosity);

@@ -6,6 +6,7 @@
 #include "instance/prseq.h"
 #include "model/selected_events.h"
 #include "model/selection.h"
+#include "view/keydisplay.h"
 #include "view/maindisplay.h"
 #include "view/reports.h"
 #include "view/sector.h"
@@ -40,7 +41,7 @@ void zoom_by(Prseq& object, double factor, double pagex, double localy) {
 /// The centre of what is visible: a page x and a y from the display's top.
 Point center(const Prseq& object) {
     return {object.maindisplay.rect.width / 2 + object.maindisplay.horizontalscroll,
-            object.keydisplay.rect.height / 2};
+            TQ_Prseq_Keydisplay_GetSelectionPageSize(object.keydisplay) / 2};
 }
 
 void show_sector(Prseq& object, const Sector& sector) {
