@@ -8,6 +8,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <variant>
@@ -105,13 +106,13 @@ Either(bool Record::*, const char*, const char*) -> Either<Record>;
 template <typename RecordType, typename... Fields>
 struct LineRow {
     using Record = RecordType;
-    const char* name;
+    std::string_view name;
     std::tuple<Fields...> fields;
 };
 
 /// A row of a table.
 template <typename Record, typename... Fields>
-constexpr auto line_row(const char* name, Fields... fields) {
+constexpr auto line_row(std::string_view name, Fields... fields) {
     return LineRow<Record, Fields...>{name, {fields...}};
 }
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace tq {
 
@@ -26,7 +27,7 @@ std::optional<double> number_in(const MessageWord& word) {
 
 std::string Words::word(const char* what) {
     if (!more()) fault(fmt::format("missing: {}", what));
-    return words_[next_++].text;
+    return std::move(words_[next_++].text);
 }
 
 double Words::number(const char* what, double low, double high) {

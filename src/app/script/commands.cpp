@@ -1,5 +1,6 @@
 #include "app/script/commands.h"
 
+#include <utility>
 #include <variant>
 
 #include "app/script/driver.h"
@@ -16,6 +17,7 @@ struct DriverCommands {
     void operator()(const Call& call) const {
         driver.session_.call(call);
     }
+    void operator()(MessageCall&& call) const { driver.session_.call(std::move(call)); }
     void operator()(const SizeCall& size) const { driver.resize({size.width, size.height}); }
     void operator()(const BufferCall& buffer) const {
         if (!driver.replaying_) driver.session_.call(buffer);  // ".sound" has told what came of it

@@ -15,16 +15,21 @@ namespace {
 
 constexpr std::string_view several = ".lines ";
 
+/// Part by part, so that a line without an end is refused before memory does.
 bool read_one(std::istream& lines, std::string& line) {
     line.clear();
-    std::streambuf& bytes = *lines.rdbuf();
-    for (int c; (c = bytes.sbumpc()) != std::char_traits<char>::eof();) {
-        if (c == '\n') return true;
-        if (line.size() == longest_line)
+    for (;;) {
+        char part[4096];
+        lines.getline(part, sizeof part);
+        const auto taken = static_cast<size_t>(lines.gcount());
+        const bool ended = lines.good();  // the line's end was taken, too
+        line.append(part, taken - (ended ? 1 : 0));
+        if (line.size() > longest_line)
             throw ScriptFault{"", 0, fmt::format("a line of more than {} MiB", longest_line >> 20)};
-        line += static_cast<char>(c);
+        if (ended) return true;
+        if (lines.eof() || taken == 0) return !line.empty();
+        lines.clear();  // the part was full
     }
-    return !line.empty();
 }
 
 }  // namespace

@@ -83,6 +83,26 @@ DriverLine read_back(const std::string& text) {
     return parse_line(line);
 }
 
+/// A file is read in parts of 4096 bytes.
+TEST(Lines, ofAnyLengthAreTakenWhole) {
+    std::string file;
+    std::vector<std::string> lines;
+    for (const size_t length : {0, 1, 4094, 4095, 4096, 8189, 8190, 8191, 100000, 4095}) {
+        lines.emplace_back(length, 'x');
+        if (length > 1) lines.back()[length / 2] = '\0';
+        append_framed(file, lines.back());
+    }
+    file.pop_back();
+    std::istringstream stream(file);
+    std::string line;
+    long number = 0;
+    for (const std::string& expected : lines) {
+        ASSERT_TRUE(read_framed(stream, line, number));
+        EXPECT_EQ(line, expected) << number;
+    }
+    EXPECT_FALSE(read_framed(stream, line, number));
+}
+
 TEST(Lines, comeBackFromTheirText) {
     Filler filler;
     size_t lines = 0;
