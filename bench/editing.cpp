@@ -1,6 +1,7 @@
 #include "editing.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 
 #include "documents.h"
@@ -52,6 +53,19 @@ class Editing {
         prseq_mousedrag(box_, 300 + distance_, 300, modifier_left_button);
     }
     void release() { prseq_mouseup(box_, 300, 300, modifier_left_button); }
+    void move() { press(), drag(), release(); }
+    void zoom_out() {
+        session_->send("zoom_animation 0");
+        session_->send("zoom_out_all");
+    }
+    /// Over all that is seen; the upper left corner is empty.
+    void drag_marquee() {
+        const Rect& rect = box_.maindisplay.rect;
+        prseq_mousedown(box_, rect.x, rect.y + 1, modifier_left_button);
+        prseq_mousedrag(box_, rect.x + rect.width + 1, rect.y + rect.height, modifier_left_button);
+        release();
+        if (box_.selection.size() != count()) std::abort();
+    }
     void delete_selected() { prseq_deleteselectedevents(box_); }
     void undo() { session_->send(undo_, {}); }
     void redo() { session_->send(redo_, {}); }
@@ -91,6 +105,10 @@ const Operation operations[] = {
     {"select all", true, nothing, [](Editing& e) { e.select_all(); }, nothing},
     {"move the whole selection by one step", true, [](Editing& e) { e.select_all(), e.press(); },
      [](Editing& e) { e.drag(); }, [](Editing& e) { e.release(), e.forget(); }},
+    {"press, move and release the whole selection", true, [](Editing& e) { e.select_all(); },
+     [](Editing& e) { e.move(); }, [](Editing& e) { e.forget(); }},
+    {"undo moving all", true, [](Editing& e) { e.select_all(), e.move(); }, [](Editing& e) { e.undo(); },
+     [](Editing& e) { e.forget(); }},
     {"delete all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.delete_selected(); },
      [](Editing& e) { e.undo(), e.forget(); }},
     {"undo deleting all", true, [](Editing& e) { e.select_all(), e.delete_selected(); },
@@ -101,7 +119,7 @@ const Operation operations[] = {
      [](Editing& e) { e.forget(); }},
     {"select one event", false, [](Editing& e) { e.choose(); }, [](Editing& e) { e.select_one(); }, nothing},
     {"press and drag one event by one step", false, [](Editing& e) { e.choose(), e.select_one(); },
-     [](Editing& e) { e.press(), e.drag(), e.release(); }, [](Editing& e) { e.forget(); }},
+     [](Editing& e) { e.move(); }, [](Editing& e) { e.forget(); }},
     {"delete one event and undo", false, [](Editing& e) { e.choose(), e.select_one(); },
      [](Editing& e) { e.delete_selected(), e.undo(); }, [](Editing& e) { e.forget(); }},
     {"cut and paste one event", false, [](Editing& e) { e.choose(), e.select_one(); },
@@ -110,6 +128,8 @@ const Operation operations[] = {
      [](Editing& e) { e.forget(); }},
     {"undo and redo of one event", false, [](Editing& e) { e.choose(), e.modify(); },
      [](Editing& e) { e.undo(), e.redo(); }, [](Editing& e) { e.forget(); }},
+    {"zoom out and drag a marquee over all", true, [](Editing& e) { e.zoom_out(); },
+     [](Editing& e) { e.drag_marquee(); }, nothing},
 };
 
 /// ns of one run of the work, the best of some for all events, the mean of many for one.

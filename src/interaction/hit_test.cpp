@@ -2,6 +2,7 @@
 
 #include "instance/geometry.h"
 #include "instance/prseq.h"
+#include "model/tracks.h"
 #include "view/maindisplay.h"
 
 namespace tq {
@@ -55,6 +56,12 @@ long TQ_Prseq_Tracks_GetClickedEventIndexInTrack(const Prseq& object, const Trac
                                                  double y) {
     const Event* event = TQ_Prseq_Tracks_GetClickedEventInTrack(object, track, x, y);
     return event ? track.events.index_of(*event) : -1;
+}
+
+EventRef event_under(const Prseq& object, const Pointer& pointer) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    const Point at = event_space(object, pointer);
+    return track ? TQ_Prseq_Tracks_GetClickedEventInTrack(object, *track, at.x, at.y) : nullptr;
 }
 
 Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, const Track& track, double x,

@@ -19,6 +19,8 @@ Point event_space(const Prseq& object, const Pointer& pointer);
 Event* TQ_Prseq_Tracks_GetClickedEventInTrack(const Prseq& object, const Track& track, double x, double y);
 /// Its index, or −1.
 long TQ_Prseq_Tracks_GetClickedEventIndexInTrack(const Prseq& object, const Track& track, double x, double y);
+/// The event of the active track that a pointer is on.
+EventRef event_under(const Prseq& object, const Pointer& pointer);
 /// The first event whose left edge a press grabs in the parameter display: up to 5 pixels right of it.
 Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, const Track& track, double x,
                                                        double y);

@@ -17,12 +17,6 @@ namespace {
 
 void press_nothing(Prseq&, const Pointer&) {}
 
-EventRef event_under(const Prseq& object, const Pointer& press) {
-    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    const Point at = event_space(object, press);
-    return track ? TQ_Prseq_Tracks_GetClickedEventInTrack(object, *track, at.x, at.y) : nullptr;
-}
-
 void press_in_slice_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_under(object, press);
     if (!event) return;

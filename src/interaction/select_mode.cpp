@@ -35,9 +35,7 @@ void select_clicked(Event& event, bool toggle) {
 void press_in_select_mode(Prseq& object, const Pointer& press) {
     Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     const bool shift = press.modifiers & modifier_shift;
-    const Point at = event_space(object, press);
-    const EventRef event =
-        track ? TQ_Prseq_Tracks_GetClickedEventInTrack(object, *track, at.x, at.y) : nullptr;
+    const EventRef event = event_under(object, press);
     if (!event) {
         if (track && !shift) track->events.deselect_all();
         list_selected_events(object);
@@ -47,7 +45,7 @@ void press_in_select_mode(Prseq& object, const Pointer& press) {
     select_clicked(*event, shift);
     list_selected_events(object);
     if (!event->selected) return;  // there is nothing to drag
-    const Edge edge = edge_at(TQ_Prseq_Events_Rect(object, *event), at.x);
+    const Edge edge = edge_at(TQ_Prseq_Events_Rect(object, *event), event_space(object, press).x);
     if (edge == Edge::Inside)
         object.gesture = move_gesture(object, event, press);
     else
