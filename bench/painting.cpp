@@ -88,10 +88,23 @@ void rows_of_all(size_t events) {
     }
 }
 
+/// A million events, half of them in view, while the line cursor goes through them and the view stays.
+void playing_row() {
+    Painted painted(1000000, 8);
+    painted.show_events(500000);
+    Scheduler& scheduler = painted.session->host().scheduler;
+    painted.session->send("position 5000000");
+    painted.session->send("int 1");
+    const double ms = painted.ms_a_frame([&](int) { scheduler.run_until(scheduler.now() + 50); });
+    row_beside_fill("a frame of playing without follow, 500 k in view", ms);
+}
+
 }  // namespace
 
 void painting_rows() {
     for (size_t visible : {1000UL, 10000UL}) rows_of_a_part(visible);
-    for (size_t events : {100000UL, 1000000UL, 10000000UL}) }
+    for (size_t events : {100000UL, 1000000UL, 10000000UL}) rows_of_all(events);
+    playing_row();
+}
 
 }  // namespace bench

@@ -46,6 +46,8 @@ void jgraphics_translate(Graphics& g, double dx, double dy);
 void jgraphics_clip(Graphics& g, const Rect& rect);
 
 void jgraphics_rectangle_fill_fast(Graphics& g, const Rect& rect);
+/// Makes the pixels transparent.
+void jgraphics_rectangle_clear(Graphics& g, const Rect& rect);
 /// An outline of the given width just inside the rectangle.
 void jgraphics_rectangle_draw_fast(Graphics& g, const Rect& rect, double width);
 /// A line centred on the way between two points; one that is not parallel to an axis is anti-aliased.

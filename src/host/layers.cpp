@@ -2,35 +2,39 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 #include "host/box.h"
 #include "host/graphics.h"
 #include "host/image.h"
+#include "host/round.h"
 
 namespace tq {
 
-std::optional<Graphics> jbox_start_layer(const Box& box, const Graphics& view, Symbol name, double width,
+std::optional<Graphics> jbox_start_layer(const Box& box, double ratio, Symbol name, double width,
                                          double height) {
     Layer& layer = box.layers.by_name[name];
     if (!(width > 0 && height > 0)) {
         layer = {};
         return {};
     }
-    bool fits = layer.surface && layer.surface->size() == Size{width, height} &&
-                layer.surface->ratio() == view.ratio();
+    bool fits =
+        layer.surface && layer.surface->size() == Size{width, height} && layer.surface->ratio() == ratio;
     if (fits && layer.valid) return {};
     if (fits) {
         surface_clear(*layer.surface);
     } else {
-        layer.surface = jgraphics_image_surface_create(width, height, view.ratio());
+        layer.surface = jgraphics_image_surface_create(width, height, ratio);
     }
     layer.valid = false;
     return Graphics(*layer.surface);
 }
 
 void jbox_end_layer(const Box& box, Symbol name) {
-    box.layers.by_name[name].valid = true;
+    Layer& layer = box.layers.by_name[name];
+    layer.valid = true;
+    ++layer.version;
     std::vector<Symbol>& drawn = box.layers.drawn;
     if (std::ranges::find(drawn, name) == drawn.end()) drawn.push_back(name);
 }
@@ -44,5 +48,58 @@ void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, dou
 }
 
 void jbox_invalidate_layer(const Box& box, Symbol name) { box.layers.by_name[name].valid = false; }
+
+void BoxPicture::resize(Size size, double ratio) {
+    if (surface_ && surface_->size() == size && surface_->ratio() == ratio) return;
+    surface_ = jgraphics_image_surface_create(size.width, size.height, ratio);
+    shown_.clear();
+}
+
+std::vector<BoxPicture::Shown> BoxPicture::placed(const Box& box, std::span<const PlacedLayer> layers) const {
+    const double ratio = surface_->ratio();
+    auto near = [ratio](double value) { return jgraphics_round(value * ratio) / ratio; };
+    auto up = [ratio](double value) { return std::ceil(value * ratio - 1e-6) / ratio; };
+    std::vector<Shown> shown;
+    for (const PlacedLayer& layer : layers) {
+        const Layer& kept = box.layers.by_name[layer.name];
+        if (!kept.surface) continue;
+        const Size size = kept.surface->size();
+        shown.push_back({layer.name,
+                         kept.version,
+                         {near(layer.at.x), near(layer.at.y), up(size.width), up(size.height)}});
+    }
+    return shown;
+}
+
+/// Where a layer came, went, moved or was drawn anew.
+std::vector<Rect> BoxPicture::differing_from(const std::vector<Shown>& now) const {
+    if (shown_.empty()) return {{0, 0, surface_->size().width, surface_->size().height}};
+    std::vector<Rect> places;
+    auto add_missing = [&places](const std::vector<Shown>& these, const std::vector<Shown>& those) {
+        for (const Shown& shown : these)
+            if (std::ranges::find(those, shown) == those.end()) places.push_back(shown.place);
+    };
+    add_missing(shown_, now);
+    add_missing(now, shown_);
+    std::ranges::sort(places, {}, [](const Rect& r) { return std::tuple(r.x, r.y, r.width, r.height); });
+    const auto again = std::ranges::unique(places);
+    places.erase(again.begin(), again.end());
+    return places;
+}
+
+std::vector<Rect> BoxPicture::show(const Box& box, std::span<const PlacedLayer> layers) {
+    if (std::exchange(box_, &box) != &box) shown_.clear();
+    std::vector<Shown> now = placed(box, layers);
+    const std::vector<Rect> places = differing_from(now);
+    for (const Rect& place : places) {
+        Graphics view(*surface_);
+        jgraphics_clip(view, place);
+        jgraphics_rectangle_clear(view, place);
+        for (const PlacedLayer& layer : layers)
+            jbox_paint_layer(box, view, layer.name, layer.at.x, layer.at.y);
+    }
+    shown_ = std::move(now);
+    return places;
+}
 
 }  // namespace tq

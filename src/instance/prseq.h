@@ -9,6 +9,7 @@
 #include "host/clock.h"
 #include "host/transport.h"
 #include "instance/attribute_fields.h"
+#include "instance/bpf_editing.h"
 #include "instance/capture_record.h"
 #include "instance/change.h"
 #include "instance/clipboard_record.h"
@@ -85,6 +86,7 @@ struct Prseq : Box, AttributeFields, Geometry {
     Clock eventcaptureclock;
     EventRef bpfeditingevent;  ///< the event whose curves are edited, or none
     bool bpfeditor = false;
+    BpfEditing bpfediting;
     Tiptool tiptool;
 
     // playback

@@ -15,13 +15,20 @@ void invalidate_changed_layers(const Prseq& object) {
     object.unpainted = {};
 }
 
-void paint_layer(const Prseq& object, const LayerRow& row, Graphics& view) {
-    const Rect place = row.place(object);
-    if (auto g = jbox_start_layer(object, view, row.name, place.width, place.height)) {
-        row.draw(object, *g);
-        jbox_end_layer(object, row.name);
+/// Draws the layers that do not hold any more, and says which are to be seen, and where.
+std::vector<PlacedLayer> draw_layers(const Prseq& object, double ratio) {
+    invalidate_changed_layers(object);
+    std::vector<PlacedLayer> layers;
+    for (const LayerRow& row : layer_rows()) {
+        if (!row.wanted(object)) continue;
+        const Rect place = row.place(object);
+        if (auto g = jbox_start_layer(object, ratio, row.name, place.width, place.height)) {
+            row.draw(object, *g);
+            jbox_end_layer(object, row.name);
+        }
+        layers.push_back({row.name, {place.x, place.y}});
     }
-    jbox_paint_layer(object, view, row.name, place.x, place.y);
+    return layers;
 }
 
 }  // namespace
@@ -29,14 +36,13 @@ void paint_layer(const Prseq& object, const LayerRow& row, Graphics& view) {
 void prseq_paint(const Prseq& object, Graphics& view) { draw_display(object, view); }
 
 void draw_display(const Prseq& object, Graphics& view) {
-    invalidate_changed_layers(object);
-    for (const LayerRow& row : layer_rows()) {
-        if (!row.wanted(object)) continue;
-        if (row.name.empty())
-            row.draw(object, view);
-        else
-            paint_layer(object, row, view);
-    }
+    for (const PlacedLayer& layer : draw_layers(object, view.ratio()))
+        jbox_paint_layer(object, view, layer.name, layer.at.x, layer.at.y);
+}
+
+std::vector<Rect> prseq_paint(const Prseq& object, BoxPicture& picture, double ratio) {
+    picture.resize({object.width, object.height}, ratio);
+    return picture.show(object, draw_layers(object, ratio));
 }
 
 }  // namespace tq

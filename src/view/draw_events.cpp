@@ -7,6 +7,7 @@
 #include "model/bpf_editor.h"
 #include "model/tracks.h"
 #include "view/curves.h"
+#include "view/draw_bpf_editor.h"
 #include "view/draw_buffers.h"
 #include "view/draw_curves.h"
 #include "view/event_sprites.h"
@@ -168,6 +169,8 @@ void draw_edited_event(const Prseq& object, Graphics& g) {
     const EventShape shape = shape_of(*event, view, shape_options(object, true));
     draw_event_body(g, shape.rect, drawing.style, false);
     draw_what_is_on(drawing, shape);
+    if (object.showbpfs) draw_bpf_points(g, view, *event, object.bpfediting);
+    TQ_Prseq_Events_DrawBpfMarquee(g, view, *event, object.bpfediting);
 }
 
 }  // namespace tq

@@ -2,6 +2,7 @@
 
 #include "instance/prseq.h"
 #include "view/draw_events.h"
+#include "view/draw_overlays.h"
 #include "view/grid.h"
 
 namespace tq {
@@ -53,6 +54,7 @@ void draw_maindisplay(const Prseq& object, Graphics& g) {
     TQ_Prseq_Maindisplay_Draw(object, g);
     TQ_Prseq_Tracks_DrawEventsOnAllTracks(object, g);
     draw_edited_event(object, g);
+    if (object.showbpfs) TQ_Prseq_Tracks_DrawBpfLabel(object, g);
 }
 
 }  // namespace tq

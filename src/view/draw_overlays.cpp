@@ -43,15 +43,14 @@ std::string bpf_label(const Prseq& object) {
     return fmt::sprintf("Bpf: %s (%.2f-%.2f)", type.name.text(), type.minimum, type.maximum);
 }
 
-void TQ_Prseq_Tracks_DrawBpfLabel(const Prseq& object, Graphics& view) {
-    const Rect& display = object.maindisplay.rect;
+void TQ_Prseq_Tracks_DrawBpfLabel(const Prseq& object, Graphics& g) {
     JTextLayout text{.text = bpf_label(object),
                      .font = jfont_create("Geneva", bpf_label_size),
                      .horizontal = HorizontalJustification::Centered,
                      .color = grey((bpf_edited_event(object) ? 230 : 120) / 255.)};
     const Size size = jtextlayout_measure(text);
-    text.box = {display.x + bpf_label_offset.x, display.y + bpf_label_offset.y, size.width, size.height};
-    jtextlayout_draw(view, text);
+    text.box = {bpf_label_offset.x, bpf_label_offset.y, size.width, size.height};
+    jtextlayout_draw(g, text);
 }
 
 Rect linecursor_place(const Prseq& object) {

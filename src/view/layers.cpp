@@ -21,9 +21,6 @@ bool has_tiptool(const Prseq& object) { return object.tiptool.visible; }
 bool has_maindisplay(const Prseq& object) {
     return object.maindisplay.rect.width >= 0 && object.maindisplay.rect.height >= 0;
 }
-bool has_bpf_label(const Prseq& object) {
-    return object.showbpfs && object.maindisplay.rect.width > 0 && object.maindisplay.rect.height > 0;
-}
 bool asks_for_an_event_to_edit(const Prseq& object) {
     return edits_curves(object.maindisplay.mousemode) && !bpf_edited_event(object);
 }
@@ -40,7 +37,6 @@ std::span<const LayerRow> layer_rows() {
          draw_maindisplay,
          {HorizontalView, VerticalView, TimelineLength, TimeDisplayType, Initialisation, Everything, Events,
           Tracks, TrackName, Types, Meter, MouseMode, MainDisplay}},
-        {{}, has_bpf_label, maindisplay, TQ_Prseq_Tracks_DrawBpfLabel, {}},
         {tq_sym_linecursor_layer,
          linecursor_in_view,
          linecursor_place,

@@ -30,7 +30,7 @@ inline const Symbol tq_sym_background_layer = gensym("background_layer"),
                     tq_sym_border_layer = gensym("border_layer");
 
 struct LayerRow {
-    Symbol name;                              ///< none: drawn straight into the view, at each paint
+    Symbol name;
     bool (*wanted)(const Prseq&);             ///< whether it is painted now
     Rect (*place)(const Prseq&);              ///< where, in the box
     void (*draw)(const Prseq&, Graphics& g);  ///< its contents, from its own top left corner

@@ -211,7 +211,7 @@ struct LayerTest : testing::Test {
 
     void paint(double width = 10, double height = 10) {
         Graphics g(*view);
-        if (auto layer = jbox_start_layer(box, g, name, width, height)) {
+        if (auto layer = jbox_start_layer(box, g.ratio(), name, width, height)) {
             ++draws;
             jgraphics_set_source_rgba(*layer, 1, 0, 0, 1);
             jgraphics_rectangle_fill_fast(*layer, {0, 0, width, height});

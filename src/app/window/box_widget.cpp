@@ -3,7 +3,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
+#include <utility>
 
 #include "app/window/keys.h"
 #include "app/window/wheel.h"
@@ -16,6 +19,7 @@ namespace tq {
 namespace {
 
 constexpr int least_width = 200, least_height = 240;
+constexpr qint64 shortest_frame = 8;  // ms
 
 }  // namespace
 
@@ -26,29 +30,39 @@ BoxWidget::BoxWidget(Session& session, SessionTimer& timer) : session_(session),
     session_.listen(*this);
 }
 
+/// What comes within a frame is painted together.
 void BoxWidget::redraw() {
     stale_ = true;
-    update();
+    if (std::exchange(frame_due_, true)) return;
+    const qint64 since = last_frame_.isValid() ? last_frame_.elapsed() : shortest_frame;
+    QTimer::singleShot(static_cast<int>(std::clamp<qint64>(shortest_frame - since, 0, shortest_frame)), this,
+                       [this] {
+                           frame_due_ = false;
+                           if (stale_) bring_up_to_date();
+                       });
 }
 
-void BoxWidget::paint_box() {
-    const Size size{session_.box().width, session_.box().height};
-    const double ratio = devicePixelRatioF();
-    if (!picture_ || picture_->size() != size || picture_->ratio() != ratio)
-        picture_ = jgraphics_image_surface_create(size.width, size.height, ratio);
+/// Only where the picture is another one now does the screen have to show it again.
+void BoxWidget::bring_up_to_date() {
+    if (!isVisible()) return update();
     stale_ = false;  // before painting, which may ask for another paint
-    Graphics g(*picture_);
-    prseq_paint(session_.box(), g);
+    last_frame_.start();
+    for (const Rect& place : prseq_paint(session_.box(), picture_, devicePixelRatioF()))
+        update(QRectF(place.x, place.y, place.width, place.height).toAlignedRect());
+    painted();
 }
 
-void BoxWidget::paintEvent(QPaintEvent*) {
-    if (stale_ || !picture_ || picture_->ratio() != devicePixelRatioF()) {
-        paint_box();
-        painted();
-    }
+void BoxWidget::paintEvent(QPaintEvent* event) {
+    if (stale_ || !picture_.surface() || picture_.surface()->ratio() != devicePixelRatioF())
+        bring_up_to_date();
+    const Surface* surface = picture_.surface();
+    if (!surface) return;
+    const double ratio = surface->ratio();
     QPainter painter(this);
-    painter.scale(1 / picture_->ratio(), 1 / picture_->ratio());
-    painter.drawImage(0, 0, picture_->image().pixels);
+    painter.scale(1 / ratio, 1 / ratio);
+    const QRectF area(event->rect());
+    const QRect pixels = QRectF(area.topLeft() * ratio, area.size() * ratio).toAlignedRect();
+    painter.drawImage(pixels.topLeft(), surface->image().pixels, pixels);
 }
 
 void BoxWidget::resizeEvent(QResizeEvent*) {

@@ -1,12 +1,13 @@
 // The box on the screen.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 #include <functional>
 
 #include "app/patch/session.h"
 #include "app/window/session_timer.h"
-#include "host/image.h"
+#include "host/layers.h"
 
 namespace tq {
 
@@ -32,14 +33,16 @@ class BoxWidget : public QWidget, private SessionListener {
 
  private:
     void redraw() override;
-    void paint_box();
+    void bring_up_to_date();
     void set_focus(bool focus);
     void mouse(MouseCall::Kind kind, const QMouseEvent& event);
 
     Session& session_;
     SessionTimer& timer_;
-    SurfaceRef picture_;
+    BoxPicture picture_;
     bool stale_ = true;
+    bool frame_due_ = false;
+    QElapsedTimer last_frame_;
 };
 
 }  // namespace tq

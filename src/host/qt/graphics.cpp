@@ -110,6 +110,13 @@ void jgraphics_rectangle_fill_fast(Graphics& g, const Rect& rect) {
     p.fill(p.snapped(rect));
 }
 
+void jgraphics_rectangle_clear(Graphics& g, const Rect& rect) {
+    Graphics::Painter& p = g.painter();
+    const QRect area = p.snapped(rect);
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        std::fill_n(p.surface.row(y) + area.left(), area.width(), QRgb{0});
+}
+
 void jgraphics_rectangle_draw_fast(Graphics& g, const Rect& rect, double width) {
     Graphics::Painter& p = g.painter();
     if (!(rect.width > 0 && rect.height > 0)) return;
