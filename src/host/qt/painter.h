@@ -17,6 +17,7 @@ struct Surface::Image {
     QImage pixels;
     Size size;
     double ratio = 1;
+    QImage twice;  ///< the same at ratio 2, when a picture came with it
 };
 
 /// Draws in pixels of the screen: coordinates are translated and scaled on the way in.
