@@ -32,7 +32,9 @@ using SurfaceRef = std::shared_ptr<Surface>;
 
 /// A transparent surface. Sizes are rounded up to whole pixels of the screen, and are at least one of them.
 SurfaceRef jgraphics_image_surface_create(double width, double height, double ratio = 1);
-/// None when the file cannot be read as a picture.
+/// A picture of a file NAME.png, at one pixel of the view for each of its own, and with it NAME@2x.png when
+/// there is one: what is drawn where a pixel of the view is more than one of the screen. None when the file
+/// cannot be read as a picture.
 SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path);
 /// Makes every pixel transparent.
 void surface_clear(Surface& surface);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <ctime>
 
+#include "host/resources.h"
 #include "host/round.h"
 #include "instance/prseq.h"
 
@@ -35,6 +36,13 @@ std::uint32_t time_seed() {
 }
 
 long TQ_Prseq_Utilities_IncreaseEventID(Prseq& object) { return ++object.eventcounter; }
+
+Symbol TQ_Prseq_Utilities_GetBundledResourcesPathFromFilename(Symbol filename) {
+    constexpr size_t longest_path = 2048;
+    const std::string folder = resources_folder().string();
+    if (folder.empty() || folder.size() > longest_path) return {};
+    return gensym(cut_text(folder + "/" + filename.text(), longest_path));
+}
 
 std::string cut_text(const std::string& text, size_t bytes) {
     if (text.size() <= bytes) return text;

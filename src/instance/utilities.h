@@ -30,6 +30,10 @@ std::uint32_t time_seed();
 /// A new event identifier; the first is 1.
 long TQ_Prseq_Utilities_IncreaseEventID(Prseq& object);
 
+/// The path of a file that comes with the program, at most 2048 bytes; empty when its folder is not there.
+/// The file need not exist.
+Symbol TQ_Prseq_Utilities_GetBundledResourcesPathFromFilename(Symbol filename);
+
 /// A text cut to at most `bytes` bytes, never inside a UTF-8 character.
 std::string cut_text(const std::string& text, size_t bytes);
 

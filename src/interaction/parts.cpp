@@ -2,7 +2,9 @@
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
+#include "interaction/icon_menu.h"
 #include "interaction/mouse_modes.h"
+#include "interaction/parameter_gesture.h"
 #include "interaction/wheel.h"
 #include "model/tracks.h"
 
@@ -19,14 +21,19 @@ void press_maindisplay(Prseq& object, const Pointer& press) {
     prseq_show(object, Change::Events);
 }
 
+void press_parameterdisplay(Prseq& object, const Pointer& press) {
+    if (press.modifiers & (modifier_right_button | modifier_control)) return;
+    object.gesture = parameter_gesture(object, press);
+}
+
 constexpr PartRow rows[] = {
     {Part::TimeDisplay, nullptr, nullptr, nullptr, nullptr},
     {Part::KeyDisplay, nullptr, nullptr, nullptr, nullptr},
     {Part::HorScrollbar, nullptr, nullptr, nullptr, nullptr},
     {Part::VertScrollbar, nullptr, nullptr, nullptr, nullptr},
     {Part::MainDisplay, press_maindisplay, nullptr, scroll_maindisplay, nullptr},
-    {Part::ParameterDisplay, nullptr, nullptr, nullptr, nullptr},
-    {Part::UpperDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::ParameterDisplay, press_parameterdisplay, nullptr, nullptr, nullptr},
+    {Part::UpperDisplay, click_upperdisplay, nullptr, nullptr, nullptr},
     {Part::TrackDisplay, nullptr, nullptr, nullptr, nullptr},
 };
 

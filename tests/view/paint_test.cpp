@@ -287,7 +287,7 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
           {"track_mute 0 1", ""},
           {"track_visible 0 0", "maindisplay_layer"},
           {"maxtime 20000", "maindisplay_layer"},
-          {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer"},
+          {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer upperdisplay_layer"},
           {"showlabels 0", "maindisplay_layer"},
           {"showmessages 0", "maindisplay_layer"},
           {"showbpfs 0", "maindisplay_layer"},
@@ -302,7 +302,7 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
     ViewTest::resize(900, 600);
     box.layers.drawn.clear();
     ViewTest::resize(901, 600);
-    EXPECT_EQ(box.layers.drawn.size(), 4u) << "background, main display, hint, border";
+    EXPECT_EQ(box.layers.drawn.size(), 5u) << "background, main and upper display, hint, border";
 }
 
 struct ShapesTest : PaintTest {

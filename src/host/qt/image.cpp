@@ -1,6 +1,8 @@
 #include "host/image.h"
 
 #include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
@@ -32,6 +34,34 @@ void draw_rows(Graphics::Painter& p, const QImage& column, const Rect& source, c
     }
 }
 
+QImage read_picture(const QString& path) {
+    QImage pixels = QImageReader(path).read();
+    if (pixels.isNull()) return {};
+    pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
+    pixels.setDevicePixelRatio(1);
+    return pixels;
+}
+
+/// The picture at ratio 2 that belongs to one, or none.
+QImage read_twice(const QString& path, QSize size) {
+    const QFileInfo file(path);
+    const QString name = file.completeBaseName() + "@2x." + file.suffix();
+    QImage twice = read_picture(file.dir().filePath(name));
+    return twice.size() == size * 2 ? twice : QImage();
+}
+
+/// Scaled with all pixels of the picture taken into account, onto whole pixels of the screen.
+void draw_scaled(Graphics::Painter& p, const QImage& pixels, const QRectF& from, const QRectF& to) {
+    auto nearest = [](QPointF point) {
+        return QPoint(static_cast<int>(std::floor(point.x() + 0.5)),
+                      static_cast<int>(std::floor(point.y() + 0.5)));
+    };
+    const QRect place(nearest(to.topLeft()), nearest(to.bottomRight()) - QPoint(1, 1));
+    const QImage part = pixels.copy(from.toAlignedRect());
+    p.qt.drawImage(place.topLeft(),
+                   part.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
 }  // namespace
 
 Surface::Surface(Size size, double ratio)
@@ -51,11 +81,14 @@ SurfaceRef jgraphics_image_surface_create(double width, double height, double ra
 }
 
 SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path) {
-    QImage pixels = QImageReader(QString::fromStdString(path)).read();
+    const QString file = QString::fromStdString(path);
+    QImage pixels = read_picture(file);
     if (pixels.isNull()) return nullptr;
-    pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
     Size size{static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
-    return std::make_shared<Surface>(std::make_unique<Surface::Image>(std::move(pixels), size, 1));
+    QImage twice = read_twice(file, pixels.size());
+    auto image = std::make_unique<Surface::Image>(std::move(pixels), size, 1);
+    image->twice = std::move(twice);
+    return std::make_shared<Surface>(std::move(image));
 }
 
 void surface_clear(Surface& surface) { surface.image().pixels.fill(Qt::transparent); }
@@ -63,8 +96,10 @@ void surface_clear(Surface& surface) { surface.image().pixels.fill(Qt::transpare
 void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rect& source,
                                   const Rect& destination) {
     Graphics::Painter& p = g.painter();
-    const QImage& pixels = surface.image().pixels;
-    double ratio = surface.ratio();
+    const Surface::Image& image = surface.image();
+    const bool is_picture = !image.twice.isNull(), use_twice = is_picture && p.ratio > 1;
+    const QImage& pixels = use_twice ? image.twice : image.pixels;
+    double ratio = use_twice ? 2 : image.ratio;
     if (pixels.width() == 1) return draw_rows(p, pixels, source, destination);
     QRectF from(source.x * ratio, source.y * ratio, source.width * ratio, source.height * ratio);
     QRectF to = p.device(destination);
@@ -77,6 +112,7 @@ void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rec
         p.qt.drawImage(at, pixels, QRect(from.topLeft().toPoint(), size));
         return;
     }
+    if (is_picture) return draw_scaled(p, pixels, from, to);
     p.qt.setRenderHint(QPainter::SmoothPixmapTransform,
                        pixels.height() > 1);  // a line stays as sharp as it is
     p.qt.drawImage(to, pixels, from);
