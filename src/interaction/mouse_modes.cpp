@@ -64,7 +64,7 @@ void prseq_mousemode(Prseq& object, Symbol name) {
         object_error(object, "mouse mode does not exist");
         return;
     }
-    commit_gesture(object);
+    commit_editing_gesture(object);
     if (row->editor == BpfEditor::Opens) open_bpf_editor(object);
     if (row->editor == BpfEditor::Closes) object.bpfeditor = false;
     object.maindisplay.mousemode = row->mode;

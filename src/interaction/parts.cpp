@@ -3,6 +3,9 @@
 #include "host/modifiers.h"
 #include "instance/prseq.h"
 #include "interaction/mouse_modes.h"
+#include "interaction/scrollbars.h"
+#include "interaction/timedisplay.h"
+#include "interaction/trackdisplay.h"
 #include "interaction/wheel.h"
 #include "model/tracks.h"
 
@@ -20,14 +23,14 @@ void press_maindisplay(Prseq& object, const Pointer& press) {
 }
 
 constexpr PartRow rows[] = {
-    {Part::TimeDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::TimeDisplay, press_timedisplay, nullptr, nullptr, nullptr},
     {Part::KeyDisplay, nullptr, nullptr, nullptr, nullptr},
-    {Part::HorScrollbar, nullptr, nullptr, nullptr, nullptr},
-    {Part::VertScrollbar, nullptr, nullptr, nullptr, nullptr},
+    {Part::HorScrollbar, press_horscrollbar, nullptr, nullptr, nullptr},
+    {Part::VertScrollbar, press_vertscrollbar, nullptr, nullptr, nullptr},
     {Part::MainDisplay, press_maindisplay, nullptr, scroll_maindisplay, nullptr},
     {Part::ParameterDisplay, nullptr, nullptr, nullptr, nullptr},
     {Part::UpperDisplay, nullptr, nullptr, nullptr, nullptr},
-    {Part::TrackDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::TrackDisplay, press_trackdisplay, nullptr, scroll_trackdisplay, doubleclick_trackdisplay},
 };
 
 }  // namespace

@@ -3,8 +3,12 @@
 #include "host/graphics.h"
 #include "instance/prseq.h"
 #include "model/bpf_editor.h"
+#include "view/draw_keydisplay.h"
 #include "view/draw_maindisplay.h"
 #include "view/draw_overlays.h"
+#include "view/draw_scrollbar.h"
+#include "view/draw_timedisplay.h"
+#include "view/draw_trackdisplay.h"
 #include "view/tiptool.h"
 
 namespace tq {
@@ -13,6 +17,10 @@ namespace {
 
 Rect whole_box(const Prseq& object) { return {0, 0, object.width, object.height}; }
 Rect maindisplay(const Prseq& object) { return object.maindisplay.rect; }
+template <Part part>
+Rect place_of(const Prseq& object) {
+    return object.layout[part];
+}
 
 bool always(const Prseq&) { return true; }
 bool has_border(const Prseq& object) { return object.border; }
@@ -24,6 +32,10 @@ bool has_maindisplay(const Prseq& object) {
 bool has_bpf_label(const Prseq& object) {
     return object.showbpfs && object.maindisplay.rect.width > 0 && object.maindisplay.rect.height > 0;
 }
+bool has_keydisplay(const Prseq& object) { return object.keydisplay_shown; }
+bool has_trackdisplay(const Prseq& object) { return object.trackdisplay; }
+void draw_horscrollbar(const Prseq& object, Graphics& g) { TQScrollbar_Draw(object.horscrollbar, g); }
+void draw_vertscrollbar(const Prseq& object, Graphics& g) { TQScrollbar_Draw(object.vertscrollbar, g); }
 bool asks_for_an_event_to_edit(const Prseq& object) {
     return edits_curves(object.maindisplay.mousemode) && !bpf_edited_event(object);
 }
@@ -34,6 +46,26 @@ std::span<const LayerRow> layer_rows() {
     using enum Change;
     static const LayerRow rows[] = {
         {tq_sym_background_layer, always, whole_box, draw_background, {Initialisation, Background}},
+        {tq_sym_horscrollbar_layer,
+         always,
+         place_of<Part::HorScrollbar>,
+         draw_horscrollbar,
+         {HorizontalView, TimelineLength, Initialisation, Everything, Scrollbars}},
+        {tq_sym_vertscrollbar_layer,
+         always,
+         place_of<Part::VertScrollbar>,
+         draw_vertscrollbar,
+         {VerticalView, Initialisation, Everything, Scrollbars}},
+        {tq_sym_keydisplay_layer,
+         has_keydisplay,
+         place_of<Part::KeyDisplay>,
+         TQ_Prseq_Keydisplay_Draw,
+         {VerticalView, Initialisation, Everything, MouseMode, KeyDisplay}},
+        {tq_sym_trackdisplay_layer,
+         has_trackdisplay,
+         place_of<Part::TrackDisplay>,
+         TQ_Prseq_Trackdisplay_Draw,
+         {Initialisation, Everything, Tracks, TrackName, TrackDisplay}},
         {tq_sym_maindisplay_layer,
          has_maindisplay,
          maindisplay,
@@ -41,6 +73,12 @@ std::span<const LayerRow> layer_rows() {
          {HorizontalView, VerticalView, TimelineLength, TimeDisplayType, Initialisation, Everything, Events,
           Tracks, TrackName, Types, Meter, MouseMode, MainDisplay}},
         {{}, has_bpf_label, maindisplay, TQ_Prseq_Tracks_DrawBpfLabel, {}},
+        {tq_sym_timedisplay_layer,
+         always,
+         place_of<Part::TimeDisplay>,
+         draw_timedisplay,
+         {HorizontalView, TimelineLength, TimeDisplayType, Initialisation, Everything, Cycle, Meter,
+          TimeDisplay}},
         {tq_sym_linecursor_layer,
          linecursor_in_view,
          linecursor_place,
