@@ -29,6 +29,10 @@ void prseq_cyclerange(Prseq& object, double start, double end) {
     edit_cycle(object, [=](Prseq& o) { set_cycle_range(o, start, end); });
 }
 
+void move_cycle_start(Prseq& object, double start) {
+    edit_cycle(object, [=](Prseq& o) { set_cycle_start(o, start); });
+}
+
 void prseq_maxtime(Prseq& object, double ms) {
     Edit edit(object, Edit::Unrecorded{Change::TimelineLength});
     edit.nothing();

@@ -9,7 +9,7 @@
 namespace tq {
 
 void end_what_is_under_way(Prseq& object) {
-    commit_gesture(object);
+    commit_editing_gesture(object);
     close_event_capture(object);
 }
 
@@ -20,7 +20,7 @@ Edit::Edit(Prseq& object, Change change) : object_(object), change_(change), len
 
 Edit::Edit(Prseq& object, Unrecorded edit)
     : object_(object), change_(edit.change), length_(object.timelinelength) {
-    commit_gesture(object);
+    commit_editing_gesture(object);
     length_ = object.timelinelength;
     // What undo of the burst will bring back is not what was there before.
     object.capture.before.revision = ++object.revisions.last;
@@ -28,7 +28,7 @@ Edit::Edit(Prseq& object, Unrecorded edit)
 
 Edit::Edit(Prseq& object, InBurst)
     : object_(object), change_(Change::Events), length_(object.timelinelength) {
-    commit_gesture(object);
+    commit_editing_gesture(object);
     length_ = object.timelinelength;
 }
 

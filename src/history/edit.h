@@ -12,7 +12,7 @@ namespace tq {
 struct Prseq;
 struct UndoItem;
 
-/// Ends what is under way and is recorded at its end: a gesture, a burst of "event" messages.
+/// Ends what is under way and is recorded at its end: a gesture that edits, a burst of "event" messages.
 void end_what_is_under_way(Prseq& object);
 
 /// One edit of the document, for as long as it takes; nothing changes the document on another road. It begins

@@ -39,6 +39,7 @@ enum class Change {
     KeyDisplay,
     MainDisplay,
     ParameterDisplay,
+    Scrollbars,
     // a paint is enough: no layer's contents
     Nothing
 };

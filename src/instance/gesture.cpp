@@ -12,6 +12,10 @@ void commit_gesture(Prseq& object) {
     if (const std::unique_ptr<Gesture> gesture = std::move(object.gesture)) gesture->commit(object);
 }
 
+void commit_editing_gesture(Prseq& object) {
+    if (object.gesture && object.gesture->edits()) commit_gesture(object);
+}
+
 void roll_back_gesture(Prseq& object) {
     if (const std::unique_ptr<Gesture> gesture = std::move(object.gesture)) gesture->rollback(object);
 }

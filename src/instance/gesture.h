@@ -17,12 +17,15 @@ struct Pointer {
 
 /// A drag, a marquee, a number field that is turned: made by the press, with all that the steps need of that
 /// moment. Every step is computed from the press and the pointer as it is now, in ms and semitones, so that
-/// zooming and scrolling meanwhile change nothing of it. One stands in the instance at a time; whatever
-/// begins an edit commits it, and so does the loss of the focus: what comes from the pointer after that is no
-/// part of it any more.
+/// zooming and scrolling meanwhile change nothing of it. One stands in the instance at a time. The release,
+/// another press and the loss of the focus commit it, and so does whatever begins an edit, if the gesture is
+/// one itself: what comes from the pointer after that is no part of it any more.
 class Gesture {
  public:
     virtual ~Gesture() = default;
+    /// Whether it changes what undo knows. A gesture that only moves the view or the play position goes on
+    /// while something else edits.
+    virtual bool edits() const { return true; }
     /// The pointer has been dragged.
     virtual void step(Prseq& object, const Pointer& to) = 0;
     /// The end: one undo item for all steps, or none.
@@ -33,6 +36,8 @@ class Gesture {
 
 /// Ends the gesture that stands in the instance, if there is one.
 void commit_gesture(Prseq& object);
+/// The same, if it edits.
+void commit_editing_gesture(Prseq& object);
 void roll_back_gesture(Prseq& object);
 
 }  // namespace tq

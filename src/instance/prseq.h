@@ -94,6 +94,7 @@ struct Prseq : Box, AttributeFields, Geometry {
     MenuBar menubar;
     IconMenu iconmenu;
     std::optional<ModalDialog> modaldialog;  ///< while it is open, no part gets the mouse
+    Hover hover;
 
     // playback
     bool playing = false;
@@ -107,6 +108,7 @@ struct Prseq : Box, AttributeFields, Geometry {
     // the view
     long timedisplaytype = 0;  ///< 0 msecs, 1 m:s.ms, 2 Bars+Beats
     double horizontalzoom = 0, verticalzoom = 0, horizontalscroll = 0, verticalscroll = 0;  ///< unity values
+    TQScrollbar trackscrollbar;  ///< of the track list
     ZoomAnimation zoomanimation;
     Clock zoomclock;
     mutable Changes unpainted;  ///< what has changed since the last paint; no part of the box's state

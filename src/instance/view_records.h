@@ -121,7 +121,18 @@ struct TQScrollbar {
     double zoomknobsize = 8;
     double zoomcurveexponent = 3;
     double thickness = 15;
+
+    /// What a press has taken hold of, until the release.
+    enum class Grab { Nothing, Arrow0, Arrow1, Knob, ZoomKnob };
+    Grab grab = Grab::Nothing;
+    double graboffset = 0;  ///< pixels from the start of the grabbed knob to the pointer
     friend bool operator==(const TQScrollbar&, const TQScrollbar&) = default;
+};
+
+/// Where the pointer was last.
+struct Hover {
+    Part part = Part::None;  ///< none after it has left the box
+    Point at;                ///< in the box
 };
 
 /// The box of text beside the pointer.

@@ -6,6 +6,7 @@
 #include "interaction/pointer.h"
 #include "interaction/replace_document.h"
 #include "playback/output.h"
+#include "view/draw_keydisplay.h"
 #include "view/layout.h"
 #include "view/tiptool.h"
 
@@ -21,6 +22,13 @@ const PartRow* part_under(const Prseq& object, double x, double y) {
 
 void hide_tiptool(Prseq& object) { TQ_Prseq_Tiptool_Set(object, "", 0, 0, {}); }
 
+/// The pointer is somewhere else; the key that is lit goes with it.
+void hover_at(Prseq& object, const Hover& hover) {
+    const std::optional<long> lit = lit_pitch(object);
+    object.hover = hover;
+    if (lit_pitch(object) != lit) prseq_show(object, Change::KeyDisplay);
+}
+
 void set_focus(Prseq& object, bool focus) {
     object.focus = focus;
     prseq_show(object, Change::UpperDisplay);
@@ -29,14 +37,18 @@ void set_focus(Prseq& object, bool focus) {
 }  // namespace
 
 void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
+    commit_gesture(object);
     end_what_is_under_way(object);  // what a press begins comes after it in the history
     if (object.modaldialog) return TQ_Prseq_ModalDialog_HandleClickedButton(object, {x, y});
+    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
     if (part && part->press) part->press(object, pointer_at(object, x, y, modifiers));
     jbox_redraw(object);
 }
 
 void prseq_mousedrag(Prseq& object, double x, double y, unsigned modifiers) {
+    // What is pressed in the main display stays over its pitches, wherever it is dragged.
+    if (object.hover.part == Part::MainDisplay) hover_at(object, {Part::MainDisplay, {x, y}});
     if (object.gesture && !object.modaldialog)
         object.gesture->step(object, pointer_at(object, x, y, modifiers));
     jbox_redraw(object);
@@ -57,11 +69,15 @@ void prseq_mousedoubleclick(Prseq& object, double x, double y, unsigned modifier
 
 void prseq_mousemove(Prseq& object, double x, double y, unsigned modifiers) {
     if (object.tiptool.visible) hide_tiptool(object);
+    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
     if (part && part->hover) part->hover(object, pointer_at(object, x, y, modifiers));
 }
 
+void prseq_mouseleave(Prseq& object, double x, double y, unsigned) { hover_at(object, {Part::None, {x, y}}); }
+
 void prseq_mousewheel(Prseq& object, double x, double y, unsigned, double dx, double dy) {
+    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
     if (part && part->wheel) part->wheel(object, {dx, dy});
 }

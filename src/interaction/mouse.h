@@ -14,6 +14,7 @@ void prseq_mouseup(Prseq& object, double x, double y, unsigned modifiers);
 void prseq_mousedoubleclick(Prseq& object, double x, double y, unsigned modifiers);
 /// The pointer has moved without a button.
 void prseq_mousemove(Prseq& object, double x, double y, unsigned modifiers);
+void prseq_mouseleave(Prseq& object, double x, double y, unsigned modifiers);
 /// Turns of the wheel in the host's units.
 void prseq_mousewheel(Prseq& object, double x, double y, unsigned modifiers, double dx, double dy);
 void prseq_focusgained(Prseq& object);

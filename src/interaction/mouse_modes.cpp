@@ -10,6 +10,7 @@
 #include "model/bpf_editor.h"
 #include "model/selection.h"
 #include "model/tracks.h"
+#include "view/draw_keydisplay.h"
 
 namespace tq {
 
@@ -64,11 +65,13 @@ void prseq_mousemode(Prseq& object, Symbol name) {
         object_error(object, "mouse mode does not exist");
         return;
     }
-    commit_gesture(object);
+    commit_editing_gesture(object);
+    const std::optional<long> lit = lit_pitch(object);
     if (row->editor == BpfEditor::Opens) open_bpf_editor(object);
     if (row->editor == BpfEditor::Closes) object.bpfeditor = false;
     object.maindisplay.mousemode = row->mode;
     prseq_show(object, Change::MouseMode);
+    if (lit_pitch(object) != lit) prseq_show(object, Change::KeyDisplay);
 }
 
 }  // namespace tq

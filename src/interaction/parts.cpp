@@ -5,6 +5,9 @@
 #include "interaction/icon_menu.h"
 #include "interaction/mouse_modes.h"
 #include "interaction/parameter_gesture.h"
+#include "interaction/scrollbars.h"
+#include "interaction/timedisplay.h"
+#include "interaction/trackdisplay.h"
 #include "interaction/wheel.h"
 #include "model/tracks.h"
 
@@ -27,14 +30,14 @@ void press_parameterdisplay(Prseq& object, const Pointer& press) {
 }
 
 constexpr PartRow rows[] = {
-    {Part::TimeDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::TimeDisplay, press_timedisplay, nullptr, nullptr, nullptr},
     {Part::KeyDisplay, nullptr, nullptr, nullptr, nullptr},
-    {Part::HorScrollbar, nullptr, nullptr, nullptr, nullptr},
-    {Part::VertScrollbar, nullptr, nullptr, nullptr, nullptr},
+    {Part::HorScrollbar, press_horscrollbar, nullptr, nullptr, nullptr},
+    {Part::VertScrollbar, press_vertscrollbar, nullptr, nullptr, nullptr},
     {Part::MainDisplay, press_maindisplay, nullptr, scroll_maindisplay, nullptr},
     {Part::ParameterDisplay, press_parameterdisplay, nullptr, nullptr, nullptr},
     {Part::UpperDisplay, click_upperdisplay, nullptr, nullptr, nullptr},
-    {Part::TrackDisplay, nullptr, nullptr, nullptr, nullptr},
+    {Part::TrackDisplay, press_trackdisplay, nullptr, scroll_trackdisplay, doubleclick_trackdisplay},
 };
 
 }  // namespace

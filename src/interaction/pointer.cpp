@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/modifiers.h"
 #include "instance/prseq.h"
 #include "view/maindisplay.h"
 #include "view/tiptool.h"
@@ -15,6 +16,12 @@ Pointer pointer_at(const Prseq& object, double x, double y, unsigned modifiers) 
             .ms = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, md, localx + md.horizontalscroll),
             .pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(md, localy),
             .modifiers = modifiers};
+}
+
+Point dragged_to(const Pointer& press, const Pointer& to) {
+    constexpr double fine = 100;
+    if (!(to.modifiers & modifier_shift)) return to.at;
+    return {press.at.x + (to.at.x - press.at.x) / fine, press.at.y + (to.at.y - press.at.y) / fine};
 }
 
 double snap_grid(const Prseq& object) {

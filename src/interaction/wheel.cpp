@@ -1,9 +1,9 @@
 #include "interaction/wheel.h"
 
 #include "instance/prseq.h"
-#include "view/reports.h"
+#include "interaction/view_axis.h"
 #include "view/scrollbar.h"
-#include "view/synchronise.h"
+#include "view/trackdisplay.h"
 
 namespace tq {
 
@@ -11,30 +11,22 @@ namespace {
 
 constexpr double wheel_unit = 0.039062;
 
-void scroll_horizontally(Prseq& object, double units) {
-    TQScrollbar_Scroll(object.horscrollbar, -units * object.maindisplay.bigbarsize);
-    object.horizontalscroll = object.horscrollbar.scrollunityvalue;
-    synchronise_view(object);
-    TQ_Prseq_Output_ScrollHor(object);
-    prseq_show(object, Change::HorizontalView);
-}
-
-void scroll_vertically(Prseq& object, double units) {
-    TQScrollbar_Scroll(object.vertscrollbar, -units * object.maindisplay.rowheight);
-    object.verticalscroll = object.vertscrollbar.scrollunityvalue;
-    synchronise_view(object);
-    TQ_Prseq_Output_ScrollVert(object);
-    prseq_show(object, Change::VerticalView);
-}
-
 }  // namespace
 
 void scroll_maindisplay(Prseq& object, WheelTurn turn) {
     if (turn.dx != 0) {
-        scroll_horizontally(object, turn.dx / wheel_unit);
+        scroll_axis(object, horizontal_axis, -turn.dx / wheel_unit * horizontal_axis.step(object));
     } else if (turn.dy != 0) {
-        scroll_vertically(object, turn.dy / wheel_unit);
+        scroll_axis(object, vertical_axis, -turn.dy / wheel_unit * vertical_axis.step(object));
     }
+}
+
+void scroll_trackdisplay(Prseq& object, WheelTurn turn) {
+    TQScrollbar bar = trackdisplay_of(object).scrollbar;
+    if (turn.dy == 0 || !bar.knobexists) return;
+    TQScrollbar_Scroll(bar, -turn.dy / wheel_unit * track_row_height);
+    object.trackscrollbar = bar;
+    prseq_show(object, Change::TrackDisplay);
 }
 
 }  // namespace tq

@@ -1,4 +1,4 @@
-// The wheel over the main display.
+// The wheel over the main display and over the track list.
 #pragma once
 
 #include "interaction/parts.h"
@@ -7,5 +7,7 @@ namespace tq {
 
 /// Scrolls the main display, by one main division or one row a unit.
 void scroll_maindisplay(Prseq& object, WheelTurn turn);
+/// Scrolls the list, by one row a unit.
+void scroll_trackdisplay(Prseq& object, WheelTurn turn);
 
 }  // namespace tq

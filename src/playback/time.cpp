@@ -50,9 +50,13 @@ void prseq_position(Prseq& object, double ms) {
 }
 
 void set_cycle_range(Prseq& object, double start, double end) {
-    object.cycle.start = std::max(0.0, start);
     object.cycle.end = std::min(object.timelinelength, end);
     schedule_fdefer(object, TQ_Prseq_Time_ScheduleLoopEnd);
+    set_cycle_start(object, start);
+}
+
+void set_cycle_start(Prseq& object, double start) {
+    object.cycle.start = std::max(0.0, start);
     TQ_Prseq_Tracks_FindLoopStartAndEndEventsOnEachTrack(object);
 }
 

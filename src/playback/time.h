@@ -13,6 +13,8 @@ void prseq_int(Prseq& object, long start);
 void prseq_position(Prseq& object, double ms);
 /// The loop's start and end in ms, held within the timeline; the start may lie after the end.
 void set_cycle_range(Prseq& object, double start, double end);
+/// The start alone; the loop's end stays armed, or not, as it is.
+void set_cycle_start(Prseq& object, double start);
 
 void TQ_Prseq_Time_StartStopPlayer(Prseq& object, long start);
 /// Schedules from a position in ms.

@@ -68,15 +68,16 @@ constexpr SwitchRow snap_switches[] = {
     {"snaptime", &F::snaptime, "Snap Time", "Behavior", "0", false, Change::Nothing},
     {"snappitch", &F::snappitch, "Snap Pitch", "Behavior", "0", false, Change::Nothing},
 };
-// What only moves or hides displays changes no layer's contents.
+// What moves or hides displays changes the contents of no layer that keeps its size, but for the knobs of
+// the scrollbars.
 constexpr SwitchRow display_switches[] = {
     {"menudisplay", &F::menudisplay, "Show/Hide Menu Display", "Display", "1", true, Change::UpperDisplay},
     {"focusdisplay", &F::focusdisplay, "Show/Hide Focus Hint", "Display", "1", true, Change::UpperDisplay},
     {"dirtydisplay", &F::dirtydisplay, "Show/Hide Dirty Hint", "Display", "1", true, Change::UpperDisplay},
     {"trackdisplay", &F::trackdisplay, "Show/Hide Track Display", "Display", "1", true, Change::Nothing},
-    {"keydisplay", &F::keydisplay_shown, "Show/Hide Key Display", "Display", "1", true, Change::Nothing},
+    {"keydisplay", &F::keydisplay_shown, "Show/Hide Key Display", "Display", "1", true, Change::Scrollbars},
     {"parameterdisplay", &F::parameterdisplay, "Show/Hide Parameter Display", "Display", "0", true,
-     Change::Nothing},
+     Change::Scrollbars},
     {"showlabels", &F::showlabels, "Show Labels", "Events", "1", true, Change::MainDisplay},
     {"showmessages", &F::showmessages, "Show Messages", "Events", "1", true, Change::MainDisplay},
     {"showbpfs", &F::showbpfs, "Show Bpfs", "Events", "1", true, Change::MainDisplay},

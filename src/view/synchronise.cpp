@@ -59,6 +59,7 @@ void init_scrollbars(Prseq& object) {
     using Bar = TQScrollbar;
     object.horscrollbar = TQScrollbar_Create(Bar::Orientation::Horizontal, true, Bar::Zoom::AtStart);
     object.vertscrollbar = TQScrollbar_Create(Bar::Orientation::Vertical, true, Bar::Zoom::AtEnd);
+    object.trackscrollbar = TQScrollbar_Create(Bar::Orientation::Vertical, true, Bar::Zoom::None);
     synchronise_view(object);
 }
 

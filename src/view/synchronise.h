@@ -7,7 +7,7 @@ namespace tq {
 
 struct Prseq;
 
-/// Makes both scrollbars and gives them the ranges of the box as it is laid out.
+/// Makes the scrollbars, and gives those of the main display the ranges of the box as it is laid out.
 void init_scrollbars(Prseq& object);
 /// The geometry that follows from the box's size, its display switches, the time display type, the timeline's
 /// length, and zoom and scroll as the scrollbars have them.

@@ -275,18 +275,19 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
     paint();
     EXPECT_EQ(layers_painted(), "") << "everything is valid";
     for (auto [message, layers] :
-         {std::pair{"zoom_hor 0.2", "maindisplay_layer"},
-          {"scroll_vert 0.3", "maindisplay_layer"},
-          {"zoom_out_all", "maindisplay_layer"},
-          {"cycle 1", ""},
+         {std::pair{"zoom_hor 0.2", "horscrollbar_layer maindisplay_layer timedisplay_layer"},
+          {"scroll_vert 0.3", "vertscrollbar_layer keydisplay_layer maindisplay_layer"},
+          {"zoom_out_all",
+           "horscrollbar_layer vertscrollbar_layer keydisplay_layer maindisplay_layer timedisplay_layer"},
+          {"cycle 1", "timedisplay_layer"},
           {"position 2000", "linecursor_layer"},
           {"linecursorcolor 0 1 0 1", "linecursor_layer"},
           {"maindisplaywhitekeycolor 1 1 0 1", "maindisplay_layer"},
           {"event start 500 duration 250 <note> 60 100 </note>", "maindisplay_layer"},
-          {"track_add three", "maindisplay_layer"},
-          {"track_mute 0 1", ""},
-          {"track_visible 0 0", "maindisplay_layer"},
-          {"maxtime 20000", "maindisplay_layer"},
+          {"track_add three", "trackdisplay_layer maindisplay_layer"},
+          {"track_mute 0 1", "trackdisplay_layer"},
+          {"track_visible 0 0", "trackdisplay_layer maindisplay_layer"},
+          {"maxtime 20000", "horscrollbar_layer maindisplay_layer timedisplay_layer"},
           {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer upperdisplay_layer"},
           {"showlabels 0", "maindisplay_layer"},
           {"showmessages 0", "maindisplay_layer"},
@@ -302,7 +303,8 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
     ViewTest::resize(900, 600);
     box.layers.drawn.clear();
     ViewTest::resize(901, 600);
-    EXPECT_EQ(box.layers.drawn.size(), 5u) << "background, main and upper display, hint, border";
+    EXPECT_EQ(box.layers.drawn.size(), 7u)
+        << "background, horizontal scrollbar, main, time and upper display, hint, border";
 }
 
 struct ShapesTest : PaintTest {

@@ -19,7 +19,7 @@ constexpr std::array modifier_names{
     ModifierName{"control", modifier_control}, ModifierName{"option", modifier_option}};
 
 /// In the order of MouseCall::Kind.
-constexpr std::array<std::string_view, 5> mouse_kinds{"down", "drag", "up", "move", "double"};
+constexpr std::array<std::string_view, 6> mouse_kinds{"down", "drag", "up", "move", "double", "leave"};
 
 constexpr const char* blanks = " \t\r\n";
 

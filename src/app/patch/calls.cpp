@@ -44,11 +44,16 @@ bool make(Session& session, const CommandCall& call) {
     return command;
 }
 
+bool is_hover(const MouseCall& call) {
+    return call.kind == MouseCall::Kind::Move || call.kind == MouseCall::Kind::Leave;
+}
+
 bool make(Session& session, const MouseCall& call) {
     static constexpr void (*handlers[])(Prseq&, double, double, unsigned) = {
-        prseq_mousedown, prseq_mousedrag, prseq_mouseup, prseq_mousemove, prseq_mousedoubleclick};
+        prseq_mousedown, prseq_mousedrag,        prseq_mouseup,
+        prseq_mousemove, prseq_mousedoubleclick, prseq_mouseleave};
     unsigned button = call.right ? modifier_right_button : modifier_left_button;
-    if (call.kind == MouseCall::Kind::Move) button = 0;
+    if (is_hover(call)) button = 0;
     handlers[static_cast<size_t>(call.kind)](session.box(), call.x, call.y, call.modifiers | button);
     return true;
 }
@@ -131,6 +136,11 @@ bool make(Session& session, const ImportCall& call) {
 }
 
 }  // namespace
+
+bool leaves_traces(const SessionCall& call) {
+    const auto* mouse = std::get_if<MouseCall>(&call);
+    return !mouse || !is_hover(*mouse);
+}
 
 bool perform(Session& session, const SessionCall& call) {
     return std::visit([&](const auto& record) { return make(session, record); }, call);

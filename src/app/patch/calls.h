@@ -42,7 +42,7 @@ struct KeyCall {
 };
 /// What the mouse does, in box coordinates; the left button unless `right`.
 struct MouseCall {
-    enum class Kind { Down, Drag, Up, Move, Double };
+    enum class Kind { Down, Drag, Up, Move, Double, Leave };
     Kind kind = Kind::Down;
     double x = 0, y = 0;
     bool right = false;
@@ -160,6 +160,9 @@ using SessionCall = RecordOf<std::remove_const_t<decltype(call_rows)>, MessageCa
 
 /// The driver's line that makes the call.
 std::string line_text(const SessionCall& call);
+/// Whether anything but the picture may depend on the call later; not on a pointer that passes over the box
+/// without a button.
+bool leaves_traces(const SessionCall& call);
 /// Makes the call; whether it did what it was for. Only Session::call calls this.
 bool perform(Session& session, const SessionCall& call);
 

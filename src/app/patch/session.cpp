@@ -101,10 +101,11 @@ bool Session::perform_alone(const SessionCall& call) {
 }
 
 bool Session::perform_now(const SessionCall& call) {
-    if (call_listener_) call_listener_->calling(call);
+    CallListener* const listener = leaves_traces(call) ? call_listener_ : nullptr;
+    if (listener) listener->calling(call);
     const bool done = perform(*this, call);
     host_.scheduler.run_due();
-    if (call_listener_) call_listener_->called();
+    if (listener) listener->called();
     return done;
 }
 

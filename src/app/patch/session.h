@@ -34,8 +34,8 @@ class SessionListener {
     Session* heard_ = nullptr;
 };
 
-/// Hears of everything that is done to the box from outside. With the times of these calls, the random seed
-/// and what files and dialogs answered, that is all that a session depends on.
+/// Hears of everything that is done to the box from outside and leaves traces. With the times of these calls,
+/// the random seed and what files and dialogs answered, that is all that a session depends on.
 class CallListener {
  public:
     virtual ~CallListener() = default;

@@ -25,6 +25,7 @@ constexpr qint64 shortest_frame = 8;  // ms
 
 BoxWidget::BoxWidget(Session& session, SessionTimer& timer) : session_(session), timer_(timer) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(least_width, least_height);
     session_.listen(*this);
@@ -80,7 +81,14 @@ void BoxWidget::mouse(MouseCall::Kind kind, const QMouseEvent& event) {
 }
 
 void BoxWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & (Qt::LeftButton | Qt::RightButton)) mouse(MouseCall::Kind::Drag, *event);
+    const bool dragged = event->buttons() & (Qt::LeftButton | Qt::RightButton);
+    mouse(dragged ? MouseCall::Kind::Drag : MouseCall::Kind::Move, *event);
+}
+
+void BoxWidget::leaveEvent(QEvent*) {
+    const QPoint at = mapFromGlobal(QCursor::pos());
+    const MouseCall call{.kind = MouseCall::Kind::Leave, .x = double(at.x()), .y = double(at.y())};
+    timer_.act([this, call] { session_.call(call); });
 }
 
 /// The second press of a double click is a press too.

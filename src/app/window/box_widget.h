@@ -26,6 +26,7 @@ class BoxWidget : public QWidget, private SessionListener {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Up, *event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent*) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent*) override { set_focus(true); }

@@ -1,0 +1,101 @@
+#include "interaction/timedisplay.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "edits/timeline_edits.h"
+#include "instance/prseq.h"
+#include "interaction/pointer.h"
+#include "playback/output.h"
+#include "playback/time.h"
+#include "view/loop_bar.h"
+#include "view/maindisplay.h"
+
+namespace tq {
+
+namespace {
+
+/// The time at a point of the box, which may lie before the timeline's begin or after its end.
+double time_under(const Prseq& object, Point at) {
+    const MainDisplay& md = object.maindisplay;
+    return TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, md,
+                                                           at.x - md.rect.x + md.horizontalscroll);
+}
+
+/// Held between two times, the lower one first; on the grid where there is one, and held again.
+double held(double ms, double low, double high, double grid) {
+    const auto hold = [&](double t) { return std::max(low, std::min(t, high)); };
+    return hold(snapped(hold(ms), grid));
+}
+
+void move_position(Prseq& object, Point at) {
+    prseq_position(object, held(time_under(object, at), 0, object.timelinelength, snap_grid(object)));
+}
+
+class PositionGesture final : public Gesture {
+ public:
+    explicit PositionGesture(double before) : before_(before) {}
+    bool edits() const override { return false; }
+    void step(Prseq& object, const Pointer& to) override { move_position(object, to.at); }
+    void commit(Prseq&) override {}
+    void rollback(Prseq& object) override { prseq_position(object, before_); }
+
+ private:
+    double before_;  ///< ms
+};
+
+/// The loop is no part of the history, so this is no edit that could be undone.
+class LoopGesture final : public Gesture {
+ public:
+    LoopGesture(const Prseq& object, LoopGrip grip, const Pointer& press)
+        : grip_(grip), press_ms_(time_under(object, press.at)), before_(object.cycle) {}
+    bool edits() const override { return false; }
+
+    void step(Prseq& object, const Pointer& to) override {
+        const double later = time_under(object, to.at) - press_ms_;
+        if (grip_ == LoopGrip::Start) drag_start(object, before_.start + later);
+        if (grip_ == LoopGrip::Middle) drag_middle(object, before_.start + later);
+        if (grip_ == LoopGrip::End) drag_end(object, before_.end + later);
+        TQ_Prseq_Output_CycleRange(object);
+    }
+    void commit(Prseq&) override {}
+    void rollback(Prseq& object) override {
+        prseq_cyclerange(object, before_.start, before_.end);
+        TQ_Prseq_Output_CycleRange(object);
+    }
+
+ private:
+    static void drag_start(Prseq& object, double start) {
+        move_cycle_start(object, held(start, 0, object.timelinelength, snap_grid(object)));
+    }
+    /// Both ends stay within the timeline, and as far from each other as they were.
+    void drag_middle(Prseq& object, double start) const {
+        const double length = before_.end - before_.start;
+        start = held(start, std::max(0., -length), object.timelinelength - std::max(0., length),
+                     snap_grid(object));
+        prseq_cyclerange(object, start, start + length);
+    }
+    /// The end keeps to the grid, whether snapping is on or not.
+    void drag_end(Prseq& object, double end) const {
+        const double grid = object.maindisplay.mslabelincrement / 10;
+        prseq_cyclerange(object, before_.start, held(end, 0, object.timelinelength, grid));
+    }
+
+    LoopGrip grip_;
+    double press_ms_;
+    Cycle before_;
+};
+
+}  // namespace
+
+void press_timedisplay(Prseq& object, const Pointer& press) {
+    const Rect& part = object.layout[Part::TimeDisplay];
+    if (const auto grip = loop_grip_at(object, {press.at.x - part.x, press.at.y - part.y})) {
+        object.gesture = std::make_unique<LoopGesture>(object, *grip, press);
+        return;
+    }
+    object.gesture = std::make_unique<PositionGesture>(object.linecursor.position);
+    move_position(object, press.at);
+}
+
+}  // namespace tq
