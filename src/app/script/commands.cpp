@@ -23,7 +23,7 @@ struct DriverCommands {
         if (!driver.replaying_) driver.session_.call(buffer);  // ".sound" has told what came of it
     }
     void operator()(const WaitLine& line) const { driver.wait(line.ms); }
-    void operator()(const PaintLine& line) const { driver.paint(line.file); }
+    void operator()(const PaintLine& line) const { driver.paint(line.file, line.ratio.value_or(1)); }
     void operator()(const AnswerLine& line) const { driver.answers_.push_back(line); }
     void operator()(const FileLine& line) const { driver.outcomes_.push_back(line); }
     void operator()(const ReplayLine&) const {

@@ -34,8 +34,12 @@ class Driver : private PatchFiles {
     virtual void wait(double ms);
     /// ".size": gives the box a size.
     virtual void resize(Size size);
-    /// ".paint": paints now, into a PNG when `file` is not empty; where nobody looks, nothing.
-    virtual void paint(const std::string& file) { static_cast<void>(file); }
+    /// ".paint": paints now, into a PNG of that pixel ratio when `file` is not empty; where nobody looks,
+    /// nothing.
+    virtual void paint(const std::string& file, double ratio) {
+        static_cast<void>(file);
+        static_cast<void>(ratio);
+    }
     /// ".quit": nothing can be closed here.
     virtual void quit();
     /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.

@@ -14,9 +14,11 @@ struct WaitLine {
     double ms = 0;
     friend bool operator==(const WaitLine&, const WaitLine&) = default;
 };
-/// Paints now, into a PNG when there is a file.
+/// Paints now, into a PNG when there is a file. `ratio` is how many pixels of the picture make one of the
+/// box; without, one.
 struct PaintLine {
     std::string file;
+    std::optional<double> ratio;
     friend bool operator==(const PaintLine&, const PaintLine&) = default;
 };
 /// Answers the next dialog; without a file, cancels it. `ms` is how long it is open.
@@ -59,7 +61,8 @@ struct OutcomeOfFile {
 // clang-format off
 inline constexpr auto line_rows = std::tuple_cat(call_rows, std::tuple{
     line_row<WaitLine>(".wait", Number{&WaitLine::ms, "ms", 0, longest_time_ms}),
-    line_row<PaintLine>(".paint", LastWord{&PaintLine::file, "a file"}),
+    line_row<PaintLine>(".paint", LastWord{&PaintLine::file, "a file"},
+                                   LastNumber{&PaintLine::ratio, "pixel ratio", 0.5, 4}),
     line_row<AnswerLine>(".answer", AnsweredFile{}, LastNumber{&AnswerLine::ms, "ms", 0, longest_time_ms}),
     line_row<FileLine>(".file", OutcomeOfFile{}),
     line_row<ReplayLine>(".replay"),

@@ -12,7 +12,8 @@ Script::Script(const ScriptOptions& options, std::ostream& out)
     paint_if_asked();
 }
 
-void Script::paint(const std::string& file) {
+void Script::paint(const std::string& file, double ratio) {
+    painter_.ratio = ratio;
     Prseq& box = own_session.box();
     redraw_asked_ = false;
     if (file.empty())
@@ -22,7 +23,7 @@ void Script::paint(const std::string& file) {
 }
 
 void Script::paint_if_asked() {
-    if (redraw_asked_ && !replaying()) paint("");
+    if (redraw_asked_ && !replaying()) paint("", painter_.ratio);
 }
 
 }  // namespace tq

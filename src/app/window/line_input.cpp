@@ -86,12 +86,13 @@ void LineInput::resize(Size size) {
     window_.resize(window_.size() + QSize(int(size.width), int(size.height)) - box);
 }
 
-void LineInput::paint(const std::string& file) {
+void LineInput::paint(const std::string& file, double ratio) {
     if (file.empty()) {
         window_.box().repaint();
         return;
     }
     Prseq& box = window_.session().box();
+    painter_.ratio = ratio;
     if (auto reason = painter_.paint_to_png(box, file)) object_error(box, *reason);
 }
 

@@ -27,7 +27,7 @@ class LineInput : public QObject, private Driver {
     void say(const std::string& line) override { printer_.say(line); }
     void wait(double ms) override;
     void resize(Size size) override;
-    void paint(const std::string& file) override;
+    void paint(const std::string& file, double ratio) override;
     void quit() override;
 
     void read_input();
