@@ -17,11 +17,9 @@
 #include "host/dictionary.h"
 #include "host/files.h"
 #include "host/graphics_runtime.h"
-#include "instance/change.h"
+#include "painting.h"
 #include "scaling.h"
 #include "table.h"
-#include "view/zoom.h"
-#include "view/zoom_commands.h"
 
 namespace bench {
 
@@ -179,39 +177,6 @@ void document_rows() {
     std::filesystem::remove(path);
 }
 
-/// CPU ms a paint of the main display at 1600x900 with about 1000 events in view.
-double ms_per_paint(size_t events) {
-    auto session = document(events, 8, 10);
-    Prseq& box = session->box();
-    jbox_set_size(box, {1600, 900});
-    box.zoom_animation = false;
-    OffscreenPainter painter;
-    painter.paint(box);
-    // 1000 events, one every 10 ms, are 10 s; all rows.
-    prseq_zoom_out_all(box);
-    painter.paint(box);
-    double visible = 10000, length = box.timelinelength;
-    const TQScrollbar& bar = box.horscrollbar;
-    double zoom = bar.minimumzoom * length / visible;
-    prseq_horzoom(box, (zoom - bar.minimumzoom) / (bar.maximumzoom - bar.minimumzoom));
-    prseq_horscroll(box, 0.5);
-    painter.paint(box);
-    return best_cpu_of(30,
-                       [&] {
-                           prseq_show(box, Change::MainDisplay);
-                           painter.paint(box);
-                       }) *
-           1e3;
-}
-
-void paint_rows() {
-    double small = ms_per_paint(1000);
-    row("paint 1600x900, 1000 events in view, of 1 k", small, "ms");
-    for (size_t events : {100000UL, 1000000UL})
-        row("paint 1600x900, 1000 events in view, of " + count_name(events), ms_per_paint(events), "ms",
-            {"of 1 k", small});
-}
-
 /// CPU ns an event sent while playing 1000 events.
 double ns_per_played_event(size_t events) {
     auto session = document(events, 16, 10);
@@ -247,7 +212,7 @@ struct Group {
 
 constexpr Group groups[] = {
     {"messages", event_message_rows}, {"journal", journal_rows},    {"midi", midi_rows},
-    {"memory", memory_rows},          {"documents", document_rows}, {"paint", paint_rows},
+    {"memory", memory_rows},          {"documents", document_rows}, {"paint", painting_rows},
     {"playback", playback_rows},      {"editing", editing_rows},    {"scaling", scaling_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {

@@ -5,6 +5,7 @@
 #include "history/edit.h"
 #include "history/recorders.h"
 #include "model/bpfs.h"
+#include "model/events.h"
 #include "model/parameters.h"
 #include "model/track_info.h"
 
@@ -68,23 +69,26 @@ void change_bpf_type(Prseq& object, const TrackRef& track, long index, const Bpf
     report_types(object, *track);
 }
 
-void add_bpf_point(Prseq& object, const BpfRef& bpf, BpfPoint point) {
+void add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point) {
     Edit edit(object, Change::Events);
-    BpfPoints before = bpf->points;
-    if (TQ_Prseq_Events_AddBpfPoint(*bpf, point) < 0) return edit.nothing();
-    TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(edit, bpf, std::move(before));
+    BpfPoints before = curve.bpf->points;
+    if (TQ_Prseq_Events_AddBpfPoint(*curve.bpf, point) < 0) return edit.nothing();
+    TQ_Prseq_Events_LookAgain(*curve.event);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(edit, curve, std::move(before));
 }
 
-void delete_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints left) {
+void delete_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints left) {
     Edit edit(object, Change::Events);
-    std::swap(bpf->points, left);
-    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(edit, bpf, std::move(left));
+    std::swap(curve.bpf->points, left);
+    TQ_Prseq_Events_LookAgain(*curve.event);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(edit, curve, std::move(left));
 }
 
-void move_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints points, size_t moved) {
+void move_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints points, size_t moved) {
     Edit edit(object, Change::Events);
-    std::swap(bpf->points, points);
-    TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(edit, bpf, std::move(points), moved);
+    std::swap(curve.bpf->points, points);
+    TQ_Prseq_Events_LookAgain(*curve.event);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(edit, curve, std::move(points), moved);
 }
 
 }  // namespace tq

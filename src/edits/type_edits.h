@@ -20,10 +20,10 @@ void delete_bpf_type(Prseq& object, const TrackRef& track, long index);
 /// range.
 void change_bpf_type(Prseq& object, const TrackRef& track, long index, const BpfTypeValues& values);
 
-void add_bpf_point(Prseq& object, const BpfRef& bpf, BpfPoint point);
+void add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point);
 /// The curve takes these points, which are its own without some.
-void delete_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints left);
+void delete_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints left);
 /// The curve takes these points, which are as many as its own; `moved` of them are others than before.
-void move_bpf_points(Prseq& object, const BpfRef& bpf, BpfPoints points, size_t moved);
+void move_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints points, size_t moved);
 
 }  // namespace tq

@@ -5,6 +5,7 @@
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "model/buffers.h"
+#include "model/events.h"
 #include "model/parameters.h"
 
 namespace tq {
@@ -18,6 +19,7 @@ void change_event(Prseq& object, Recorder record, const EventRef& event, Write w
     Edit edit(object, Change::Events);
     EventState before = event_state(*event);
     write(*event);
+    TQ_Prseq_Events_LookAgain(*event);
     record(edit, event, std::move(before));
 }
 

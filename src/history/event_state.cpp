@@ -44,6 +44,7 @@ void restore_event_state(Prseq& object, Event& event, const EventState& state) {
         move_event_to_track(object, event, *state.track);
     else if (event.track)
         conform_event_to(*event.track, event);
+    TQ_Prseq_Events_LookAgain(event);
 }
 
 }  // namespace tq

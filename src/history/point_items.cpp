@@ -2,6 +2,7 @@
 #include "history/items.h"
 #include "history/recorders.h"
 #include "instance/prseq.h"
+#include "model/events.h"
 
 namespace tq {
 
@@ -11,29 +12,33 @@ constexpr KindName added{"Add Bpf Point", "Add Bpf Point"}, deleted{"Delete Bpf 
     moved{"Move Bpf Point", "Move Bpf Points"};
 
 struct PointsItem : UndoItem {
-    PointsItem(std::string t, BpfRef b, BpfPoints points)
-        : text(std::move(t)), bpf(std::move(b)), before(std::move(points)), after(bpf->points) {}
+    PointsItem(std::string t, CurveOf c, BpfPoints points)
+        : text(std::move(t)), curve(std::move(c)), before(std::move(points)), after(curve.bpf->points) {}
     std::string text;
-    BpfRef bpf;
+    CurveOf curve;
     BpfPoints before, after;
     std::string name() const override { return text; }
-    void undo(Prseq&) override { bpf->points = before; }
-    void redo(Prseq&) override { bpf->points = after; }
+    void undo(Prseq&) override { write(before); }
+    void redo(Prseq&) override { write(after); }
+    void write(const BpfPoints& points) {
+        curve.bpf->points = points;
+        TQ_Prseq_Events_LookAgain(*curve.event);
+    }
 };
 
 }  // namespace
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, BpfRef bpf, BpfPoints before) {
-    record<PointsItem>(edit, added.of(1), std::move(bpf), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, CurveOf curve, BpfPoints before) {
+    record<PointsItem>(edit, added.of(1), std::move(curve), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before) {
-    std::string text = deleted.of(before.size() - bpf->points.size());
-    record<PointsItem>(edit, std::move(text), std::move(bpf), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, CurveOf curve, BpfPoints before) {
+    std::string text = deleted.of(before.size() - curve.bpf->points.size());
+    record<PointsItem>(edit, std::move(text), std::move(curve), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before, size_t count) {
-    record<PointsItem>(edit, moved.of(count), std::move(bpf), std::move(before));
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before, size_t count) {
+    record<PointsItem>(edit, moved.of(count), std::move(curve), std::move(before));
 }
 
 }  // namespace tq

@@ -74,8 +74,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Edit& edit, TrackRef track,
                                                      BpfTypeValues previous);
 
 // points of a curve: `before` are its points before the edit
-void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, BpfRef bpf, BpfPoints before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, BpfRef bpf, BpfPoints before, size_t moved);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, CurveOf curve, BpfPoints before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, CurveOf curve, BpfPoints before);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before, size_t moved);
 
 }  // namespace tq

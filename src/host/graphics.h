@@ -42,6 +42,8 @@ void jgraphics_set_source(Graphics& g, const LinearPattern& pattern);
 /// Of strokes.
 void jgraphics_set_line_width(Graphics& g, double width);
 void jgraphics_translate(Graphics& g, double dx, double dy);
+/// From now on only what lies in the rectangle is drawn; its edges are put on whole pixels of the screen.
+void jgraphics_clip(Graphics& g, const Rect& rect);
 
 void jgraphics_rectangle_fill_fast(Graphics& g, const Rect& rect);
 /// An outline of the given width just inside the rectangle.

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "host/geometry.h"
@@ -40,6 +41,16 @@ void surface_clear(Surface& surface);
 /// Draws a part of a surface into a rectangle, stretched to it.
 void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rect& source,
                                   const Rect& destination);
+
+/// An opaque surface of the painter's own ratio, as wide as it is or wider: its middle column is repeated
+/// then. In pixels of the screen.
+struct WidenedSurface {
+    const Surface* surface;
+    int left, right;
+};
+/// Draws some beside or over each other, the last one on top; all of them are equally high. `top` is in
+/// pixels of the screen.
+void jgraphics_image_surfaces_draw_widened(Graphics& g, std::span<const WidenedSurface> surfaces, int top);
 
 /// Writes a PNG beside `path` and renames it over it; the reason when that failed.
 std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path);

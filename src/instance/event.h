@@ -51,6 +51,12 @@ struct Event : Counted<Event> {
 };
 using EventRef = Ref<Event>;
 
+/// A curve and the event that it is of.
+struct CurveOf {
+    EventRef event;
+    BpfRef bpf;
+};
+
 /// Values of an event by key, as the history and "event" messages pass them; what is absent is left alone.
 struct EventDictionary {
     std::optional<double> start, pitch, velocity, duration;

@@ -1,11 +1,13 @@
 #include "instance/event_list.h"
 
+#include <utility>
+
 namespace tq {
 
 void EventList::insert(EventRef event, Track& track) {
     event->track = &track;
     EventKey key{event->start, event->id};
-    EventEntry entry{key.start, event->end(), std::move(event)};
+    EventEntry entry(std::move(event));
     const Event* end = last();
     bool at_the_end = !end || (end->start != key.start ? end->start < key.start : end->id < key.id);
     ++size_;
@@ -70,8 +72,7 @@ void EventList::assign(std::vector<EventRef> events, Track& track) {
     for (EventRef& event : events) {
         event->track = &track;
         if (event->selected) add_selected(*event);
-        double start = event->start, end = event->end();
-        entries.push_back({start, end, std::move(event)});
+        entries.emplace_back(std::move(event));
     }
     fill(std::move(entries));
 }
@@ -82,11 +83,10 @@ void EventList::retime(Event& event, double start, double duration) {
     EventRef taken = held && start != event.start ? tree().take(key) : EventRef();
     event.start = start;
     event.duration = duration;
-    double end = event.end();
     if (taken)
-        tree().insert({start, end, std::move(taken)}, {start, event.id});
+        tree().insert(EventEntry(std::move(taken)), {start, event.id});
     else if (held)
-        tree().set_end(key, end);
+        tree().renew(key);
 }
 
 void EventList::retime(std::span<const EventTimes> times) {
@@ -99,16 +99,37 @@ void EventList::retime(std::span<const EventTimes> times) {
         t.event->start = t.start;
         t.event->duration = t.duration;
     }
-    for (EventEntry& entry : all) {
-        entry.start = entry.event->start;
-        entry.end = entry.event->end();
-    }
+    for (EventEntry& entry : all) entry = EventEntry(std::move(entry.event));
     fill(std::move(all));
+}
+
+void EventList::renew(const Event& event) const {
+    if (holds(event)) tree().renew({event.start, event.id});
+}
+
+void EventList::renew_all() const {
+    auto look_again = [](EventEntry& entry) { entry.look = look_of(*entry.event); };
+    tree().change_looks(0, look_again);
+}
+
+/// A selection of a few is marked event by event; a large one by looking at all of them.
+void EventList::mark_selected() const {
+    if (!std::exchange(selection_unmarked_, false)) return;
+    const bool few = is_few(selected_.size());
+    auto mark = [&](EventEntry& entry) {
+        const bool selected = !few && (selected_.size() == size_ || entry.event->selected);
+        entry.look.flags = static_cast<std::uint8_t>((entry.look.flags & ~EventLook::Selected) |
+                                                     (selected ? EventLook::Selected : 0));
+    };
+    tree().change_looks(few ? EventLook::Selected : 0, mark);
+    if (few)
+        for (const Event* event : selected_) tree().renew({event->start, event->id});
 }
 
 void EventList::select(Event& event, bool selected) {
     if (event.selected == selected) return;
     event.selected = selected;
+    selection_unmarked_ = true;
     if (selected)
         add_selected(event);
     else
@@ -116,6 +137,7 @@ void EventList::select(Event& event, bool selected) {
 }
 
 void EventList::select_all() {
+    selection_unmarked_ = true;
     selected_.clear();
     selected_.reserve(size_);
     for_each([this](Event& event) {
@@ -125,6 +147,7 @@ void EventList::select_all() {
 }
 
 void EventList::deselect_all() {
+    if (!selected_.empty()) selection_unmarked_ = true;
     for (Event* event : selected_) event->selected = false;
     selected_.clear();
 }

@@ -49,6 +49,11 @@ class EventList {
     /// The same for many events of the list at once; their order is made anew when they are a good part of
     /// it.
     void retime(std::span<const EventTimes> times);
+    /// Something of the event that painting asks for has changed: its pitch, a label or a message, its link,
+    /// its curves. Times and selection say so themselves. Nothing happens when it is not in this list.
+    void renew(const Event& event) const;
+    /// The same for every event; linear.
+    void renew_all() const;
 
     /// Selects an event of the list, or not.
     void select(Event& event, bool selected);
@@ -89,6 +94,13 @@ class EventList {
     void touching(double from, double to, Visit visit) const {
         tree().touching(from, to, visit);
     }
+    /// Shows the same events from the last to the first, with their looks: visitor.visit(const EventEntry&).
+    /// Whole stretches are left out where visitor.enters(first start, latest end, EventLooks) says so.
+    template <typename Visitor>
+    void touching_backwards(double from, double to, Visitor& visitor) const {
+        mark_selected();
+        tree().touching_backwards(from, to, visitor);
+    }
 
  private:
     using Tree = EventBranch<EventBranch<EventLeaf>>;
@@ -105,6 +117,8 @@ class EventList {
         return tree_;
     }
     void settle() const;
+    /// Brings the looks into step with what is selected.
+    void mark_selected() const;
 
     // Where an event is kept is nothing that anybody outside can tell.
     mutable Tree tree_;
@@ -112,6 +126,7 @@ class EventList {
     mutable Event* last_waiting_ = nullptr;  ///< the last event of all, when it is one that waits
     size_t size_ = 0;
     std::vector<Event*> selected_;
+    mutable bool selection_unmarked_ = false;  ///< the looks do not say yet what is selected
 };
 
 }  // namespace tq

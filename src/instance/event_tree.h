@@ -2,17 +2,23 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <numeric>
 #include <vector>
 
 #include "instance/event.h"
+#include "instance/event_look.h"
 
 namespace tq {
 
-/// An event and copies of its times, so that searching stays inside the leaf.
+/// An event with copies of its times and its look, so that searching stays inside the leaf.
 struct EventEntry {
-    double start, end;
+    EventEntry() = default;
+    explicit EventEntry(EventRef e)
+        : start(e->start), end(e->end()), look(look_of(*e)), event(std::move(e)) {}
+    double start = 0, end = 0;
+    EventLook look;
     EventRef event;
 };
 
@@ -45,11 +51,16 @@ class EventLeaf {
         for (const EventEntry& entry : entries_) latest = std::max(latest, entry.end);
         return latest;
     }
+    EventLooks looks() const {
+        EventLooks all;
+        for (const EventEntry& entry : entries_) all |= entry.look;
+        return all;
+    }
     bool is_before(const EventKey& key) const { return key.is_after(entries_.back()); }
 
     void insert(EventEntry entry, const EventKey& key) {
         if (entries_.empty()) entries_.reserve(capacity);
-        entries_.insert(entries_.begin() + static_cast<long>(place(key)), std::move(entry));
+        changed().insert(entries_.begin() + static_cast<long>(place(key)), std::move(entry));
     }
     /// Takes the later half out.
     EventLeaf split() {
@@ -57,25 +68,34 @@ class EventLeaf {
         right.entries_.reserve(capacity);
         auto middle = entries_.begin() + static_cast<long>(entries_.size() / 2);
         std::move(middle, entries_.end(), std::back_inserter(right.entries_));
-        entries_.erase(middle, entries_.end());
+        changed().erase(middle, entries_.end());
         return right;
     }
     EventRef take(const EventKey& key) {
         auto at = entries_.begin() + static_cast<long>(place(key));
         EventRef event = std::move(at->event);
-        entries_.erase(at);
+        changed().erase(at);
         return event;
     }
-    void set_end(const EventKey& key, double end) { entries_[place(key)].end = end; }
+    /// The event at the key has another end, or another look.
+    void renew(const EventKey& key) {
+        EventEntry& entry = changed()[place(key)];
+        entry.end = entry.event->end();
+        entry.look = look_of(*entry.event);
+    }
+    template <typename Change>
+    void change_looks(unsigned, Change& change) {
+        for (EventEntry& entry : changed()) change(entry);
+    }
     /// For filling, in order, up to the capacity.
     void append(EventEntry entry) {
         if (entries_.empty()) entries_.reserve(capacity);
-        entries_.push_back(std::move(entry));
+        changed().push_back(std::move(entry));
     }
     /// Moves all entries out, in order.
     void empty_into(std::vector<EventEntry>& entries) {
         std::move(entries_.begin(), entries_.end(), std::back_inserter(entries));
-        entries_.clear();
+        changed().clear();
     }
 
     Event* at(size_t index) const { return entries_[index].event.get(); }
@@ -107,18 +127,53 @@ class EventLeaf {
             if (entry.end >= from) visit(*entry.event);
         }
     }
+    template <typename Visitor>
+    void touching_backwards(double from, double to, Visitor& visitor) const {
+        if (!summed_up_) sum_up();
+        for (size_t s = (entries_.size() + stretch - 1) / stretch; s-- > 0;) {
+            const Stretch& sum = stretches_[s];
+            if (sum.start > to || sum.end < from || !visitor.enters(sum.start, sum.end, sum.looks)) continue;
+            for (size_t i = std::min((s + 1) * stretch, entries_.size()); i-- > s * stretch;)
+                if (entries_[i].start <= to && entries_[i].end >= from) visitor.visit(entries_[i]);
+        }
+    }
 
  private:
+    static constexpr size_t stretch = 16;  ///< events that are left out together, when they are covered
+    struct Stretch {
+        double start, end;
+        EventLooks looks;
+    };
+
+    /// Done when it is asked for, so that editing has nothing to do with it.
+    void sum_up() const {
+        for (size_t first = 0; first < entries_.size(); first += stretch) {
+            Stretch sum{entries_[first].start, entries_[first].end, {}};
+            for (size_t i = first; i < std::min(first + stretch, entries_.size()); ++i) {
+                sum.looks |= entries_[i].look;
+                sum.end = std::max(sum.end, entries_[i].end);
+            }
+            stretches_[first / stretch] = sum;
+        }
+        summed_up_ = true;
+    }
+    /// For whatever changes entries.
+    std::vector<EventEntry>& changed() {
+        summed_up_ = false;
+        return entries_;
+    }
     size_t place(const EventKey& key) const {
         auto found = std::partition_point(entries_.begin(), entries_.end(),
                                           [&](const EventEntry& e) { return key.is_after(e); });
         return static_cast<size_t>(found - entries_.begin());
     }
     std::vector<EventEntry> entries_;
+    mutable std::array<Stretch, capacity / stretch> stretches_{};
+    mutable bool summed_up_ = false;
 };
 
 /// Children in order, none of them empty, and of each: where it starts, its latest end, how many events it
-/// has.
+/// has, and their looks.
 template <typename Child>
 class EventBranch {
  public:
@@ -129,11 +184,17 @@ class EventBranch {
     size_t count() const { return std::accumulate(counts_.begin(), counts_.end(), size_t{0}); }
     double first_start() const { return starts_.front(); }
     double latest_end() const { return *std::max_element(ends_.begin(), ends_.end()); }
+    EventLooks looks() const {
+        EventLooks all;
+        for (const EventLooks& looks : looks_) all |= looks;
+        return all;
+    }
     bool is_before(const EventKey& key) const { return children_.back().is_before(key); }
 
     void insert(EventEntry entry, const EventKey& key) {
         size_t c = child_for_insertion(key);
         double start = entry.start, end = entry.end;
+        looks_[c] |= entry.look;
         children_[c].insert(std::move(entry), key);
         bool only = counts_[c]++ == 0;
         starts_[c] = only ? start : std::min(starts_[c], start);
@@ -146,6 +207,7 @@ class EventBranch {
         split_off(starts_, right.starts_, middle);
         split_off(ends_, right.ends_, middle);
         split_off(counts_, right.counts_, middle);
+        split_off(looks_, right.looks_, middle);
         return right;
     }
     EventRef take(const EventKey& key) {
@@ -157,10 +219,21 @@ class EventBranch {
             summarize(c);
         return event;
     }
-    void set_end(const EventKey& key, double end) {
+    void renew(const EventKey& key) {
         size_t c = child_for(key);
-        children_[c].set_end(key, end);
+        children_[c].renew(key);
         ends_[c] = children_[c].latest_end();
+        looks_[c] = children_[c].looks();
+    }
+    /// Calls change(EventEntry&), which may change looks, for all entries of the leaves where any has one of
+    /// the flags; without flags, for all.
+    template <typename Change>
+    void change_looks(unsigned flags, Change& change) {
+        for (size_t c = 0; c < children_.size(); ++c) {
+            if (flags && !looks_[c].has(flags)) continue;
+            children_[c].change_looks(flags, change);
+            looks_[c] = children_[c].looks();
+        }
     }
     void empty_into(std::vector<EventEntry>& entries) {
         for (Child& child : children_) child.empty_into(entries);
@@ -170,6 +243,7 @@ class EventBranch {
         if (children_.empty() || children_.back().full()) append_child();
         size_t c = children_.size() - 1;
         double start = entry.start, end = entry.end;
+        looks_[c] |= entry.look;
         children_[c].append(std::move(entry));
         if (counts_[c]++ == 0) starts_[c] = start;
         ends_[c] = std::max(ends_[c], end);
@@ -216,6 +290,14 @@ class EventBranch {
         for (size_t c = 0; c < children_.size() && starts_[c] <= to; ++c)
             if (ends_[c] >= from) children_[c].touching(from, to, visit);
     }
+    /// From the last to the first, entering those stretches only that the visitor enters.
+    template <typename Visitor>
+    void touching_backwards(double from, double to, Visitor& visitor) const {
+        auto behind = std::upper_bound(starts_.begin(), starts_.end(), to);
+        for (auto c = static_cast<size_t>(behind - starts_.begin()); c-- > 0;)
+            if (ends_[c] >= from && visitor.enters(starts_[c], ends_[c], looks_[c]))
+                children_[c].touching_backwards(from, to, visitor);
+    }
 
  private:
     /// The child that has the key's place, or ends just before it: the last one that starts before it. Only
@@ -242,6 +324,7 @@ class EventBranch {
         starts_.insert(starts_.begin() + static_cast<long>(c) + 1, 0);
         ends_.insert(ends_.begin() + static_cast<long>(c) + 1, 0);
         counts_.insert(counts_.begin() + static_cast<long>(c) + 1, 0);
+        looks_.insert(looks_.begin() + static_cast<long>(c) + 1, EventLooks());
         summarize(c);
         summarize(c + 1);
         return children_[c].is_before(key) ? c + 1 : c;
@@ -251,17 +334,20 @@ class EventBranch {
         starts_.push_back(0);
         ends_.push_back(0);
         counts_.push_back(0);
+        looks_.emplace_back();
     }
     void erase_child(size_t c) {
         children_.erase(children_.begin() + static_cast<long>(c));
         starts_.erase(starts_.begin() + static_cast<long>(c));
         ends_.erase(ends_.begin() + static_cast<long>(c));
         counts_.erase(counts_.begin() + static_cast<long>(c));
+        looks_.erase(looks_.begin() + static_cast<long>(c));
     }
     void summarize(size_t c) {
         starts_[c] = children_[c].first_start();
         ends_[c] = children_[c].latest_end();
         counts_[c] = children_[c].count();
+        looks_[c] = children_[c].looks();
     }
     template <typename T>
     static void split_off(std::vector<T>& from, std::vector<T>& to, size_t middle) {
@@ -273,6 +359,7 @@ class EventBranch {
     std::vector<Child> children_;
     std::vector<double> starts_, ends_;
     std::vector<size_t> counts_;
+    std::vector<EventLooks> looks_;
 };
 
 }  // namespace tq

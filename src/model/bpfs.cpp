@@ -74,6 +74,7 @@ void TQ_Prseq_Tracks_AddBpfTypeToAllEventsOnTrack(const Track& track, BpfType& t
     track.events.for_each([&](Event& event) {
         TQ_Prseq_Events_AddBpfToEvent(event, TQ_Prseq_Events_MakeBpfFromBpfType(type));
     });
+    track.events.renew_all();
 }
 
 BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(const Track& track, long index) {

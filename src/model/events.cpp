@@ -112,6 +112,10 @@ void TQ_Prseq_Events_SetEventsTimes(std::span<const EventTimes> times) {
     }
 }
 
+void TQ_Prseq_Events_LookAgain(const Event& event) {
+    if (event.track) event.track->events.renew(event);
+}
+
 void TQ_Prseq_Events_SetEventStart(Event& event, double start) {
     TQ_Prseq_Events_SetEventTimes(event, start, event.duration);
 }
@@ -149,6 +153,8 @@ void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
         TQ_Prseq_Parameters_SetEventParameterValue(event, name, value);
     if (dictionary.track && event.track && dictionary.track != event.track && dictionary.track->index >= 0)
         move_event_to_track(object, event, *dictionary.track);
+    else
+        TQ_Prseq_Events_LookAgain(event);
 }
 
 void conform_event_to(const Track& track, Event& event) {

@@ -28,6 +28,9 @@ void TQ_Prseq_Events_SetEventTimes(Event& event, double start, double duration);
 /// The same for many events.
 void TQ_Prseq_Events_SetEventsTimes(std::span<const EventTimes> times);
 
+/// After a change of what is seen of an event other than by these calls: pitch, label, message, link, curves.
+void TQ_Prseq_Events_LookAgain(const Event& event);
+
 /// Sets the duration without recomputing the buffer ratio and keeps the curves' points in place while the
 /// start moves earlier by `offset` ms.
 void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset);

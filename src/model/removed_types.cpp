@@ -73,6 +73,7 @@ RemovedBpfType remove_bpf_type(Track& track, long index) {
     if (TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, removed.type->name))  // a second one of its name
         track.events.for_each([&](Event& event) { conform_event_to(track, event); });
     if (track.activebpfindex >= index) set_active_type(track, track.activebpfindex - 1);
+    track.events.renew_all();
     return removed;
 }
 
@@ -87,6 +88,7 @@ void put_back_bpf_type(Track& track, const RemovedBpfType& removed) {
     }
     track.events.for_each([&](Event& event) { conform_event_to(track, event); });
     set_active_type(track, removed.activebpfindex);
+    track.events.renew_all();
 }
 
 }  // namespace tq

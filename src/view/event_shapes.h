@@ -1,14 +1,13 @@
-// Which events of a track are painted where.
+// What of an event is painted where.
 #pragma once
 
-#include <vector>
+#include <optional>
 
 #include "view/eventview.h"
 
 namespace tq {
 
 struct Event;
-struct Track;
 
 /// Pixels that a label may reach into the view from an event left of it.
 inline constexpr double label_reach = 200;
@@ -26,14 +25,13 @@ struct ShapeOptions {
     bool labels = false, messages = false, buffers = false;
     bool curves = false;             ///< curves that leave their event's row count as in view
     const Event* without = nullptr;  ///< an event that is left out
-    bool all = false;                ///< also what changes no pixel
+    bool all = false;                ///< also what others cover
 };
 
-/// The events of a track that are in view, in the order in which they are painted: unselected ones, then
-/// selected ones, each in the track's order. An event that would only draw the very pixels again that one
-/// before it has drawn, with nothing between them, is left out. One event, wherever it is.
+/// An event, wherever it is.
 EventShape shape_of(const Event& event, const EventView& view, const ShapeOptions& options);
-std::vector<EventShape> build_event_shapes(const Track& track, const EventView& view,
-                                           const ShapeOptions& options);
+/// None when nothing of it is in view.
+std::optional<EventShape> shape_in_view(const Event& event, const EventView& view,
+                                        const ShapeOptions& options);
 
 }  // namespace tq

@@ -1,10 +1,6 @@
 #include "view/eventview.h"
 
-#include <algorithm>
-
-#include "host/round.h"
 #include "instance/prseq.h"
-#include "view/maindisplay.h"
 
 namespace tq {
 
@@ -15,18 +11,13 @@ EventView::EventView(const Prseq& object, double pixel_ratio)
       ratio(pixel_ratio),
       pixels_per_ms(TQ_Prseq_Maindisplay_GetTotalPageSizeHorizontal(object.maindisplay) /
                     object.timelinelength),
-      horizontalscroll(object.maindisplay.horizontalscroll),
-      verticalscroll(object.maindisplay.verticalscroll) {}
-
-double EventView::y_of(double pitch) const { return (pitch_rows - pitch) * rowheight - verticalscroll; }
-
-double EventView::snap(double value) const { return jgraphics_round(value * ratio) / ratio; }
+      horizontalscroll(snap(object.maindisplay.horizontalscroll)),
+      verticalscroll(snap(object.maindisplay.verticalscroll)) {}
 
 Rect EventView::rect_of(const Event& event) const {
-    const double x = x_of(event.start), bottom = y_of(event.pitch);
-    const double left = snap(x), top = snap(bottom - rowheight);
-    const double right = snap(x + std::max(event.duration * pixels_per_ms, minimum_event_width));
-    return {left, top, right - left, snap(bottom) - top};
+    const int left = left_of(event.start), right = right_of(event.start, event.end());
+    const int top = pixel(y_of(event.pitch + 1)), bottom = pixel(y_of(event.pitch));
+    return {left / ratio, top / ratio, (right - left) / ratio, (bottom - top) / ratio};
 }
 
 }  // namespace tq

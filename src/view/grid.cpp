@@ -10,7 +10,8 @@ namespace tq {
 
 namespace {
 
-constexpr long rows_per_octave = 12, subdivisions = 10;
+constexpr long rows_per_octave = 12;
+constexpr double subdivisions = 10;  // of a main division
 
 bool is_black(long row_in_octave) {
     constexpr long black[] = {1, 3, 5, 8, 10};  // from the top: A#, G#, F#, D#, C#
@@ -55,14 +56,18 @@ void add_bars(Lines& lines, const EventView& view, const MeasureSpan& span) {
     }
 }
 
+/// Each line is found by its number, so that it is on the same place of the page however far that is
+/// scrolled.
 void add_divisions(Lines& lines, const EventView& view, double bigbarsize) {
     if (!(bigbarsize > 0)) return;
-    const double scrolled = std::fmod(-view.horizontalscroll / bigbarsize, 1);
-    const double bars = std::floor(view.width / bigbarsize);
-    for (double i = 0; i <= bars + 1; ++i)
-        for (long j = 0; j < subdivisions; ++j)
-            lines.add((i + scrolled) * bigbarsize + static_cast<double>(j) * bigbarsize / subdivisions,
-                      j == 0);
+    const double step = bigbarsize / subdivisions;
+    const double stride =
+        std::max(1., std::floor(1 / (step * view.ratio)));  // those on one pixel are one line
+    const double last = (view.horizontalscroll + view.width) / step + 1;
+    for (double i = std::max(0., std::floor(view.horizontalscroll / step / stride) * stride); i <= last;
+         i += stride)
+        lines.add(i * bigbarsize / subdivisions - view.horizontalscroll,
+                  stride >= subdivisions || std::fmod(i, subdivisions) == 0);
 }
 
 }  // namespace

@@ -183,7 +183,7 @@ TEST_F(ClipboardTest, CurvesComeBackWithTheirTypeToWhoeverRefersToThem) {
     settle();
     BpfRef curve = event(0, 0)->bpfs[1];
     BpfPoints before = curve->points;
-    add_bpf_point(box, curve, {0.5, 0.25});
+    add_bpf_point(box, {event(0, 0), curve}, {0.5, 0.25});
     delete_bpf_type(box, &track(0), 1);
     EXPECT_EQ(event(0, 0)->bpfs.size(), 1u);
     send("undo");

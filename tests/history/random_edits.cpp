@@ -28,9 +28,9 @@ struct Edits {
         const TrackRef track = active();
         return track && !track->events.empty() ? track->events.at(below(track->events.size())) : nullptr;
     }
-    BpfRef any_curve() {
+    CurveOf any_curve() {
         EventRef event = any_event();
-        return event ? event->bpfs[below(event->bpfs.size())] : nullptr;
+        return {event, event ? event->bpfs[below(event->bpfs.size())] : nullptr};
     }
 
     void command() {
@@ -146,9 +146,9 @@ struct Edits {
     }
 
     void change_points() {
-        BpfRef curve = any_curve();
-        if (!curve) return;
-        BpfPoints points = curve->points;
+        const CurveOf curve = any_curve();
+        if (!curve.bpf) return;
+        BpfPoints points = curve.bpf->points;
         switch (below(4)) {
             case 0:
                 for (BpfPoint& point : points) point.y = number(100) / 100;

@@ -12,6 +12,23 @@
 
 namespace tq::test {
 
+/// Whether the list knows what its events look like, one by one and by stretches.
+inline bool looks_are_right(const EventList& events) {
+    struct Visitor {
+        EventLooks stretch;
+        bool right = true;
+        bool enters(double, double, const EventLooks& looks) {
+            stretch = looks;
+            return true;
+        }
+        void visit(const EventEntry& entry) {
+            right &= entry.look == look_of(*entry.event) && EventLooks(entry.look).within(stretch);
+        }
+    } visitor;
+    events.touching_backwards(-1e300, 1e300, visitor);
+    return visitor.right;
+}
+
 inline testing::AssertionResult holds_together(const Prseq& box) {
     std::string faults;
     auto must = [&](bool right, const char* what, long of) {
@@ -50,6 +67,7 @@ inline testing::AssertionResult holds_together(const Prseq& box) {
             ++count;
             before = &event;
         });
+        must(looks_are_right(track->events), "the look of an event of track", track->index);
         must(count == track->events.size(), "the number of events of track", track->index);
         must(selected == track->events.selected().size(), "the selection of track", track->index);
     }

@@ -19,12 +19,12 @@ QRgb weighted(QRgb color, unsigned weight) {
 }  // namespace
 
 void Graphics::Painter::fill(const QRect& rect, QRgb premultiplied) {
-    const QRect inside = rect & QRect(0, 0, pixels.width, pixels.height);
+    const QRect inside = rect & clip;
     if (inside.isEmpty()) return;
     const unsigned rest = 255 - static_cast<unsigned>(qAlpha(premultiplied));
     if (rest == 255) return;
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        QRgb* first = pixels.bits + static_cast<std::ptrdiff_t>(y) * pixels.stride + inside.left();
+        QRgb* first = surface.row(y) + inside.left();
         QRgb* last = first + inside.width();
         if (rest == 0) {
             std::fill(first, last, premultiplied);

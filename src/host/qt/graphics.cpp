@@ -49,17 +49,16 @@ QColor to_qcolor(const Rgba& color) {
 }
 
 Graphics::Painter::Painter(Surface::Image& image)
-    : pixels{reinterpret_cast<QRgb*>(image.pixels.bits()), image.pixels.bytesPerLine() / 4,
-             image.pixels.width(), image.pixels.height()},
-      qt(&image.pixels),
-      ratio(image.ratio) {
+    : surface(image), clip(image.pixels.rect()), qt(&image.pixels), ratio(image.ratio) {
     qt.setRenderHint(QPainter::Antialiasing);
 }
 
 QRect Graphics::Painter::cut(double left, double top, double right, double bottom) const {
-    auto held = [](double v, int most) { return v > 0 ? static_cast<int>(std::min<double>(v, most)) : 0; };
-    int l = held(left, pixels.width), r = held(right, pixels.width);
-    int t = held(top, pixels.height), b = held(bottom, pixels.height);
+    auto held = [](double v, int least, int most) {
+        return v > least ? static_cast<int>(std::min<double>(v, most)) : least;
+    };
+    const int l = held(left, clip.left(), clip.right() + 1), r = held(right, clip.left(), clip.right() + 1);
+    const int t = held(top, clip.top(), clip.bottom() + 1), b = held(bottom, clip.top(), clip.bottom() + 1);
     return {l, t, r - l, b - t};
 }
 
@@ -98,6 +97,12 @@ void jgraphics_set_line_width(Graphics& g, double width) { g.painter().line_widt
 void jgraphics_translate(Graphics& g, double dx, double dy) {
     g.painter().offset.x += dx;
     g.painter().offset.y += dy;
+}
+
+void jgraphics_clip(Graphics& g, const Rect& rect) {
+    Graphics::Painter& p = g.painter();
+    p.clip = p.snapped(rect);
+    p.qt.setClipRect(p.clip);
 }
 
 void jgraphics_rectangle_fill_fast(Graphics& g, const Rect& rect) {

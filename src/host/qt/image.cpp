@@ -65,11 +65,9 @@ void draw_scaled(Graphics::Painter& p, const QImage& pixels, const QRectF& from,
 }  // namespace
 
 Surface::Surface(Size size, double ratio)
-    : image_(new Image{
+    : image_(std::make_unique<Image>(
           QImage(side(size.width, ratio), side(size.height, ratio), QImage::Format_ARGB32_Premultiplied),
-          size,
-          ratio,
-          {}}) {
+          size, ratio)) {
     image_->pixels.fill(Qt::transparent);
 }
 
@@ -88,8 +86,9 @@ SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path) {
     if (pixels.isNull()) return nullptr;
     Size size{static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
     QImage twice = read_twice(file, pixels.size());
-    return std::make_shared<Surface>(
-        std::make_unique<Surface::Image>(Surface::Image{std::move(pixels), size, 1, std::move(twice)}));
+    auto image = std::make_unique<Surface::Image>(std::move(pixels), size, 1);
+    image->twice = std::move(twice);
+    return std::make_shared<Surface>(std::move(image));
 }
 
 void surface_clear(Surface& surface) { surface.image().pixels.fill(Qt::transparent); }
@@ -117,6 +116,29 @@ void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rec
     p.qt.setRenderHint(QPainter::SmoothPixmapTransform,
                        pixels.height() > 1);  // a line stays as sharp as it is
     p.qt.drawImage(to, pixels, from);
+}
+
+/// Row by row: what lies in a row of pixels lies together in memory.
+void jgraphics_image_surfaces_draw_widened(Graphics& g, std::span<const WidenedSurface> surfaces, int top) {
+    const Graphics::Painter& p = g.painter();
+    if (surfaces.empty()) return;
+    const int least = p.clip.left(), most = p.clip.right() + 1;
+    const int bottom = std::min(top + surfaces[0].surface->image().height, p.clip.bottom() + 1);
+    for (int y = std::max(top, p.clip.top()); y < bottom; ++y) {
+        QRgb* row = p.surface.row(y);
+        for (const WidenedSurface& widened : surfaces) {
+            const Surface::Image& image = widened.surface->image();
+            const QRgb* source = image.row(y - top);
+            // Up to its middle from the left, then the middle, then up to its end from the right.
+            const int middle = image.width / 2, shift = widened.right - image.width;
+            const int from = std::max(widened.left, least), to = std::min(widened.right, most);
+            const int half = std::clamp(widened.left + middle, from, std::max(from, to));
+            const int rest = std::clamp(shift + middle, half, std::max(half, to));
+            for (int x = from; x < half; ++x) row[x] = source[x - widened.left];
+            for (int x = half; x < rest; ++x) row[x] = source[middle];
+            for (int x = rest; x < to; ++x) row[x] = source[x - shift];
+        }
+    }
 }
 
 std::optional<std::string> surface_write_png(const Surface& surface, const std::string& path) {

@@ -7,6 +7,7 @@
 #include <QPainterPath>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "host/graphics.h"
 #include "host/image.h"
@@ -14,10 +15,26 @@
 namespace tq {
 
 struct Surface::Image {
-    QImage pixels;
+    Image(QImage image, Size view_size, double pixel_ratio)
+        : pixels(std::move(image)),
+          size(view_size),
+          ratio(pixel_ratio),
+          bits(reinterpret_cast<QRgb*>(pixels.bits())),
+          stride(pixels.bytesPerLine() / 4),
+          width(pixels.width()),
+          height(pixels.height()) {}
+    Image(const Image&) = delete;
+    Image& operator=(const Image&) = delete;
+
+    QRgb* row(int y) const { return bits + y * stride; }
+
+    QImage pixels;  ///< shared with nobody, so that its bits stay where they are
     Size size;
-    double ratio = 1;
+    double ratio;
     QImage twice;  ///< the same at ratio 2, when a picture came with it
+    QRgb* bits;
+    std::ptrdiff_t stride;  ///< pixels from a row to the next
+    int width, height;      ///< pixels of the screen
 };
 
 /// Draws in pixels of the screen: coordinates are translated and scaled on the way in.
@@ -28,22 +45,18 @@ struct Graphics::Painter {
     QRectF device(const Rect& rect) const {
         return {device(Point{rect.x, rect.y}), QSizeF(rect.width * ratio, rect.height * ratio)};
     }
-    /// The rectangle on whole pixels of the screen, cut to the surface; at least one pixel each way if it has
+    /// The rectangle on whole pixels of the screen, cut to the clip; at least one pixel each way if it has
     /// area.
     QRect snapped(const Rect& rect) const;
-    /// The surface, as far as lines and rectangles on whole pixels go.
+    /// The clip, as far as lines and rectangles on whole pixels go.
     QRect cut(double left, double top, double right, double bottom) const;
     /// Puts a colour over pixels of the screen.
     void fill(const QRect& rect, QRgb premultiplied);
     void fill(const QRect& rect) { fill(rect, qPremultiply(color.rgba())); }
     QBrush brush() const { return gradient ? QBrush(*gradient) : QBrush(color); }
 
-    struct Pixels {
-        QRgb* bits;
-        std::ptrdiff_t stride;  ///< pixels from a row to the next
-        int width, height;
-    };
-    Pixels pixels;  ///< taken before the toolkit's painter begins
+    Surface::Image& surface;
+    QRect clip;  ///< pixels of the screen; what is outside is not drawn
     QPainter qt;
     double ratio;
     Point offset;

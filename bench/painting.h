@@ -1,0 +1,8 @@
+// What a frame costs.
+#pragma once
+
+namespace bench {
+
+void painting_rows();
+
+}  // namespace bench

@@ -1,0 +1,37 @@
+#include "instance/event_look.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "instance/event.h"
+
+namespace tq {
+
+namespace {
+
+/// A straight curve at 0 to 1 lies between the lower and the upper edge of its event, whatever its type.
+bool is_bent(const Bpf& bpf) {
+    if (bpf.points.empty()) return false;
+    const double y = bpf.points.front().y;
+    return !(y >= 0 && y <= 1) ||
+           std::ranges::any_of(bpf.points, [y](const BpfPoint& point) { return point.y != y; });
+}
+
+}  // namespace
+
+EventLook look_of(const Event& event) {
+    constexpr double highest = EventLooks::row_count - 1;
+    const double row = std::floor(event.pitch);
+    unsigned flags = 0;
+    if (!event.label.empty() || !event.message.empty()) flags |= EventLook::Text;
+    if (!event.link().name.empty()) flags |= EventLook::Linked;
+    if (std::ranges::any_of(event.bpfs, [](const BpfRef& bpf) { return is_bent(*bpf); }))
+        flags |= EventLook::Bent;
+    if (event.pitch != row) flags |= EventLook::Fractional;
+    if (!(row >= 0 && row <= highest)) flags |= EventLook::OffRows;
+    if (event.selected) flags |= EventLook::Selected;
+    return {static_cast<std::int16_t>(row >= 0 ? std::min(row, highest) : 0),
+            static_cast<std::uint8_t>(flags)};
+}
+
+}  // namespace tq
