@@ -31,6 +31,7 @@ struct Surface::Image {
     QImage pixels;  ///< shared with nobody, so that its bits stay where they are
     Size size;
     double ratio;
+    QImage twice;  ///< the same at ratio 2, when a picture came with it
     QRgb* bits;
     std::ptrdiff_t stride;  ///< pixels from a row to the next
     int width, height;      ///< pixels of the screen
