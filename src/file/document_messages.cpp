@@ -18,13 +18,6 @@ namespace {
 
 constexpr size_t longest_located_name = 2047, longest_chosen_name = 511;
 
-void empty_document(Prseq& object) {
-    if (prseq_getdirtyflag(object))
-        object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
-    TQ_Prseq_NewFile(object);
-    prseq_show(object, Change::Everything);
-}
-
 /// Puts what was read of a file into the emptied box. Its name is the document's only when that succeeded:
 /// what is not a document is never written over.
 bool take_file(Prseq& object, const LocatedFile& file, const std::optional<DictionaryFile>& document) {
@@ -67,6 +60,13 @@ std::optional<LocatedFile> choice(DocumentInfo& info, const std::optional<std::s
 }
 
 }  // namespace
+
+void empty_document(Prseq& object) {
+    if (prseq_getdirtyflag(object))
+        object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
+    TQ_Prseq_NewFile(object);
+    prseq_show(object, Change::Everything);
+}
 
 void TQ_Prseq_Json_ReadFromReadMessage(Prseq& object, OptionalSymbol name) {
     std::string folder = object.info.folder;

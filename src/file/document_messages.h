@@ -13,6 +13,9 @@ namespace tq {
 
 struct Prseq;
 
+/// Empties the document, and keeps a copy of one that has not been saved.
+void empty_document(Prseq& object);
+
 /// "read": empties the document, then reads the named file, or the one that the user chooses.
 void TQ_Prseq_Json_ReadFromReadMessage(Prseq& object, OptionalSymbol name);
 /// "readagain": the document's own file, or the one that the user chooses.

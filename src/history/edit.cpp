@@ -32,7 +32,8 @@ Edit::Edit(Prseq& object, InBurst)
     length_ = object.timelinelength;
 }
 
-Edit::Edit(Prseq& object, Step) : object_(object), change_(Change::Events), length_(object.timelinelength) {}
+Edit::Edit(Prseq& object, Step step)
+    : object_(object), change_(step.change), length_(object.timelinelength) {}
 
 // The timeline does not shrink again: where it has grown, undo brings back what was not there before.
 Edit::Edit(Prseq& object, const EndOfSteps& end)

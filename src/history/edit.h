@@ -31,8 +31,10 @@ class Edit {
     struct InBurst {};
     Edit(Prseq& object, InBurst);
     /// A step of a gesture, which is recorded at its end.
-    struct Step {};
-    Edit(Prseq& object, Step);
+    struct Step {
+        Change change = Change::Events;
+    };
+    Edit(Prseq& object, Step step);
     /// That end. The steps have been made; `before` is what the document was before them.
     struct EndOfSteps {
         BeforeSteps before;

@@ -2,6 +2,7 @@
 // been done, or is done right after.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -55,9 +56,11 @@ struct ValueChange {
     double previous = 0, next = 0;
 };
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Edit& edit, std::vector<ValueChange> changes);
-/// The parameter "Velocity" is recorded as a change of velocity.
+/// The parameter "Velocity" is recorded as a change of velocity. `covered`: how many events the name counts,
+/// when these are more than those that changed.
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::vector<ValueChange> changes,
-                                                             Symbol parameter);
+                                                             Symbol parameter,
+                                                             std::optional<size_t> covered = {});
 
 // types on a track
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Edit& edit, TrackRef track, long index);

@@ -49,11 +49,13 @@ struct StateItem : UndoItem {
 };
 
 struct ParameterItem : UndoItem {
-    ParameterItem(std::vector<ValueChange> c, Symbol p) : changes(std::move(c)), parameter(p) {}
+    ParameterItem(std::vector<ValueChange> c, Symbol p, std::optional<size_t> n = {})
+        : changes(std::move(c)), parameter(p), covered(n.value_or(changes.size())) {}
     std::vector<ValueChange> changes;
     Symbol parameter;
+    size_t covered;
     std::string name() const override {
-        return (parameter == tq_sym_Velocity ? velocity_changed : parameter_changed).of(changes.size());
+        return (parameter == tq_sym_Velocity ? velocity_changed : parameter_changed).of(covered);
     }
     void undo(Prseq&) override {
         for (const ValueChange& change : changes) set_event_value(*change.event, parameter, change.previous);
@@ -121,8 +123,9 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsVelocity(Edit& edit, std::vec
 }
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::vector<ValueChange> changes,
-                                                             Symbol parameter) {
-    record<ParameterItem>(edit, std::move(changes), parameter);
+                                                             Symbol parameter,
+                                                             std::optional<size_t> covered) {
+    record<ParameterItem>(edit, std::move(changes), parameter, covered);
 }
 
 }  // namespace tq

@@ -1,15 +1,16 @@
 #include "host/resources.h"
 
+#include <cstdlib>
+
 namespace tq {
 
 namespace fs = std::filesystem;
 
 namespace {
 
-fs::path find_folder() {
+fs::path beside_program() {
     std::error_code fault;
     const fs::path program = fs::read_symlink("/proc/self/exe", fault);
-    if (fault) return {};
     for (const char* place : {"resources", "../share/sorvo/resources"}) {
         fs::path folder = (program.parent_path() / place).lexically_normal();
         if (fs::is_directory(folder, fault)) return folder;
@@ -19,9 +20,11 @@ fs::path find_folder() {
 
 }  // namespace
 
-const fs::path& resources_folder() {
-    static const fs::path folder = find_folder();
-    return folder;
+fs::path resources_folder() {
+    const char* named = std::getenv("SORVO_RESOURCES");
+    if (!named || !*named) return beside_program();
+    std::error_code fault;
+    return fs::is_directory(named, fault) ? fs::path(named) : fs::path();
 }
 
 }  // namespace tq

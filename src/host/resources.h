@@ -5,8 +5,8 @@
 
 namespace tq {
 
-/// The folder that they are in: `resources` beside the program, or where it is installed, or empty when there
-/// is neither.
-const std::filesystem::path& resources_folder();
+/// The folder that they are in: the one that the environment names (SORVO_RESOURCES), `resources` beside the
+/// program, or where it is installed; empty when it is not there.
+std::filesystem::path resources_folder();
 
 }  // namespace tq

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,10 @@
 #include "instance/history.h"
 #include "instance/linecursor_record.h"
 #include "instance/meter.h"
+#include "instance/modal_dialog_record.h"
 #include "instance/revision.h"
 #include "instance/track.h"
+#include "instance/upperdisplay_records.h"
 #include "instance/view_records.h"
 
 namespace tq {
@@ -87,6 +90,9 @@ struct Prseq : Box, AttributeFields, Geometry {
     bool bpfeditor = false;
     Tiptool tiptool;
     Hover hover;
+    MenuBar menubar;
+    IconMenu iconmenu;
+    std::optional<ModalDialog> modaldialog;  ///< while it is open, no part gets the mouse
 
     // playback
     bool playing = false;

@@ -5,10 +5,10 @@
 #include "edits/clipboard.h"
 #include "edits/event_edits.h"
 #include "file/document_messages.h"
-#include "file/new_document.h"
 #include "history/undoredo.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
+#include "interaction/replace_document.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/output.h"
@@ -43,12 +43,8 @@ bool has_events(const Prseq& object) {
     return track && !track->events.empty();
 }
 
-void open_file(Prseq& object) { TQ_Prseq_Json_ReadFromOpen(object); }
-
-void new_document(Prseq& object) {
-    TQ_Prseq_NewFile(object);
-    prseq_show(object, Change::Everything);
-}
+void open_file(Prseq& object) { replace_document(object, Replacement::Opened); }
+void new_document(Prseq& object) { replace_document(object, Replacement::New); }
 
 void delete_selected(Prseq& object) {
     if (!edits_curves(object.maindisplay.mousemode)) prseq_deleteselectedevents(object);

@@ -4,6 +4,7 @@
 #include "instance/prseq.h"
 #include "interaction/parts.h"
 #include "interaction/pointer.h"
+#include "interaction/replace_document.h"
 #include "playback/output.h"
 #include "view/draw_keydisplay.h"
 #include "view/layout.h"
@@ -13,7 +14,9 @@ namespace tq {
 
 namespace {
 
+/// None while a question is open, which keeps the mouse for itself.
 const PartRow* part_under(const Prseq& object, double x, double y) {
+    if (object.modaldialog) return nullptr;
     return part_row(whichpartisthemouse(object, x, y));
 }
 
@@ -36,6 +39,7 @@ void set_focus(Prseq& object, bool focus) {
 void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
     commit_gesture(object);
     end_what_is_under_way(object);  // what a press begins comes after it in the history
+    if (object.modaldialog) return TQ_Prseq_ModalDialog_HandleClickedButton(object, {x, y});
     hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
     if (part && part->press) part->press(object, pointer_at(object, x, y, modifiers));
@@ -45,7 +49,8 @@ void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
 void prseq_mousedrag(Prseq& object, double x, double y, unsigned modifiers) {
     // What is pressed in the main display stays over its pitches, wherever it is dragged.
     if (object.hover.part == Part::MainDisplay) hover_at(object, {Part::MainDisplay, {x, y}});
-    if (object.gesture) object.gesture->step(object, pointer_at(object, x, y, modifiers));
+    if (object.gesture && !object.modaldialog)
+        object.gesture->step(object, pointer_at(object, x, y, modifiers));
     jbox_redraw(object);
 }
 

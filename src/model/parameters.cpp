@@ -10,6 +10,8 @@ namespace tq {
 
 namespace {
 
+constexpr double largest_velocity = 127;
+
 ParameterValue default_value(ParameterType& type) { return {&type, type.default_}; }
 
 }  // namespace
@@ -109,6 +111,22 @@ void set_event_value(Event& event, Symbol parameter, double value) {
         TQ_Prseq_Parameters_SetEventParameterValue(event, parameter, value);
 }
 
+double event_value(const Event& event, Symbol parameter) {
+    return parameter == tq_sym_Velocity
+               ? event.velocity
+               : TQ_Prseq_Parameters_GetEventParameterValueFromName(event, parameter);
+}
+
+double ParameterRange::unity(double value) const {
+    return minimum == maximum ? 0 : scale(value, minimum, maximum, 0, 1);
+}
+
+std::optional<ParameterRange> parameter_range(const Track& track, Symbol parameter) {
+    if (parameter == tq_sym_Velocity) return ParameterRange{0, largest_velocity, 0};
+    const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, parameter);
+    return type ? std::optional(ParameterRange{type->minimum, type->maximum, type->steps}) : std::nullopt;
+}
+
 double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,
                                                            double unity) {
     const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, name);
@@ -119,7 +137,7 @@ double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, E
 }
 
 double TQ_Prseq_Parameters_CalculateEventParameterValue(const Track& track, Event& event, double unity) {
-    if (track.displayedparameter == tq_sym_Velocity) return event.velocity = unity * 127;
+    if (track.displayedparameter == tq_sym_Velocity) return event.velocity = unity * largest_velocity;
     const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryFromName(track, track.displayedparameter);
     double rounded = TQ_Utilities_RoundValueWithSteps(unity, 1, type ? type->steps : 0);
     return TQ_Prseq_Parameters_SetEventParameterValueFromUnity(track, event, track.displayedparameter,

@@ -32,6 +32,16 @@ double TQ_Prseq_Parameters_GetEventParameterValueFromName(const Event& event, Sy
 void TQ_Prseq_Parameters_SetEventParameterValue(Event& event, Symbol name, double value);
 /// The event's value of a parameter; "Velocity" is its velocity.
 void set_event_value(Event& event, Symbol parameter, double value);
+/// The same value, also of "Velocity".
+double event_value(const Event& event, Symbol parameter);
+/// What a track says of a parameter, with "Velocity" from 0 to 127; none when it has no such type.
+struct ParameterRange {
+    double minimum, maximum;
+    long steps;
+    /// 0 at the minimum, 1 at the maximum; 0 for everything when the range is empty.
+    double unity(double value) const;
+};
+std::optional<ParameterRange> parameter_range(const Track& track, Symbol parameter);
 /// Sets the value for a unity value of the track's type and returns it; 0 when the track has no such type.
 double TQ_Prseq_Parameters_SetEventParameterValueFromUnity(const Track& track, Event& event, Symbol name,
                                                            double unity);

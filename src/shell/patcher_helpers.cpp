@@ -1,27 +1,11 @@
 #include "shell/patcher_helpers.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 
 #include "instance/prseq.h"
 #include "instance/symbols.h"
-#include "instance/utilities.h"
 
 namespace tq {
-
-namespace {
-
-constexpr size_t longest_path = 2048;
-
-std::filesystem::path resource_folder() {
-    if (const char* named = std::getenv("SORVO_RESOURCES"); named && *named) return named;
-    std::error_code fault;
-    std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", fault);
-    return program.parent_path() / ".." / ".." / "resources";
-}
-
-}  // namespace
 
 PatcherBox* TQ_Prseq_Utilities_FindBoxFromVarname(Patcher& patcher, Symbol name) {
     auto box = std::find_if(patcher.boxes.begin(), patcher.boxes.end(),
@@ -49,13 +33,6 @@ std::optional<std::string> TQ_Prseq_Utilities_GetTextAtomsFromSender(const Patch
     if (sender.value.empty()) return {};
     std::string text = atom_gettext(sender.value);
     return text == tq_sym_empty.text() ? "" : text;
-}
-
-Symbol TQ_Prseq_Utilities_GetBundledResourcesPathFromFilename(Symbol filename) {
-    std::error_code fault;
-    std::filesystem::path folder = std::filesystem::canonical(resource_folder(), fault);
-    if (fault) return {};
-    return gensym(cut_text((folder / filename.text()).string(), longest_path));
 }
 
 }  // namespace tq

@@ -1,4 +1,4 @@
-// Walking the boxes of a patcher, and files that are shipped with the program.
+// Walking the boxes of a patcher.
 #pragma once
 
 #include <optional>
@@ -18,8 +18,5 @@ void TQ_Prseq_Utilities_HideAllBoxesInPatcher(Patcher& patcher, bool hide);
 void TQ_Prseq_Utilities_SetNotificationFromObject(Prseq& object, Object& sender, bool on);
 /// The text of a field's value, "<empty>" being the empty text; none when it has no value.
 std::optional<std::string> TQ_Prseq_Utilities_GetTextAtomsFromSender(const PatcherBox& sender);
-/// The full path of a file in the resource folder (the environment's SORVO_RESOURCES, or "resources" beside
-/// the program's build); the empty symbol when there is no such folder.
-Symbol TQ_Prseq_Utilities_GetBundledResourcesPathFromFilename(Symbol filename);
 
 }  // namespace tq

@@ -5,10 +5,13 @@
 #include "model/bpf_editor.h"
 #include "view/draw_keydisplay.h"
 #include "view/draw_maindisplay.h"
+#include "view/draw_modaldialog.h"
 #include "view/draw_overlays.h"
+#include "view/draw_parameterdisplay.h"
 #include "view/draw_scrollbar.h"
 #include "view/draw_timedisplay.h"
 #include "view/draw_trackdisplay.h"
+#include "view/draw_upperdisplay.h"
 #include "view/tiptool.h"
 
 namespace tq {
@@ -21,9 +24,12 @@ template <Part part>
 Rect place_of(const Prseq& object) {
     return object.layout[part];
 }
+Rect parameterdisplay(const Prseq& object) { return object.layout[Part::ParameterDisplay]; }
 
 bool always(const Prseq&) { return true; }
 bool has_border(const Prseq& object) { return object.border; }
+bool has_parameterdisplay(const Prseq& object) { return object.parameterdisplay; }
+bool has_modaldialog(const Prseq& object) { return object.modaldialog.has_value(); }
 bool has_marquee(const Prseq& object) { return object.maindisplay.marqueeactive; }
 bool has_tiptool(const Prseq& object) { return object.tiptool.visible; }
 bool has_maindisplay(const Prseq& object) {
@@ -79,14 +85,31 @@ std::span<const LayerRow> layer_rows() {
          draw_timedisplay,
          {HorizontalView, TimelineLength, TimeDisplayType, Initialisation, Everything, Cycle, Meter,
           TimeDisplay}},
+        {tq_sym_parameterdisplayBG_layer,
+         has_parameterdisplay,
+         parameterdisplay,
+         draw_parameterdisplay_background,
+         {}},
+        {tq_sym_parameterdisplay_layer,
+         has_parameterdisplay,
+         parameterdisplay,
+         draw_parameterdisplay,
+         {HorizontalView, TimelineLength, Initialisation, Everything, Events, Tracks, Types,
+          ParameterDisplay}},
         {tq_sym_linecursor_layer,
          linecursor_in_view,
          linecursor_place,
          draw_linecursor,
          {Initialisation, Everything, LineCursor}},
         {tq_sym_marquee_layer, has_marquee, marquee_place, draw_marquee, {Marquee}},
+        {tq_sym_upperdisplay_layer,
+         always,
+         upperdisplay_place,
+         draw_upperdisplay,
+         {Initialisation, Everything, UpperDisplay, MouseMode, Background}},
         {tq_sym_tiptool_layer, has_tiptool, tiptool_place, TQ_Prseq_Tiptool_Draw, {Tiptool}},
         {tq_sym_centeredtext_layer, asks_for_an_event_to_edit, maindisplay, draw_bpf_hint, {}},
+        {tq_sym_modaldialog_layer, has_modaldialog, whole_box, draw_modaldialog, {Everything, ModalDialog}},
         {tq_sym_border_layer, has_border, whole_box, draw_border, {Everything}},
     };
     return rows;

@@ -10,6 +10,7 @@
 #include "interaction/mouse.h"
 #include "model/tracks.h"
 #include "view/maindisplay.h"
+#include "view/synchronise.h"
 
 namespace tq {
 namespace {
@@ -64,6 +65,20 @@ struct Edits {
         if (below(9) == 0) return roll_back_gesture(object);
         if (below(9) == 0) return;  // what comes next ends it
         prseq_mouseup(object, at.x, at.y, modifiers);
+    }
+
+    /// In the parameter display.
+    void paint_values() {
+        object.parameterdisplay = true;
+        synchronise_view(object);
+        const Rect lane = object.layout[Part::ParameterDisplay];
+        const EventRef event = any_event();
+        const double x = lane.x + 1 + (event ? TQ_Prseq_Events_Rect(object, *event).x : number(300));
+        prseq_mousedown(object, x, lane.y + number(80), modifier_left_button);
+        for (size_t steps = below(4); steps > 0; --steps)
+            prseq_mousedrag(object, lane.x + number(600), lane.y + number(99) - 9, modifier_left_button);
+        if (below(9) == 0) return roll_back_gesture(object);
+        prseq_mouseup(object, x, lane.y, modifier_left_button);
     }
 
     void glue() {
@@ -161,7 +176,8 @@ constexpr void (Edits::*edits[])() = {&Edits::command,       &Edits::command,   
                                       &Edits::gesture,       &Edits::gesture,       &Edits::gesture,
                                       &Edits::gesture,       &Edits::glue,          &Edits::change_state,
                                       &Edits::change_values, &Edits::change_types,  &Edits::change_types,
-                                      &Edits::change_state,  &Edits::change_points, &Edits::change_looks};
+                                      &Edits::change_state,  &Edits::change_points, &Edits::change_looks,
+                                      &Edits::paint_values,  &Edits::change_points};
 
 }  // namespace
 

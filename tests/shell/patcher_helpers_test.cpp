@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/script_fixture.h"
+#include "instance/utilities.h"
 
 namespace tq::test {
 namespace {

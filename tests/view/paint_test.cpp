@@ -288,7 +288,7 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
           {"track_mute 0 1", "trackdisplay_layer"},
           {"track_visible 0 0", "trackdisplay_layer maindisplay_layer"},
           {"maxtime 20000", "horscrollbar_layer maindisplay_layer timedisplay_layer"},
-          {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer"},
+          {"upperdisplaycolor 0.5 0.5 0.5 1", "background_layer upperdisplay_layer"},
           {"showlabels 0", "maindisplay_layer"},
           {"showmessages 0", "maindisplay_layer"},
           {"showbpfs 0", "maindisplay_layer"},
@@ -303,8 +303,8 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
     ViewTest::resize(900, 600);
     box.layers.drawn.clear();
     ViewTest::resize(901, 600);
-    EXPECT_EQ(box.layers.drawn.size(), 6u)
-        << "background, horizontal scrollbar, main display, time display, hint, border";
+    EXPECT_EQ(box.layers.drawn.size(), 7u)
+        << "background, horizontal scrollbar, main, time and upper display, hint, border";
 }
 
 struct ShapesTest : PaintTest {

@@ -5,6 +5,7 @@
 #include "app/patch/recent_files.h"
 #include "file/document_writer.h"
 #include "host/files.h"
+#include "host/graphics_runtime.h"
 
 namespace tq {
 
@@ -19,6 +20,7 @@ void list(const std::vector<DeadSession>& sessions) {
 
 /// Nothing is done to the session: it can still be brought back, with its history.
 int write_latest(const DeadSession& latest, const std::string& target) {
+    const GraphicsRuntime graphics(GraphicsRuntime::Screen::Never);  // where a press landed depends on texts
     std::optional<Recovery> recovery = recover(latest.folder);
     if (!recovery) {
         std::fprintf(stderr, "sorvo: could not bring back %s\n", latest.folder.c_str());

@@ -1,0 +1,50 @@
+#include "interaction/icon_menu.h"
+
+#include <fmt/printf.h>
+
+#include "host/defer.h"
+#include "instance/prseq.h"
+#include "interaction/mouse_modes.h"
+#include "view/icon_menu.h"
+#include "view/pictures.h"
+
+namespace tq {
+
+namespace {
+
+using enum MouseMode;
+constexpr MouseMode order[] = {Select, Insert, Slice, Glue, Zoom, EditBpf, SelectBpf, Buffer};
+
+/// The instance may be in the making, when nobody hears what it says.
+SurfaceRef load(Prseq& object, const char* image) {
+    SurfaceRef picture = bundled_picture(gensym(image));
+    if (!picture)
+        defer_low(object, [image = std::string(image)](Prseq& o) {
+            object_error(o, fmt::sprintf("file %s not found", image));
+        });
+    return picture;
+}
+
+}  // namespace
+
+std::optional<Icona> TQ_Prseq_IconMenu_MakeIcona(Prseq& object, const char* image, MouseMode mode) {
+    SurfaceRef picture = load(object, image);
+    return picture ? std::optional(Icona{std::move(picture), mode}) : std::nullopt;
+}
+
+void TQ_Prseq_IconMenu_MakeMousemodeIconMenu(Prseq& object) {
+    IconMenu& menu = object.iconmenu;
+    menu.normal = load(object, "iconmenu_cursor_normal.png");
+    menu.selected = load(object, "iconmenu_cursor_selected.png");
+    for (MouseMode mode : order)
+        if (auto icon = TQ_Prseq_IconMenu_MakeIcona(object, mouse_mode_row(mode).icon, mode))
+            menu.icons.push_back(std::move(*icon));
+}
+
+void click_upperdisplay(Prseq& object, const Pointer& press) {
+    const Rect& display = object.layout[Part::UpperDisplay];
+    const auto mode = icon_mode_at(object, {press.at.x - display.x, press.at.y - display.y});
+    if (mode) prseq_mousemode(object, gensym(mouse_mode_row(*mode).name));
+}
+
+}  // namespace tq
