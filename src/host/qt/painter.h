@@ -35,7 +35,6 @@ struct Surface::Image {
     QRgb* bits;
     std::ptrdiff_t stride;  ///< pixels from a row to the next
     int width, height;      ///< pixels of the screen
-    QImage twice;           ///< the same at ratio 2, when a picture came with it
 };
 
 /// Draws in pixels of the screen: coordinates are translated and scaled on the way in.

@@ -96,6 +96,21 @@ TEST_F(Journalled, callsThatAreMadeInsideOthersComeBackInTheirTurn) {
     EXPECT_TRUE(same_lines(lines_of(state_of(second)), lines_of(state_of(first))));
 }
 
+TEST_F(Journalled, aPointerThatOnlyPassesOverTheBoxIsNotTold) {
+    using Kind = MouseCall::Kind;
+    Session session;
+    std::unique_ptr<Journal> journal = begin(session);
+    session.call(MouseCall{Kind::Down, 300, 200});
+    session.call(MouseCall{Kind::Up, 300, 200});
+    const std::string before = text_of(*journal);
+    EXPECT_NE(before.find(".mouse up 300 200"), std::string::npos);
+    session.call(MouseCall{Kind::Move, 310, 210});
+    EXPECT_EQ(session.box().hover.at, (Point{310, 210})) << "the box is told";
+    session.call(MouseCall{Kind::Leave, -1, 210});
+    EXPECT_EQ(session.box().hover.part, Part::None);
+    EXPECT_EQ(text_of(*journal), before);
+}
+
 TEST_F(Journalled, sessionsComeBackAsTheyWere) {
     constexpr unsigned runs = 300;
     for (unsigned seed = 1; seed <= runs && !HasFatalFailure(); ++seed) {

@@ -181,6 +181,15 @@ TEST_F(WindowTest, TheWheelScrollsUnderThePointer) {
     EXPECT_NEAR(box.maindisplay.verticalscroll, before + 3 * box.maindisplay.rowheight, 1e-6);
 }
 
+TEST_F(WindowTest, ThePointerReachesTheBoxWithoutAButton) {
+    QTest::mouseMove(&box_widget(), QPoint(600, 300));
+    QTest::qWait(20);
+    EXPECT_EQ(box.hover.part, Part::MainDisplay);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&box_widget(), &leave);
+    EXPECT_EQ(box.hover.part, Part::None);
+}
+
 TEST(Wheel, NotchesAndPixelsAreTurnedIntoUnits) {
     constexpr double unit = 0.039062;
     MainDisplay md;
