@@ -3,6 +3,7 @@
 #include "app/patch/paint_offscreen.h"
 #include "documents.h"
 #include "host/graphics.h"
+#include "host/image.h"
 #include "instance/change.h"
 #include "table.h"
 #include "view/zoom.h"

@@ -24,6 +24,12 @@ class Graphics {
     Painter& painter() { return *painter_; }
     /// Pixels of the screen for one of the view.
     double ratio() const;
+    /// What is drawn, in pixels of the view: all of the surface, or the clip.
+    Rect clip() const;
+    /// Whether all that was drawn would be the same pixels, moved, when it were drawn some whole pixels of
+    /// the screen beside: so are texts and what lies on whole pixels, and not what is anti-aliased or
+    /// stretched.
+    bool moves_exactly() const;
 
  private:
     std::unique_ptr<Painter> painter_;

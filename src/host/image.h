@@ -38,6 +38,9 @@ SurfaceRef jgraphics_image_surface_create(double width, double height, double ra
 SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path);
 /// Makes every pixel transparent.
 void surface_clear(Surface& surface);
+/// Moves what is in it by pixels of the view, which are whole pixels of the screen; what it does not move to
+/// keeps what was there.
+void surface_move(Surface& surface, double dx, double dy);
 /// Draws a part of a surface into a rectangle, stretched to it.
 void jgraphics_image_surface_draw(Graphics& g, const Surface& surface, const Rect& source,
                                   const Rect& destination);

@@ -21,7 +21,7 @@ std::optional<Graphics> jbox_start_layer(const Box& box, double ratio, Symbol na
     }
     bool fits =
         layer.surface && layer.surface->size() == Size{width, height} && layer.surface->ratio() == ratio;
-    if (fits && layer.valid) return {};
+    if (fits && layer.valid && !layer.scrolled) return {};
     if (fits) {
         surface_clear(*layer.surface);
     } else {
@@ -31,9 +31,11 @@ std::optional<Graphics> jbox_start_layer(const Box& box, double ratio, Symbol na
     return Graphics(*layer.surface);
 }
 
-void jbox_end_layer(const Box& box, Symbol name) {
+void jbox_end_layer(const Box& box, Symbol name, std::optional<LayerView> view) {
     Layer& layer = box.layers.by_name[name];
     layer.valid = true;
+    layer.scrolled = false;
+    layer.view = std::move(view);
     ++layer.version;
     std::vector<Symbol>& drawn = box.layers.drawn;
     if (std::ranges::find(drawn, name) == drawn.end()) drawn.push_back(name);
@@ -47,7 +49,42 @@ void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, dou
                                  {x, y, size.width, size.height});
 }
 
-void jbox_invalidate_layer(const Box& box, Symbol name) { box.layers.by_name[name].valid = false; }
+void jbox_invalidate_layer(const Box& box, Symbol name) {
+    Layer& layer = box.layers.by_name[name];
+    layer.valid = layer.scrolled = false;
+}
+
+void jbox_scrolled_layer(const Box& box, Symbol name) {
+    Layer& layer = box.layers.by_name[name];
+    layer.scrolled = layer.valid;
+}
+
+std::optional<std::vector<Rect>> jbox_scroll_layer(const Box& box, double ratio, Symbol name, Size size,
+                                                   const LayerView& view) {
+    Layer& layer = box.layers.by_name[name];
+    auto whole = [ratio](double value) { return value * ratio == std::round(value * ratio); };
+    const bool movable = whole(size.width) && whole(size.height) && layer.valid && layer.scrolled &&
+                         layer.view && layer.view->xzoom == view.xzoom && layer.view->yzoom == view.yzoom &&
+                         layer.surface->size() == size && layer.surface->ratio() == ratio;
+    if (!movable) return {};
+    const double dx = layer.view->xscroll - view.xscroll, dy = layer.view->yscroll - view.yscroll;
+    if (!(std::abs(dx) < size.width / 2 && std::abs(dy) < size.height / 2)) return {};
+    surface_move(*layer.surface, dx, dy);
+    std::vector<Rect> places;
+    if (dx != 0) places.push_back({dx > 0 ? 0 : size.width + dx, 0, std::abs(dx), size.height});
+    if (dy != 0) places.push_back({0, dy > 0 ? 0 : size.height + dy, size.width, std::abs(dy)});
+    for (const Rect& rect : layer.view->standing)
+        places.push_back({rect.x + dx, rect.y + dy, rect.width, rect.height});
+    places.insert(places.end(), view.standing.begin(), view.standing.end());
+    return places;
+}
+
+Graphics jbox_start_place(const Box& box, Symbol name, const Rect& place) {
+    Graphics g(*box.layers.by_name[name].surface);
+    jgraphics_clip(g, place);
+    jgraphics_rectangle_clear(g, place);
+    return g;
+}
 
 void BoxPicture::resize(Size size, double ratio) {
     if (surface_ && surface_->size() == size && surface_->ratio() == ratio) return;

@@ -16,10 +16,20 @@ class Box;
 class Graphics;
 class Surface;
 
+/// The stretch of something larger that a layer shows. Where only the scroll is another one, what is seen of
+/// both is the same picture, moved.
+struct LayerView {
+    double xzoom = 0, yzoom = 0;
+    double xscroll = 0, yscroll = 0;  ///< pixels of the view, on whole pixels of the screen
+    std::vector<Rect> standing;       ///< places of the layer that do not move along
+};
+
 struct Layer {
     std::shared_ptr<Surface> surface;
     bool valid = false;
-    long version = 0;  ///< how often it was drawn
+    bool scrolled = false;          ///< valid, but for a scroll
+    long version = 0;               ///< how often it was drawn
+    std::optional<LayerView> view;  ///< of what was drawn, when that can be moved
 };
 
 struct Layers {
@@ -32,11 +42,19 @@ struct Layers {
 /// has changed; none while what was drawn before still holds, and for a layer without area.
 std::optional<Graphics> jbox_start_layer(const Box& box, double ratio, Symbol name, double width,
                                          double height);
-/// The layer is drawn, and valid from now on.
-void jbox_end_layer(const Box& box, Symbol name);
+/// The layer is drawn, and valid from now on. With a view, it may be moved when that is scrolled.
+void jbox_end_layer(const Box& box, Symbol name, std::optional<LayerView> view = {});
+/// Moves what was drawn of a layer to where another scroll has it, and says which places are to be drawn
+/// still; none when nothing has scrolled, or it cannot be moved: it is to be drawn as ever then.
+std::optional<std::vector<Rect>> jbox_scroll_layer(const Box& box, double ratio, Symbol name, Size size,
+                                                   const LayerView& view);
+/// What to draw one of these places with; nothing else of the layer is touched.
+Graphics jbox_start_place(const Box& box, Symbol name, const Rect& place);
 /// Puts the layer's top left corner at a point of the view. Nothing happens before the layer was drawn.
 void jbox_paint_layer(const Box& box, Graphics& view, Symbol name, double x, double y);
 void jbox_invalidate_layer(const Box& box, Symbol name);
+/// The layer is valid but for the scroll of its view.
+void jbox_scrolled_layer(const Box& box, Symbol name);
 
 /// A layer, and where its top left corner is in the view.
 struct PlacedLayer {

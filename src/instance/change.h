@@ -54,6 +54,11 @@ class Changes {
     constexpr void add(Change change) { bits_ |= 1u << static_cast<unsigned>(change); }
     constexpr bool any_of(const Changes& others) const { return bits_ & others.bits_; }
     constexpr bool none() const { return bits_ == 0; }
+    constexpr Changes without(const Changes& others) const {
+        Changes rest;
+        rest.bits_ = bits_ & ~others.bits_;
+        return rest;
+    }
 
  private:
     static_assert(static_cast<unsigned>(Change::Nothing) < 32);

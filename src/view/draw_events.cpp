@@ -142,9 +142,10 @@ void draw_pass(const Prseq& object, Graphics& g, const EventView& view, const Pa
 /// Looked for from the topmost down, so that what is covered is not even looked at; drawn from the bottom up.
 void draw_passes(const Prseq& object, Graphics& g, std::vector<Pass> passes) {
     const EventView view(object, g.ratio());
-    Cover cover = cover_of_view(view);
+    const Rect part = g.clip();
+    Cover cover = cover_around(view, part);
     for (auto pass = passes.rbegin(); pass != passes.rend(); ++pass)
-        pass->events = build_visible_events(*pass->track, pass->selected, view, pass->options, cover);
+        pass->events = build_visible_events(*pass->track, pass->selected, view, part, pass->options, cover);
     for (const Pass& pass : passes) draw_pass(object, g, view, pass);
 }
 

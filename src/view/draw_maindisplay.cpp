@@ -50,6 +50,14 @@ void TQ_Prseq_Maindisplay_Draw(const Prseq& object, Graphics& g) {
     draw_grid(object, g, view);
 }
 
+LayerView maindisplay_view(const Prseq& object, double ratio) {
+    const EventView view(object, ratio);
+    LayerView layer{view.pixels_per_ms, view.rowheight, view.horizontalscroll, view.verticalscroll, {}};
+    if (object.notelanes) layer.standing.push_back({0, 0, 1, view.height});  // where the lanes begin
+    if (object.showbpfs) layer.standing.push_back(bpf_label_place(object));
+    return layer;
+}
+
 void draw_maindisplay(const Prseq& object, Graphics& g) {
     TQ_Prseq_Maindisplay_Draw(object, g);
     TQ_Prseq_Tracks_DrawEventsOnAllTracks(object, g);

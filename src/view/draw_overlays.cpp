@@ -43,14 +43,17 @@ std::string bpf_label(const Prseq& object) {
     return fmt::sprintf("Bpf: %s (%.2f-%.2f)", type.name.text(), type.minimum, type.maximum);
 }
 
+Rect bpf_label_place(const Prseq& object) {
+    const Size size = jtextlayout_measure(bpf_label(object), jfont_create("Geneva", bpf_label_size));
+    return {bpf_label_offset.x, bpf_label_offset.y, size.width, size.height};
+}
+
 void TQ_Prseq_Tracks_DrawBpfLabel(const Prseq& object, Graphics& g) {
-    JTextLayout text{.text = bpf_label(object),
-                     .font = jfont_create("Geneva", bpf_label_size),
-                     .horizontal = HorizontalJustification::Centered,
-                     .color = grey((bpf_edited_event(object) ? 230 : 120) / 255.)};
-    const Size size = jtextlayout_measure(text);
-    text.box = {bpf_label_offset.x, bpf_label_offset.y, size.width, size.height};
-    jtextlayout_draw(g, text);
+    jtextlayout_draw(g, {.text = bpf_label(object),
+                         .font = jfont_create("Geneva", bpf_label_size),
+                         .box = bpf_label_place(object),
+                         .horizontal = HorizontalJustification::Centered,
+                         .color = grey((bpf_edited_event(object) ? 230 : 120) / 255.)});
 }
 
 Rect linecursor_place(const Prseq& object) {

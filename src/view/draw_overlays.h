@@ -13,6 +13,8 @@ struct Prseq;
 void draw_background(const Prseq& object, Graphics& g);
 /// Which curve type is active on the active track, in a corner of the main display.
 void TQ_Prseq_Tracks_DrawBpfLabel(const Prseq& object, Graphics& g);
+/// Where it is written in the main display.
+Rect bpf_label_place(const Prseq& object);
 /// Whether the cursor's x is inside the main display.
 bool linecursor_in_view(const Prseq& object);
 Rect linecursor_place(const Prseq& object);

@@ -9,8 +9,9 @@ namespace tq {
 
 struct Event;
 
-/// Pixels that a label may reach into the view from an event left of it.
-inline constexpr double label_reach = 200;
+/// Pixels that a label may reach into the view from an event left of it. Far: events without one cost nothing
+/// there.
+inline constexpr double label_reach = 4000;
 /// Pixels: labels and messages are written in rows at least this high.
 inline constexpr double text_rowheight = 8;
 

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "host/geometry.h"
+#include "host/layers.h"
 #include "host/symbol.h"
 #include "instance/change.h"
 
@@ -35,6 +36,9 @@ struct LayerRow {
     Rect (*place)(const Prseq&);              ///< where, in the box
     void (*draw)(const Prseq&, Graphics& g);  ///< its contents, from its own top left corner
     Changes shows;  ///< what its contents show; size and pixel ratio go without saying
+    /// What of something larger it shows, where a scroll may move what was drawn; none: it is always drawn
+    /// anew.
+    LayerView (*view)(const Prseq&, double ratio) = nullptr;
 };
 
 /// In the order in which they are painted: what comes later covers what comes before.

@@ -81,21 +81,21 @@ class Visitor {
 
 }  // namespace
 
-Cover cover_of_view(const EventView& view) {
+Cover cover_around(const EventView& view, const Rect& part) {
     Cover cover(static_cast<int>(std::ceil(view.width * view.ratio)));
-    const int height = static_cast<int>(std::ceil(view.height * view.ratio));
+    const int top = view.pixel(part.y), bottom = view.pixel(part.y + part.height);
     for (int row = 0; row < EventLooks::row_count; ++row)
-        if (view.pixel(view.y_of(row)) <= 0 || view.pixel(view.y_of(row + 1)) >= height) cover.add_row(row);
+        if (view.pixel(view.y_of(row)) <= top || view.pixel(view.y_of(row + 1)) >= bottom) cover.add_row(row);
     return cover;
 }
 
 std::vector<VisibleEvent> build_visible_events(const Track& track, bool selected, const EventView& view,
-                                               const ShapeOptions& options, Cover& cover) {
+                                               const Rect& part, const ShapeOptions& options, Cover& cover) {
     std::vector<VisibleEvent> visible;
     if (selected && track.events.selected().empty()) return visible;
     const bool labels = options.labels && view.rowheight >= text_rowheight;
-    const double from = view.ms_at(-(labels ? label_reach : minimum_event_width) - 1),
-                 to = view.ms_at(view.width + 1);
+    const double from = view.ms_at(part.x - (labels ? label_reach : minimum_event_width) - 1),
+                 to = view.ms_at(part.x + part.width + 1);
     Visitor visitor(selected, view, options, cover, visible);
     track.events.touching_backwards(from, to, visitor);
     std::ranges::reverse(visible);

@@ -6,6 +6,7 @@
 #include "host/buffer.h"
 #include "host/host.h"
 #include "interaction/mouse_modes.h"
+#include "view/eventview.h"
 #include "view/layout.h"
 #include "view/zoom.h"
 #include "view_fixture.h"
@@ -29,9 +30,13 @@ struct GoldenTest : ViewTest {
     }
     void song() {
         for (int i = 0; i < 8; ++i) note(0, i * 500, 400, 60 + i * 7 % 12);
-        for (int i = 0; i < 4; ++i) note(1, i * 1000, 1000, 48 + i % 2 * 5);
-        send("maxtime 6000", "zoom_out_all");
-        show_rows(12, 74);
+        for (int i = 0; i < 4; ++i) note(1, i * 1000, 1000, 57 + i % 2 * 5);
+        see_times(5000, 12, 74);
+    }
+    /// From the beginning on so many ms, in rows of so many pixels, a pitch at the top.
+    void see_times(double duration, double height, double top_pitch) {
+        show_times(0, duration);
+        show_rows(height, top_pitch);
     }
     /// Rows of so many pixels, the row of a pitch at the top.
     void show_rows(double height, double top_pitch) {
@@ -71,7 +76,7 @@ TEST_F(GoldenTest, TimeTypes) {
     expect_golden("time-minutes-seconds");
     set_time_display_type(box, TimeDisplayType::BarsBeats);
     expect_golden("time-bars-beats");
-    send("scroll_hor 1", "zoom_hor 0.1");
+    show_times(1000, 1500);
     expect_golden("time-bars-beats-zoomed");
 }
 
@@ -91,7 +96,8 @@ TEST_F(GoldenTest, ZoomLimits) {
     expect_golden("zoomed-out");
     send("zoom_hor 1", "scroll_hor 0");
     expect_golden("zoomed-in-time");
-    send("zoom_vert 1", "scroll_vert 0.5");
+    send("zoom_vert 1");
+    show_rows(box.maindisplay.rect.height, 60);
     expect_golden("zoomed-in");
 }
 
@@ -112,7 +118,7 @@ TEST_F(GoldenTest, LabelsAndMessagesAtRowHeights) {
     note(0, 2000, 300, 60,
          "label \"a long label\" <message> a message that is longer than its event </message>");
     note(1, 1200, 900, 58, "label Bass <message> low </message>");
-    send("maxtime 3000", "zoom_out_all");
+    show_times(0, 3000);
     for (double height : {7., 8., 10., 20.}) {
         show_rows(height, 64);
         expect_golden("texts-at-" + std::to_string(static_cast<int>(height)));
@@ -124,8 +130,7 @@ TEST_F(GoldenTest, Curves) {
     note(0, 200, 1600, 60,
          "<bpf> Pitch 0 0 400 3 1200 -2 1600 0 </bpf> <bpf> Gain 0 0 800 1 1600 0.2 </bpf>");
     note(0, 2000, 900, 64);
-    send("maxtime 3000", "zoom_out_all");
-    show_rows(16, 68);
+    see_times(3000, 16, 68);
     expect_golden("curves");
     send("display_all_bpfs 0");
     expect_golden("curves-active-only");
@@ -159,8 +164,7 @@ TEST_F(GoldenTest, Buffers) {
     box.tracks[2]->events.at(3)->make_link().start = 250;
     box.tracks[2]->events.at(3)->make_link().end = 700;
     note(1, 2000, 900, 60, "<buffer> hit </buffer>");
-    send("maxtime 3000", "zoom_out_all");
-    show_rows(30, 63);
+    see_times(3000, 30, 63);
     expect_golden("buffers");
     show_rows(10, 70);
     expect_golden("buffers-low");
@@ -193,11 +197,13 @@ TEST_F(GoldenTest, DialogTiptoolAndWhatIsPressed) {
     song();
     session.call(CommandCall{"new"});
     expect_golden("dialog");
-    session.call(CommandCall{"new"});
-    box.modaldialog.reset();
-    const Rect& display = box.maindisplay.rect;
+    mouse(MouseCall::Kind::Down, box.width / 2, box.height / 2 + 20);  // "Cancel"
+    mouse(MouseCall::Kind::Up, 0, 0);
+    EXPECT_FALSE(box.modaldialog);
     // Dragging the event that is pressed: beside the pointer, and held at the right and lower edge.
-    const Point at{display.x + 20, display.y + (74 - 60 + 0.5) * 12};
+    const Rect& display = box.maindisplay.rect;
+    const Rect event = EventView(box, 1).rect_of(*box.tracks[0]->events.at(2));
+    const Point at{display.x + event.x + event.width / 2, display.y + event.y + event.height / 2};
     mouse(MouseCall::Kind::Down, at.x, at.y);
     mouse(MouseCall::Kind::Drag, at.x + 40, at.y - 30);
     expect_golden("tiptool");

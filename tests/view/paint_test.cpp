@@ -312,12 +312,13 @@ struct ShapesTest : PaintTest {
     /// The events that are painted.
     std::vector<const Event*> shapes(bool curves = false) {
         const EventView view(box, 1);
-        Cover cover = cover_of_view(view);
+        const Rect all{0, 0, view.width, view.height};
+        Cover cover = cover_around(view, all);
         const ShapeOptions options{.curves = curves};
         std::vector<const Event*> events, selected;
         for (bool is_selected : {true, false})
             for (const VisibleEvent& visible :
-                 build_visible_events(track(0), is_selected, view, options, cover))
+                 build_visible_events(track(0), is_selected, view, all, options, cover))
                 if (visible.plain || shape_in_view(*visible.entry->event, view, options))
                     (is_selected ? selected : events).push_back(visible.entry->event.get());
         events.insert(events.end(), selected.begin(), selected.end());
@@ -363,6 +364,53 @@ TEST_F(ShapesTest, OfManyEventsOnTheSamePixelsOneIsEnough) {
     EXPECT_GE(shapes().size(), static_cast<size_t>(columns - 10));
     TQ_Prseq_Tracks_SelectEvent2(box, add(5000, 3000, 60));
     EXPECT_TRUE(shapes().back()->selected) << "a selected event is not hidden by others";
+}
+
+/// A picture that lasts from paint to paint, where only what changed is painted and a scroll moves what is
+/// there: whatever happens, it is the picture that is painted from nothing.
+TEST_F(ShapesTest, WhatIsPaintedStepByStepIsWhatIsPaintedAtOnce) {
+    std::mt19937 engine(11);
+    const auto random = [&](unsigned below) { return static_cast<double>(engine() % below); };
+    send("track_add two", "parameterdisplay 1", "zoom_hor 0.01");
+    for (int i = 0; i < 300; ++i)
+        send(note(random(9000), 50 + random(30), i % 9 == 0 ? "label l" + std::to_string(i) : ""));
+    const auto any = [&](unsigned most) { return std::to_string(random(most) / most); };
+    for (double ratio : {1., 1.25, 2.}) {
+        BoxPicture lasting;
+        for (int i = 0; i < 120; ++i) {
+            switch (engine() % 9) {
+                case 0:
+                    send("zoom_vert " + any(100));
+                    break;
+                case 1:
+                    send("zoom_hor " + any(300));
+                    break;
+                case 2:
+                    send(note(random(9000), 40 + random(50)));
+                    break;
+                case 3:
+                    send("position " + std::to_string(random(10000)));
+                    break;
+                case 4:
+                    send("showbpfs " + std::to_string(engine() % 2));
+                    break;
+                case 5:
+                    send("scroll_vert " + any(1000));
+                    break;
+                case 6:
+                    send("cyclerange 0 " + std::to_string(random(10000)));
+                    break;
+                default:
+                    send("scroll_hor " + std::to_string(box.horizontalscroll + random(100) / 3000 - 0.0165));
+            }
+            prseq_paint(box, lasting, ratio);
+            if (i % 4) continue;
+            prseq_show(box, Change::Initialisation);
+            prseq_show(box, Change::Everything);
+            ASSERT_TRUE(same_picture(*lasting.surface(), *paint(ratio), {0, 0, 1000 * ratio, 700 * ratio}))
+                << i << " at " << ratio;
+        }
+    }
 }
 
 /// Longer and shorter ones on the same pixel, selected or not, on two tracks, with labels, messages and

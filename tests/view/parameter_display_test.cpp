@@ -113,7 +113,6 @@ TEST_F(ParameterDisplay, IsDrawnAnewWhenWhatItShowsChanges) {
         send(message);
         const std::string layers = layers_painted();
         EXPECT_EQ(layers.find("parameterdisplay_layer") != layers.npos, redrawn) << message;
-        EXPECT_EQ(layers.find("parameterdisplayBG_layer"), layers.npos) << message;
     }
 }
 

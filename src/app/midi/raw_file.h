@@ -71,7 +71,7 @@ struct RawFile {
 };
 
 /// What a file of more than these may be refused for: each becomes a few hundred bytes.
-inline constexpr std::size_t most_messages = std::size_t{1} << 23;
+inline constexpr std::size_t most_messages = std::size_t{1} << 25;
 
 /// Takes a file apart. Throws MidiError.
 RawFile parse_midi_file(std::span<const std::byte> file);

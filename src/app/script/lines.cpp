@@ -1,5 +1,7 @@
 #include "app/script/lines.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 
@@ -34,6 +36,16 @@ void AnsweredFile::read(AnswerLine& answer, Words& words) const {
     const bool cancel = words.next_is(cancelled);
     const std::string file = words.word("a file, or cancel");
     if (!cancel) answer.file = file;
+}
+
+void Picture::write(const PaintLine& paint, std::string& line) const {
+    if (!paint.file.empty() || paint.ratio) line += ' ' + message_word(paint.file);
+    if (paint.ratio) line += fmt::format(" {}", *paint.ratio);
+}
+
+void Picture::read(PaintLine& paint, Words& words) const {
+    if (words.more()) paint.file = words.word("a file");
+    if (words.more()) paint.ratio = words.number("pixel ratio", 0.5, 4);
 }
 
 void OutcomeOfFile::write(const FileLine& outcome, std::string& line) const {

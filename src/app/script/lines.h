@@ -52,6 +52,11 @@ struct AnsweredFile {
     void write(const AnswerLine& answer, std::string& line) const;
     void read(AnswerLine& answer, Words& words) const;
 };
+/// A picture's file and its pixel ratio, both of which may be left out.
+struct Picture {
+    void write(const PaintLine& paint, std::string& line) const;
+    void read(PaintLine& paint, Words& words) const;
+};
 /// A word for the kind, and a text where the kind has one.
 struct OutcomeOfFile {
     void write(const FileLine& outcome, std::string& line) const;
@@ -61,8 +66,7 @@ struct OutcomeOfFile {
 // clang-format off
 inline constexpr auto line_rows = std::tuple_cat(call_rows, std::tuple{
     line_row<WaitLine>(".wait", Number{&WaitLine::ms, "ms", 0, longest_time_ms}),
-    line_row<PaintLine>(".paint", LastWord{&PaintLine::file, "a file"},
-                                   LastNumber{&PaintLine::ratio, "pixel ratio", 0.5, 4}),
+    line_row<PaintLine>(".paint", Picture{}),
     line_row<AnswerLine>(".answer", AnsweredFile{}, LastNumber{&AnswerLine::ms, "ms", 0, longest_time_ms}),
     line_row<FileLine>(".file", OutcomeOfFile{}),
     line_row<ReplayLine>(".replay"),

@@ -74,6 +74,13 @@ Graphics::Graphics(Surface& surface) : painter_(std::make_unique<Painter>(surfac
 Graphics::Graphics(Graphics&&) noexcept = default;
 Graphics::~Graphics() = default;
 double Graphics::ratio() const { return painter_->ratio; }
+bool Graphics::moves_exactly() const { return painter_->moves_exactly; }
+
+Rect Graphics::clip() const {
+    const Painter& p = *painter_;
+    return {p.clip.x() / p.ratio - p.offset.x, p.clip.y() / p.ratio - p.offset.y, p.clip.width() / p.ratio,
+            p.clip.height() / p.ratio};
+}
 
 void jgraphics_set_source_jrgba(Graphics& g, const Rgba& color) {
     g.painter().color = to_qcolor(color);
@@ -136,6 +143,7 @@ void jgraphics_line_draw_fast(Graphics& g, Point from, Point to, double width) {
     Graphics::Painter& p = g.painter();
     QPointF a = p.device(from), b = p.device(to);
     if (a.x() == b.x() || a.y() == b.y()) return line_along_axis(p, a, b, width);
+    p.moves_exactly = false;
     p.qt.setPen(QPen(p.color, std::max(width * p.ratio, 1.), Qt::SolidLine, Qt::FlatCap));
     p.qt.drawLine(a, b);
 }
@@ -170,6 +178,7 @@ void jgraphics_fill(Graphics& g) {
     if (p.only_rectangle) {
         p.qt.fillRect(p.snapped(*p.only_rectangle), p.brush());
     } else {
+        p.moves_exactly = false;
         p.qt.fillPath(p.path, p.brush());
     }
     end_path(p);
@@ -180,6 +189,7 @@ void jgraphics_stroke(Graphics& g) {
     if (p.only_rectangle) {
         jgraphics_rectangle_draw_fast(g, *p.only_rectangle, p.line_width);
     } else {
+        p.moves_exactly = false;
         p.qt.strokePath(p.path,
                         QPen(p.color, p.line_width * p.ratio, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     }

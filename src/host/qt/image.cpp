@@ -6,6 +6,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "host/files.h"
 #include "host/qt/painter.h"
@@ -89,6 +90,20 @@ SurfaceRef jgraphics_image_surface_create_from_file(const std::string& path) {
     auto image = std::make_unique<Surface::Image>(std::move(pixels), size, 1);
     image->twice = std::move(twice);
     return std::make_shared<Surface>(std::move(image));
+}
+
+void surface_move(Surface& surface, double dx, double dy) {
+    const Surface::Image& image = surface.image();
+    const int x = static_cast<int>(std::lround(dx * image.ratio)),
+              y = static_cast<int>(std::lround(dy * image.ratio));
+    const int width = image.width - std::abs(x), height = image.height - std::abs(y);
+    if (width <= 0 || height <= 0) return;
+    for (int i = 0; i < height; ++i) {
+        const int row = y > 0 ? height - 1 - i : i;  // none is written before it was read
+        std::memmove(image.row(row + std::max(y, 0)) + std::max(x, 0),
+                     image.row(row - std::min(y, 0)) - std::min(x, 0),
+                     static_cast<size_t>(width) * sizeof(QRgb));
+    }
 }
 
 void surface_clear(Surface& surface) { surface.image().pixels.fill(Qt::transparent); }

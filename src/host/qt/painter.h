@@ -63,6 +63,7 @@ struct Graphics::Painter {
     QColor color = Qt::black;
     std::optional<QLinearGradient> gradient;
     double line_width = 1;
+    bool moves_exactly = true;  ///< see Graphics
     QPainterPath path;
     std::optional<Rect> only_rectangle;  ///< the path, when it is nothing else
 };

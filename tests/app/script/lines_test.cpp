@@ -63,6 +63,10 @@ struct Filler {
             SoundFormat{static_cast<long>(below(1000)), static_cast<long>(1 + below(9)), number(1, 1e9)};
         record.file = word();
     }
+    void fill(PaintLine& record, const Picture&) {
+        record.file = word();
+        if (below(2)) record.ratio = number(0.5, 4);
+    }
     void fill(AnswerLine& record, const AnsweredFile&) {
         if (below(2)) record.file = word();
     }
