@@ -103,7 +103,7 @@ void playing_row() {
 }  // namespace
 
 void painting_rows() {
-    for (size_t visible : {1000UL, 10000UL}) rows_of_a_part(visible);
+    for (size_t visible : {1000UL, 10000UL, 500000UL}) rows_of_a_part(visible);
     for (size_t events : {100000UL, 1000000UL, 10000000UL}) rows_of_all(events);
     playing_row();
 }

@@ -1,6 +1,11 @@
+#include <cmath>
+#include <random>
+
 #include "model/tracks.h"
 #include "view/keydisplay.h"
 #include "view/maindisplay.h"
+#include "view/sector.h"
+#include "view/zoom.h"
 #include "view_fixture.h"
 
 namespace tq {
@@ -20,6 +25,39 @@ TEST_F(MappingTest, TimeAndPixelsAreInverse) {
         EXPECT_NEAR(TQ_Prseq_Maindisplay_CalculatePositionFromMouse(box, md, page), ms, 1e-9);
     }
     EXPECT_NEAR(TQ_Prseq_Maindisplay_GetTotalPageSizeHorizontal(md), md.horizontalzoom * 1000, 1e-9);
+}
+
+/// At any size, zoom, scroll and length: time and pixels, pitch and pixels, what is seen and the unity
+/// values.
+TEST_F(MappingTest, GoesThereAndBackAgain) {
+    std::mt19937 random(3);
+    const auto any = [&](double low, double high) {
+        return low + (high - low) * static_cast<double>(random() % 100001) / 1e5;
+    };
+    for (int i = 0; i < 400; ++i) {
+        if (i % 40 == 0) send("maxtime " + std::to_string(1e4 * std::pow(4, i / 40)));
+        jbox_set_size(box, {any(300, 4000), any(240, 2200)});
+        TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(
+            box, {std::pow(any(0, 1), 4), std::pow(any(0, 1), 3), any(0, 1), any(0, 1)});
+        SCOPED_TRACE(i);
+        const double x = any(0, md.rect.width), y = any(0, md.rect.height);
+        const double ms = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(box, md, x + md.horizontalscroll);
+        EXPECT_NEAR(TQ_Prseq_Maindisplay_CalculateMouseFromPosition(box, md, ms) - md.horizontalscroll, x,
+                    1e-5);
+        const double pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(md, y);
+        const Point back = TQ_Prseq_Maindisplay_CalculateDisplayPositionFromStartAndPitch(box, md, ms, pitch);
+        EXPECT_NEAR(back.x, x, 1e-5);
+        EXPECT_NEAR(back.y - md.verticalscroll, y, 1e-6);
+        const ZoomScroll now = TQ_Prseq_Zoom_GetZoomScrollObjectNow(box);
+        const Sector seen = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(box, now);
+        EXPECT_NEAR(seen.start, ms - x / md.rect.width * seen.duration, seen.duration * 1e-6);
+        EXPECT_NEAR(seen.toppitch + 1 - y / md.rowheight, pitch, 1e-6);
+        const ZoomScroll again = TQ_Prseq_Zoom_CalculateZoomAndScrollValuesForGivenSector(box, seen);
+        EXPECT_NEAR(again.horizontalzoom, now.horizontalzoom, 1e-7);
+        EXPECT_NEAR(again.verticalzoom, now.verticalzoom, 1e-7);
+        EXPECT_NEAR(again.horizontalscroll, now.horizontalscroll, 1e-6);
+        EXPECT_NEAR(again.verticalscroll, now.verticalscroll, 1e-6);
+    }
 }
 
 TEST_F(MappingTest, PitchesStandInRowsFromTheTop) {

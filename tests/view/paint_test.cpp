@@ -9,6 +9,7 @@
 #include "view/draw_events.h"
 #include "view/draw_overlays.h"
 #include "view/gradient.h"
+#include "view/layout.h"
 #include "view/maindisplay.h"
 #include "view/visible_events.h"
 #include "view/zoom.h"
@@ -294,17 +295,36 @@ TEST_F(PaintTest, EachChangeRedrawsTheLayersThatShowIt) {
           {"showbpfs 0", "maindisplay_layer"},
           {"showbuffers 0", "maindisplay_layer"},
           {"display_all_bpfs 0", "maindisplay_layer"},
+          {"cyclerange 100 900", "timedisplay_layer"},
+          {"mouse_mode slice", "maindisplay_layer upperdisplay_layer"},
+          {"mouse_mode select", "maindisplay_layer upperdisplay_layer"},
+          {"menufontsize 14", "upperdisplay_layer"},
+          {"timedisplaycolor 1 1 1 1", "timedisplay_layer"},
+          {"trackdisplaycolor 1 1 1 1", "trackdisplay_layer"},
+          {"keydisplaylabelcolor 1 0 0 1", "keydisplay_layer"},
+          {"track_color 0.3", "trackdisplay_layer maindisplay_layer"},
+          {"undo", "trackdisplay_layer maindisplay_layer"},
+          {"parameterdisplay 1",
+           "vertscrollbar_layer keydisplay_layer maindisplay_layer parameterdisplayBG_layer "
+           "parameterdisplay_layer"},
+          {"scroll_hor 0.3",
+           "horscrollbar_layer maindisplay_layer timedisplay_layer parameterdisplayBG_layer "
+           "parameterdisplay_layer"},
+          {"scroll_vert 0.4", "vertscrollbar_layer keydisplay_layer maindisplay_layer"},
+          {"event start 700 duration 250 <note> 60 100 </note>", "maindisplay_layer parameterdisplay_layer"},
           {"snaptime 1", ""}}) {
         send(message);
         EXPECT_EQ(layers_painted(), layers) << message;
     }
+    set_time_display_type(box, TimeDisplayType::MinutesSeconds);
+    EXPECT_EQ(layers_painted(), "maindisplay_layer timedisplay_layer");
     box.maindisplay.mousemode = MouseMode::EditBpf;
     EXPECT_EQ(layers_painted(), "centeredtext_layer");
     ViewTest::resize(900, 600);
     box.layers.drawn.clear();
     ViewTest::resize(901, 600);
-    EXPECT_EQ(box.layers.drawn.size(), 7u)
-        << "background, horizontal scrollbar, main, time and upper display, hint, border";
+    EXPECT_EQ(box.layers.drawn.size(), 9u)
+        << "background, horizontal scrollbar, main, time, upper and parameter display, hint, border";
 }
 
 struct ShapesTest : PaintTest {
@@ -377,7 +397,7 @@ TEST_F(ShapesTest, WhatIsPaintedStepByStepIsWhatIsPaintedAtOnce) {
     const auto any = [&](unsigned most) { return std::to_string(random(most) / most); };
     for (double ratio : {1., 1.25, 2.}) {
         BoxPicture lasting;
-        for (int i = 0; i < 120; ++i) {
+        for (int i = 0; i < 48; ++i) {
             switch (engine() % 9) {
                 case 0:
                     send("zoom_vert " + any(100));
