@@ -119,8 +119,7 @@ std::vector<Rect> BoxPicture::differing_from(const std::vector<Shown>& now) cons
     add_missing(shown_, now);
     add_missing(now, shown_);
     std::ranges::sort(places, {}, [](const Rect& r) { return std::tuple(r.x, r.y, r.width, r.height); });
-    const auto again = std::ranges::unique(places);
-    places.erase(again.begin(), again.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
     return places;
 }
 
