@@ -24,7 +24,8 @@ EventState event_state(const Event& event) {
 }
 
 void restore_event_state(Prseq& object, Event& event, const EventState& state) {
-    TQ_Prseq_Events_SetEventTimes(event, state.start, state.duration);
+    if (event.start != state.start || event.duration != state.duration)
+        TQ_Prseq_Events_SetEventTimes(event, state.start, state.duration);
     event.pitch = state.pitch;
     event.velocity = state.velocity;
     event.label = state.label;

@@ -99,7 +99,7 @@ void EventList::retime(std::span<const EventTimes> times) {
         t.event->start = t.start;
         t.event->duration = t.duration;
     }
-    for (EventEntry& entry : all) entry = EventEntry(std::move(entry.event));
+    for (EventEntry& entry : all) entry.moved();
     fill(std::move(all));
 }
 

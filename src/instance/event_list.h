@@ -44,7 +44,7 @@ class EventList {
     void sweep();
     /// Replaces all events at once by events in any order; linear when they come in start order.
     void assign(std::vector<EventRef> events, Track& track);
-    /// Changes when an event of the list is; its place follows.
+    /// Changes when an event of the list is; its place follows, and a pitch that it got before.
     void retime(Event& event, double start, double duration);
     /// The same for many events of the list at once; their order is made anew when they are a good part of
     /// it.

@@ -20,16 +20,21 @@ bool is_bent(const Bpf& bpf) {
 }  // namespace
 
 EventLook look_of(const Event& event) {
-    constexpr double highest = EventLooks::row_count - 1;
-    const double row = std::floor(event.pitch);
     unsigned flags = 0;
     if (!event.label.empty() || !event.message.empty()) flags |= EventLook::Text;
     if (!event.link().name.empty()) flags |= EventLook::Linked;
     if (std::ranges::any_of(event.bpfs, [](const BpfRef& bpf) { return is_bent(*bpf); }))
         flags |= EventLook::Bent;
-    if (event.pitch != row) flags |= EventLook::Fractional;
-    if (!(row >= 0 && row <= highest)) flags |= EventLook::OffRows;
     if (event.selected) flags |= EventLook::Selected;
+    return at_pitch({0, static_cast<std::uint8_t>(flags)}, event.pitch);
+}
+
+EventLook at_pitch(EventLook look, double pitch) {
+    constexpr double highest = EventLooks::row_count - 1;
+    const double row = std::floor(pitch);
+    unsigned flags = look.flags & ~(EventLook::Fractional | EventLook::OffRows);
+    if (pitch != row) flags |= EventLook::Fractional;
+    if (!(row >= 0 && row <= highest)) flags |= EventLook::OffRows;
     return {static_cast<std::int16_t>(row >= 0 ? std::min(row, highest) : 0),
             static_cast<std::uint8_t>(flags)};
 }

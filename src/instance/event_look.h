@@ -26,6 +26,8 @@ struct EventLook {
 };
 
 EventLook look_of(const Event& event);
+/// The same at another pitch.
+EventLook at_pitch(EventLook look, double pitch);
 
 /// The rows that some events touch, and the flags that any of them has.
 class EventLooks {

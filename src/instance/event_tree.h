@@ -20,6 +20,13 @@ struct EventEntry {
     double start = 0, end = 0;
     EventLook look;
     EventRef event;
+
+    /// The event has been moved: in time, to another pitch, or both.
+    void moved() {
+        start = event->start;
+        end = event->end();
+        look = at_pitch(look, event->pitch);
+    }
 };
 
 /// A place in the order: by start, then by identifier.
@@ -77,11 +84,11 @@ class EventLeaf {
         changed().erase(at);
         return event;
     }
-    /// The event at the key has another end, or another look.
-    void renew(const EventKey& key) {
+    /// The event at the key has another end, or another look, which is returned.
+    EventLook renew(const EventKey& key) {
         EventEntry& entry = changed()[place(key)];
         entry.end = entry.event->end();
-        entry.look = look_of(*entry.event);
+        return entry.look = look_of(*entry.event);
     }
     template <typename Change>
     void change_looks(unsigned, Change& change) {
@@ -173,7 +180,7 @@ class EventLeaf {
 };
 
 /// Children in order, none of them empty, and of each: where it starts, its latest end, how many events it
-/// has, and their looks.
+/// has, and their looks; also those of some that have left, or look otherwise by now.
 template <typename Child>
 class EventBranch {
  public:
@@ -219,11 +226,13 @@ class EventBranch {
             summarize(c);
         return event;
     }
-    void renew(const EventKey& key) {
+    /// Returns how it looks now.
+    EventLook renew(const EventKey& key) {
         size_t c = child_for(key);
-        children_[c].renew(key);
+        const EventLook look = children_[c].renew(key);
         ends_[c] = children_[c].latest_end();
-        looks_[c] = children_[c].looks();
+        looks_[c] |= look;
+        return look;
     }
     /// Calls change(EventEntry&), which may change looks, for all entries of the leaves where any has one of
     /// the flags; without flags, for all.
@@ -325,8 +334,10 @@ class EventBranch {
         ends_.insert(ends_.begin() + static_cast<long>(c) + 1, 0);
         counts_.insert(counts_.begin() + static_cast<long>(c) + 1, 0);
         looks_.insert(looks_.begin() + static_cast<long>(c) + 1, EventLooks());
-        summarize(c);
-        summarize(c + 1);
+        for (size_t half : {c, c + 1}) {
+            summarize(half);
+            looks_[half] = children_[half].looks();
+        }
         return children_[c].is_before(key) ? c + 1 : c;
     }
     void append_child() {
@@ -347,7 +358,6 @@ class EventBranch {
         starts_[c] = children_[c].first_start();
         ends_[c] = children_[c].latest_end();
         counts_[c] = children_[c].count();
-        looks_[c] = children_[c].looks();
     }
     template <typename T>
     static void split_off(std::vector<T>& from, std::vector<T>& to, size_t middle) {

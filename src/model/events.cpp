@@ -135,8 +135,9 @@ void TQ_Prseq_Events_ResizeEvent(Event& event, double duration, double offset) {
 
 void TQ_Prseq_Events_ModifyEventFromDictionary(Prseq& object, Event& event,
                                                const EventDictionary& dictionary) {
-    TQ_Prseq_Events_SetEventTimes(event, dictionary.start.value_or(event.start),
-                                  dictionary.duration.value_or(event.duration));
+    if (dictionary.start || dictionary.duration)
+        TQ_Prseq_Events_SetEventTimes(event, dictionary.start.value_or(event.start),
+                                      dictionary.duration.value_or(event.duration));
     if (dictionary.pitch) event.pitch = *dictionary.pitch;
     if (dictionary.velocity) event.velocity = *dictionary.velocity;
     if (dictionary.label) event.label = *dictionary.label;
