@@ -21,6 +21,10 @@ std::optional<std::string> PatchFiles::save_dialog(const std::string& name) {
     return outside_ ? outside_->save_dialog(name) : std::nullopt;
 }
 
+std::optional<size_t> PatchFiles::popup(std::span<const PopupItem> items, Point at) {
+    return outside_ ? outside_->popup(items, at) : std::nullopt;
+}
+
 std::optional<LocatedFile> PatchFiles::locate(const std::string& name, const std::string& folder) {
     return outside_ ? outside_->locate(name, folder) : locatefile_extended(name, folder);
 }

@@ -1,11 +1,14 @@
-// Who answers when a box asks for files.
+// Who answers when a box asks for files, or the user for a choice.
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "host/files.h"
+#include "host/geometry.h"
+#include "host/popup.h"
 
 namespace tq {
 
@@ -29,6 +32,8 @@ class PatchFiles {
     /// the user cancels.
     virtual std::optional<std::string> open_dialog();
     virtual std::optional<std::string> save_dialog(const std::string& name);
+    /// Shows a menu at a point of the box; the index of the item that the user chooses, or none.
+    virtual std::optional<size_t> popup(std::span<const PopupItem> items, Point at);
     /// Finds, reads and writes as locatefile_extended(), read_file() and write_file() do.
     virtual std::optional<LocatedFile> locate(const std::string& name, const std::string& folder);
     virtual FileBytes read(const std::string& path, std::string& fault);

@@ -15,6 +15,7 @@ struct BpfEditing {
     BpfRef bpf;                    ///< none: nothing is selected
     std::vector<size_t> selected;  ///< indices of points, ascending
     long currentpoint = -1;        ///< the point under the pointer, or −1
+    bool absolutetime = false;     ///< times of points are told with their event's start
     Rect marquee;                  ///< x and width in the main display; no width: none
 
     bool is_selected(const Bpf& of, size_t point) const {

@@ -4,15 +4,19 @@
 
 #include "edits/clipboard.h"
 #include "edits/event_edits.h"
+#include "edits/timeline_edits.h"
+#include "edits/track_edits.h"
 #include "file/document_messages.h"
 #include "history/undoredo.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
+#include "interaction/mouse_modes.h"
 #include "interaction/replace_document.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/output.h"
 #include "playback/time.h"
+#include "view/layout.h"
 #include "view/zoom_commands.h"
 
 namespace tq {
@@ -33,6 +37,9 @@ bool has_tracks(const Prseq& object) { return !object.tracks.empty(); }
 bool has_file(const Prseq& object) { return has_tracks(object) && !object.info.filename.empty(); }
 bool can_undo(const Prseq& object) { return TQ_Prseq_Undoredo_UndoMenu(object).has_value(); }
 bool can_redo(const Prseq& object) { return TQ_Prseq_Undoredo_RedoMenu(object).has_value(); }
+bool is_zoomed_in(const Prseq& object) {
+    return object.horscrollbar.zoomunityvalue > 0 || object.vertscrollbar.zoomunityvalue > 0;
+}
 bool can_paste(const Prseq& object) { return TQ_Prseq_Clipboard_GetItemToPaste(object); }
 bool has_selection(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
@@ -79,6 +86,55 @@ void select_next(Prseq& object) {
 void play_or_stop(Prseq& object) { prseq_int(object, !object.playing); }
 bool is_playing(const Prseq& object) { return object.playing; }
 
+void nothing(Prseq&) {}
+
+bool has_active_track(const Prseq& object) { return TQ_Prseq_Tracks_GetActiveTrack(object); }
+bool shows_bpfs(const Prseq& object) { return has_active_track(object) && object.showbpfs; }
+
+template <bool AttributeFields::*field>
+bool is_on(const Prseq& object) {
+    return object.*field;
+}
+template <bool AttributeFields::*field>
+constexpr CommandRow toggle(Command id, const char* attribute, const char* text,
+                            bool (*enabled)(const Prseq&) = always) {
+    return {id, attribute, text, enabled, is_on<field>, nullptr, attribute};
+}
+
+template <TimeDisplayType type>
+bool shows_times_as(const Prseq& object) {
+    return object.timedisplaytype == static_cast<long>(type);
+}
+template <TimeDisplayType type>
+void show_times_as(Prseq& object) {
+    set_time_display_type(object, type);
+}
+
+void new_track(Prseq& object) { prseq_addtrack(object, {}); }
+void delete_track(Prseq& object) { prseq_deletetrack(object, object.activetrack); }
+
+bool edits_bpfs(const Prseq& object) { return object.bpfeditor; }
+void edit_bpfs_or_not(Prseq& object) {
+    prseq_mousemode(object,
+                    gensym(mouse_mode_row(object.bpfeditor ? MouseMode::Select : MouseMode::EditBpf).name));
+}
+template <bool absolute>
+bool bpf_time_is(const Prseq& object) {
+    return object.bpfediting.absolutetime == absolute;
+}
+template <bool absolute>
+void set_bpf_time(Prseq& object) {
+    object.bpfediting.absolutetime = absolute;
+}
+
+bool has_cycle(const Prseq& object) { return object.cycle.active; }
+void cycle_or_not(Prseq& object) {
+    prseq_cycle(object, !object.cycle.active);
+    TQ_Prseq_Output_Cycle(object);
+}
+bool follows_line_cursor(const Prseq& object) { return object.linecursor.follow; }
+void follow_line_cursor_or_not(Prseq& object) { object.linecursor.follow = !object.linecursor.follow; }
+
 constexpr CommandRow rows[] = {
     {Command::New, "new", "New", has_tracks, never, new_document},
     {Command::Open, "open", "Open...", always, never, open_file},
@@ -98,8 +154,40 @@ constexpr CommandRow rows[] = {
     {Command::ZoomOut, "zoom_out", "Zoom Out", always, never, prseq_zoom_out},
     {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
      prseq_zoom_to_selection},
-    {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", always, never, prseq_zoom_out_all},
+    {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", is_zoomed_in, never, prseq_zoom_out_all},
     {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},
+    {Command::DocumentInspector, "document_inspector", "Document Inspector", never, never, nothing},
+    toggle<&AttributeFields::trackdisplay>(Command::TrackDisplay, "trackdisplay", "Track Display"),
+    toggle<&AttributeFields::keydisplay_shown>(Command::KeyDisplay, "keydisplay", "Key Display"),
+    toggle<&AttributeFields::parameterdisplay>(Command::ParameterDisplay, "parameterdisplay",
+                                               "Parameter Display"),
+    toggle<&AttributeFields::notelanes>(Command::NoteLanes, "notelanes", "Show Note Lanes"),
+    {Command::Milliseconds, "msecs", "msecs", always, shows_times_as<TimeDisplayType::Milliseconds>,
+     show_times_as<TimeDisplayType::Milliseconds>},
+    {Command::MinutesSeconds, "minutes_seconds", "m:s.ms", always,
+     shows_times_as<TimeDisplayType::MinutesSeconds>, show_times_as<TimeDisplayType::MinutesSeconds>},
+    {Command::NewTrack, "new_track", "New Track", always, never, new_track},
+    {Command::DeleteTrack, "delete_track", "Delete Track", has_tracks, never, delete_track},
+    {Command::TrackInspector, "track_inspector", "Track Inspector", never, never, nothing},
+    toggle<&AttributeFields::showlabels>(Command::ShowLabels, "showlabels", "Show Labels", has_active_track),
+    toggle<&AttributeFields::showmessages>(Command::ShowMessages, "showmessages", "Show Messages",
+                                           has_active_track),
+    toggle<&AttributeFields::showbpfs>(Command::ShowBpfs, "showbpfs", "Show Bpfs", has_active_track),
+    toggle<&AttributeFields::showbuffers>(Command::ShowBuffers, "showbuffers", "Show Buffers",
+                                          has_active_track),
+    {Command::EventInspector, "event_inspector", "Event Inspector", never, never, nothing},
+    {Command::EditBpfs, "edit_bpfs", "Edit", has_active_track, edits_bpfs, edit_bpfs_or_not},
+    toggle<&AttributeFields::display_all_bpfs>(Command::DisplayAllBpfs, "display_all_bpfs", "Display All",
+                                               shows_bpfs),
+    {Command::BpfTimeAbsolute, "bpf_time_absolute", "Bpf Point Time is Absolute", has_active_track,
+     bpf_time_is<true>, set_bpf_time<true>},
+    {Command::BpfTimeRelative, "bpf_time_relative", "Bpf Point Time is Relative", has_active_track,
+     bpf_time_is<false>, set_bpf_time<false>},
+    {Command::Cycle, "cycle", "Cycle", always, has_cycle, cycle_or_not},
+    {Command::FollowLineCursor, "follow_line_cursor", "Follow Line Cursor", always, follows_line_cursor,
+     follow_line_cursor_or_not},
+    toggle<&AttributeFields::snappitch>(Command::PitchSnap, "snappitch", "Pitch Snap"),
+    toggle<&AttributeFields::snaptime>(Command::TimeSnap, "snaptime", "Time Snap"),
 };
 
 }  // namespace
@@ -113,6 +201,12 @@ const CommandRow* find_command(std::string_view name) {
     return row == std::end(rows) ? nullptr : row;
 }
 
-void run_command(Prseq& object, Command id) { command_row(id).run(object); }
+void run_command(Prseq& object, Command id) {
+    const CommandRow& row = command_row(id);
+    if (row.toggles)
+        object_method_typed(object, gensym(row.toggles), Atoms{long{!row.checked(object)}});
+    else
+        row.run(object);
+}
 
 }  // namespace tq

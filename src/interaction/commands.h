@@ -28,7 +28,30 @@ enum class Command {
     ZoomOut,
     ZoomToSelection,
     ZoomOutAll,
-    PlayOrStop
+    PlayOrStop,
+    DocumentInspector,
+    TrackDisplay,
+    KeyDisplay,
+    ParameterDisplay,
+    NoteLanes,
+    Milliseconds,
+    MinutesSeconds,
+    NewTrack,
+    DeleteTrack,
+    TrackInspector,
+    ShowLabels,
+    ShowMessages,
+    ShowBpfs,
+    ShowBuffers,
+    EventInspector,
+    EditBpfs,
+    DisplayAllBpfs,
+    BpfTimeAbsolute,
+    BpfTimeRelative,
+    Cycle,
+    FollowLineCursor,
+    PitchSnap,
+    TimeSnap
 };
 
 /// What a command is called in menus: words, or what follows from the document.
@@ -50,6 +73,7 @@ struct CommandRow {
     bool (*enabled)(const Prseq&);
     bool (*checked)(const Prseq&);
     void (*run)(Prseq&);
+    const char* toggles = nullptr;  ///< an attribute, which it turns on and off; `run` is none then
 };
 
 /// In the order of their ids.

@@ -3,9 +3,12 @@
 #include <fmt/printf.h>
 
 #include "host/defer.h"
+#include "instance/geometry.h"
 #include "instance/prseq.h"
+#include "interaction/menus.h"
 #include "interaction/mouse_modes.h"
 #include "view/icon_menu.h"
+#include "view/menu_bar.h"
 #include "view/pictures.h"
 
 namespace tq {
@@ -42,6 +45,10 @@ void TQ_Prseq_IconMenu_MakeMousemodeIconMenu(Prseq& object) {
 }
 
 void click_upperdisplay(Prseq& object, const Pointer& press) {
+    const MenuBarLayout menus = TQ_Prseq_Menu_CalculateMenuDisplaySize(object.menufontsize);
+    for (size_t title = 0; object.menudisplay && title < menus.titles.size(); ++title)
+        if (TQRectContainsPoint(menus.titles[title], press.at.x, press.at.y))
+            return TQ_Prseq_Menu_Show(object, title);
     const Rect& display = object.layout[Part::UpperDisplay];
     const auto mode = icon_mode_at(object, {press.at.x - display.x, press.at.y - display.y});
     if (mode) prseq_mousemode(object, gensym(mouse_mode_row(*mode).name));

@@ -13,7 +13,7 @@ namespace tq {
 std::optional<Icona> TQ_Prseq_IconMenu_MakeIcona(Prseq& object, const char* image, MouseMode mode);
 /// Gives the instance its icons.
 void TQ_Prseq_IconMenu_MakeMousemodeIconMenu(Prseq& object);
-/// A press in the upper display: on an icon it chooses the icon's mode.
+/// A press in the upper display: on a title it shows the menu, on an icon it chooses the icon's mode.
 void click_upperdisplay(Prseq& object, const Pointer& press);
 
 }  // namespace tq

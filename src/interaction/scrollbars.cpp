@@ -74,7 +74,7 @@ void press_scrollbar(Prseq& object, const ViewAxis& axis, const Pointer& press) 
     zoom_clock_stop(object);  // an animated zoom would take the view away again
     object.gesture = std::make_unique<ScrollbarGesture>(axis, press, before);
     if (result == ClickedInZoomBox) axis_zoomed(object, axis);
-    if (const double pixels = distance(object, axis, result)) scroll_axis(object, axis, pixels);
+    if (const double pixels = distance(object, axis, result); pixels != 0) scroll_axis(object, axis, pixels);
 }
 
 }  // namespace

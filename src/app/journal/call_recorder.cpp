@@ -112,6 +112,18 @@ std::optional<std::string> CallRecorder::save_dialog(const std::string& name) {
     return note_answer(asked, PatchFiles::save_dialog(name));
 }
 
+std::optional<size_t> CallRecorder::popup(std::span<const PopupItem> items, Point at) {
+    const double asked = now();
+    const std::optional<size_t> chosen = PatchFiles::popup(items, at);
+    ChooseLine choice{{}, {}, now() - asked};
+    if (chosen) {
+        choice.text = items[*chosen].text;
+        choice.index = static_cast<long>(*chosen);
+    }
+    note(line_text(choice));
+    return chosen;
+}
+
 std::optional<LocatedFile> CallRecorder::locate(const std::string& name, const std::string& folder) {
     std::optional<LocatedFile> found = PatchFiles::locate(name, folder);
     note(line_text(found ? FileLine{FileLine::Kind::Found, path_in_folder(found->folder, found->name)}

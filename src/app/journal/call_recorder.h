@@ -30,6 +30,7 @@ class CallRecorder : public CallListener, public CrashWitness, private PatchFile
     void begin(bool fresh);
     std::optional<std::string> open_dialog() override;
     std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
     std::optional<LocatedFile> locate(const std::string& name, const std::string& folder) override;
     FileBytes read(const std::string& path, std::string& fault) override;
     bool write(const std::string& path, std::string_view bytes, std::string& fault) override;

@@ -38,7 +38,7 @@ bool make(Session& session, const KeyCall& call) {
 bool make(Session& session, const CommandCall& call) {
     const CommandRow* command = find_command(call.name);
     if (command)
-        command->run(session.box());
+        run_command(session.box(), command->id);
     else
         object_error(session.box(), fmt::sprintf("no command \"%s\"", call.name));
     return command;

@@ -25,10 +25,12 @@ struct DriverCommands {
     void operator()(const WaitLine& line) const { driver.wait(line.ms); }
     void operator()(const PaintLine& line) const { driver.paint(line.file, line.ratio.value_or(1)); }
     void operator()(const AnswerLine& line) const { driver.answers_.push_back(line); }
+    void operator()(const ChooseLine& line) const { driver.choices_.push_back(line); }
     void operator()(const FileLine& line) const { driver.outcomes_.push_back(line); }
     void operator()(const ReplayLine&) const {
         driver.replaying_ = true;
         driver.answers_.clear();  // of a call that was never done
+        driver.choices_.clear();
         driver.outcomes_.clear();
     }
     void operator()(const ShowLine& line) const {

@@ -19,6 +19,24 @@ std::string trimmed(const std::string& line) {
     return first == line.npos ? "" : line.substr(first, last - first + 1);
 }
 
+/// How an item is printed: what can be done with it, and its text.
+std::string popup_line(const PopupItem& item) {
+    if (item.separator) return "popup =";
+    const char* mark = item.disabled ? (item.checked ? "~" : "-") : (item.checked ? "*" : "+");
+    return std::string("popup ") + mark + " " + item.text;
+}
+
+/// The item at the index, when it has the text; else the first that can be chosen and has it.
+std::optional<size_t> chosen_item(std::span<const PopupItem> items, const ChooseLine& choice) {
+    const auto fits = [&](const PopupItem& item) {
+        return !item.separator && !item.disabled && item.text == *choice.text;
+    };
+    if (choice.index && *choice.index < std::ssize(items) && fits(items[static_cast<size_t>(*choice.index)]))
+        return static_cast<size_t>(*choice.index);
+    const auto found = std::ranges::find_if(items, fits);
+    return found == items.end() ? std::nullopt : std::optional(static_cast<size_t>(found - items.begin()));
+}
+
 }  // namespace
 
 Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(session) {}
@@ -72,6 +90,18 @@ std::optional<std::string> Driver::take_answer(const std::string& said, Ask ask)
     answers_.pop_front();
     if (answer.ms) wait(*answer.ms);
     return answer.file;
+}
+
+std::optional<size_t> Driver::popup(std::span<const PopupItem> items, Point at) {
+    for (const PopupItem& item : items) say(popup_line(item));
+    if (choices_.empty()) return replaying_ ? std::nullopt : PatchFiles::popup(items, at);
+    const ChooseLine choice = std::move(choices_.front());
+    choices_.pop_front();
+    if (choice.ms) wait(*choice.ms);
+    if (!choice.text) return {};
+    const std::optional<size_t> chosen = chosen_item(items, choice);
+    if (!chosen) note_fault("the pop-up has no item \"" + *choice.text + "\" that can be chosen");
+    return chosen;
 }
 
 std::optional<LocatedFile> Driver::locate(const std::string& name, const std::string& folder) {

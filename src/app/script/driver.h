@@ -56,6 +56,7 @@ class Driver : private PatchFiles {
     friend struct DriverCommands;
     std::optional<std::string> open_dialog() override;
     std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
     std::optional<LocatedFile> locate(const std::string& name, const std::string& folder) override;
     FileBytes read(const std::string& path, std::string& fault) override;
     bool write(const std::string& path, std::string_view bytes, std::string& fault) override;
@@ -69,6 +70,7 @@ class Driver : private PatchFiles {
 
     Session& session_;
     std::deque<AnswerLine> answers_;
+    std::deque<ChooseLine> choices_;
     std::deque<FileLine> outcomes_;
     std::optional<std::string> fault_;  ///< of the line that is being run
     bool replaying_ = false;

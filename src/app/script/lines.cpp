@@ -38,6 +38,24 @@ void AnsweredFile::read(AnswerLine& answer, Words& words) const {
     if (!cancel) answer.file = file;
 }
 
+void ChosenItem::write(const ChooseLine& choice, std::string& line) const {
+    if (!choice.text) {
+        line += std::string(" ") += cancelled;
+    } else {
+        if (choice.index) line += fmt::format(" item {}", *choice.index);
+        const bool reserved = !choice.index && (*choice.text == cancelled || *choice.text == "item");
+        line += reserved ? " \"" + *choice.text + '"' : ' ' + message_word(*choice.text);
+    }
+}
+
+void ChosenItem::read(ChooseLine& choice, Words& words) const {
+    const bool cancel = words.next_is(cancelled), item = words.next_is("item");
+    const std::string word = words.word("an item, or cancel");
+    if (cancel) return;
+    if (item) choice.index = static_cast<long>(words.number("index", 0, 1e6));
+    choice.text = item ? words.word("an item") : word;
+}
+
 void Picture::write(const PaintLine& paint, std::string& line) const {
     if (!paint.file.empty() || paint.ratio) line += ' ' + message_word(paint.file);
     if (paint.ratio) line += fmt::format(" {}", *paint.ratio);

@@ -27,6 +27,14 @@ struct AnswerLine {
     std::optional<double> ms;
     friend bool operator==(const AnswerLine&, const AnswerLine&) = default;
 };
+/// Answers the next pop-up: with an item's text, or, where several have it, its index as well; without,
+/// dismisses it. `ms` is how long it is open.
+struct ChooseLine {
+    std::optional<std::string> text;
+    std::optional<long> index;
+    std::optional<double> ms;
+    friend bool operator==(const ChooseLine&, const ChooseLine&) = default;
+};
 /// What the next file access will answer.
 struct FileLine {
     enum class Kind { Found, Missing, Read, Unreadable, Written, Unwritable };
@@ -52,6 +60,11 @@ struct AnsweredFile {
     void write(const AnswerLine& answer, std::string& line) const;
     void read(AnswerLine& answer, Words& words) const;
 };
+/// "TEXT", "item INDEX TEXT" or "cancel".
+struct ChosenItem {
+    void write(const ChooseLine& choice, std::string& line) const;
+    void read(ChooseLine& choice, Words& words) const;
+};
 /// A picture's file and its pixel ratio, both of which may be left out.
 struct Picture {
     void write(const PaintLine& paint, std::string& line) const;
@@ -68,6 +81,7 @@ inline constexpr auto line_rows = std::tuple_cat(call_rows, std::tuple{
     line_row<WaitLine>(".wait", Number{&WaitLine::ms, "ms", 0, longest_time_ms}),
     line_row<PaintLine>(".paint", Picture{}),
     line_row<AnswerLine>(".answer", AnsweredFile{}, LastNumber{&AnswerLine::ms, "ms", 0, longest_time_ms}),
+    line_row<ChooseLine>(".choose", ChosenItem{}, LastNumber{&ChooseLine::ms, "ms", 0, longest_time_ms}),
     line_row<FileLine>(".file", OutcomeOfFile{}),
     line_row<ReplayLine>(".replay"),
     line_row<ShowLine>(".show", Word{&ShowLine::what, "what to show"}),

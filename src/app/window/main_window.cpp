@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QShortcut>
 #include <QSplitter>
@@ -122,6 +123,27 @@ std::optional<std::string> MainWindow::save_dialog(const std::string& name) {
     return ask([this, &name] {
         return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
     });
+}
+
+/// A menu below a point of the box; what plays goes on while it is open.
+std::optional<size_t> MainWindow::popup(std::span<const PopupItem> items, Point at) {
+    QMenu menu(this);
+    for (size_t i = 0; i < items.size(); ++i) {
+        const PopupItem& item = items[i];
+        if (item.separator) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction* action = menu.addAction(QString::fromStdString(item.text).replace("&", "&&"));
+        action->setData(QVariant::fromValue(static_cast<qulonglong>(i)));
+        action->setEnabled(!item.disabled);
+        action->setCheckable(item.checked);
+        action->setChecked(item.checked);
+    }
+    timer_.wake();
+    const QAction* chosen = menu.exec(box_->mapToGlobal(QPointF(at.x, at.y).toPoint()));
+    timer_.pass_time();
+    return chosen ? std::optional<size_t>(chosen->data().toULongLong()) : std::nullopt;
 }
 
 void MainWindow::keep_copy(const Object& object, const std::string& text) {

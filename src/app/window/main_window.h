@@ -52,6 +52,7 @@ class MainWindow : public QWidget, private PatchFiles {
     void listen_to_loudspeaker();
     std::optional<std::string> open_dialog() override;
     std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
     void keep_copy(const Object& object, const std::string& text) override;
     std::optional<std::string> ask(const std::function<QString()>& dialog);
     void send(const std::string& message);

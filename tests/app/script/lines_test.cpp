@@ -63,6 +63,11 @@ struct Filler {
             SoundFormat{static_cast<long>(below(1000)), static_cast<long>(1 + below(9)), number(1, 1e9)};
         record.file = word();
     }
+    void fill(ChooseLine& record, const ChosenItem&) {
+        if (below(3) == 0) return;
+        record.text = word();
+        if (below(2)) record.index = static_cast<long>(below(100));
+    }
     void fill(PaintLine& record, const Picture&) {
         record.file = word();
         if (below(2)) record.ratio = number(0.5, 4);
