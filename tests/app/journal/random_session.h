@@ -10,6 +10,7 @@
 #include "app/patch/sound_files.h"
 #include "file/random_document.h"
 #include "history/random_message.h"
+#include "host/modifiers.h"
 #include "sounds.h"
 #include "temporary_folder.h"
 
@@ -29,7 +30,7 @@ class RandomSession : private PatchFiles {
         static const std::vector<std::string> views = {
             "zoom_out", "zoom_in", "zoom_hor 0.#999999", "cyclerange #900 1#900", "cyclerange #2000 #2000",
             "cycle 1",  "cycle 0", "new_track_color #3"};
-        switch (below(28)) {
+        switch (below(32)) {
             case 0:
                 return call(SizeCall{300. + below(300), 250 + number()});
             case 1:
@@ -61,6 +62,10 @@ class RandomSession : private PatchFiles {
             case 17:
             case 18:
                 return use_sounds();
+            case 28:
+            case 29:
+            case 30:
+                return use_mouse();
             case 19:
                 return session_.send(gensym("track_add"), Atoms{gensym("# two\nlines \"here\"")});
             default:
@@ -82,6 +87,29 @@ class RandomSession : private PatchFiles {
     std::optional<std::string> answer() {
         wait(number() * 30);
         return below(3) ? std::optional(file()) : std::nullopt;
+    }
+    /// Now and then as long as a menu is read.
+    std::optional<size_t> popup(std::span<const PopupItem> items, Point) override {
+        wait(number() * 30);
+        const auto chosen = static_cast<size_t>(below(static_cast<int>(items.size())));
+        const bool dismissed = below(4) == 0 || items[chosen].separator || items[chosen].disabled;
+        return dismissed ? std::nullopt : std::optional(chosen);
+    }
+    /// Somewhere, often on the menus and icons: a press, some way, and mostly a release.
+    void use_mouse() {
+        using enum MouseCall::Kind;
+        const unsigned keys[] = {0, 0, modifier_shift, modifier_option};
+        const unsigned held = keys[below(4)];
+        double x = below(600), y = below(3) ? below(550) : 12;
+        call(MouseCall{Down, x, y, false, held});
+        for (int steps = below(4); steps > 0; --steps) {
+            x += number() * 10 - 50;
+            y += number() * 4 - 20;
+            call(MouseCall{Drag, x, y, false, held});
+            wait(number());
+        }
+        if (below(8)) call(MouseCall{Up, x, y, false, held});
+        if (below(4) == 0) call(MouseCall{Double, x, y, false, held});
     }
     void use_files() {
         switch (below(8)) {
