@@ -71,12 +71,14 @@ void rows_of_a_part(size_t visible) {
         painted.show_events(visible);
         row_beside_fill("paint, " + in_view + of(events), painted.ms_anew());
         if (events == visible) continue;
-        row_beside_fill("scroll, " + in_view + of(events), painted.ms_a_frame([&](int frame) {
-            prseq_horscroll(painted.box, 0.5 + frame * 1e-5);
+        const TQScrollbar& bar = painted.box.horscrollbar;
+        const double step = 13 / (bar.totalpagesize - bar.selectionpagesize),
+                     zoom = painted.box.horizontalzoom;
+        row_beside_fill("scroll by 13 pixels, " + in_view + of(events), painted.ms_a_frame([&](int frame) {
+            prseq_horscroll(painted.box, 0.5 + (frame + 1) * step);
         }));
-        const double zoom = painted.box.horizontalzoom;
         row_beside_fill("zoom, " + in_view + of(events), painted.ms_a_frame([&](int frame) {
-            prseq_horzoom(painted.box, zoom * (1 + frame * 1e-3));
+            prseq_horzoom(painted.box, zoom * (1 + (frame + 1) * 1e-3));
         }));
     }
 }
