@@ -78,17 +78,21 @@ class EventLeaf {
         changed().erase(middle, entries_.end());
         return right;
     }
-    EventRef take(const EventKey& key) {
+    EventEntry take(const EventKey& key) {
         auto at = entries_.begin() + static_cast<long>(place(key));
-        EventRef event = std::move(at->event);
+        EventEntry entry = std::move(*at);
         changed().erase(at);
-        return event;
+        return entry;
     }
-    /// The event at the key has another end, or another look, which is returned.
-    EventLook renew(const EventKey& key) {
-        EventEntry& entry = changed()[place(key)];
-        entry.end = entry.event->end();
-        return entry.look = look_of(*entry.event);
+    /// The entry of an event that has another end, or another look; none when it is not here.
+    const EventEntry* renew(const EventKey& key, const Event& event, bool& end_changed) {
+        const size_t index = place(key);
+        if (index >= entries_.size() || entries_[index].event.get() != &event) return nullptr;
+        EventEntry& entry = changed()[index];
+        end_changed = entry.end != event.end();
+        entry.end = event.end();
+        entry.look = look_of(event);
+        return &entry;
     }
     template <typename Change>
     void change_looks(unsigned, Change& change) {

@@ -44,7 +44,7 @@ void EventList::settle() const {
 
 bool EventList::erase(const Event& event) {
     if (!holds(event)) return false;
-    EventRef taken = tree().take({event.start, event.id});
+    const EventRef taken = tree().take({event.start, event.id}).event;
     if (taken->selected) remove_selected(*taken);
     taken->track = nullptr;
     --size_;
@@ -78,15 +78,13 @@ void EventList::assign(std::vector<EventRef> events, Track& track) {
 }
 
 void EventList::retime(Event& event, double start, double duration) {
-    bool held = holds(event);
-    EventKey key{event.start, event.id};
-    EventRef taken = held && start != event.start ? tree().take(key) : EventRef();
+    const bool moves = start != event.start && holds(event);
+    EventEntry entry = moves ? tree().take({event.start, event.id}) : EventEntry();
     event.start = start;
     event.duration = duration;
-    if (taken)
-        tree().insert(EventEntry(std::move(taken)), {start, event.id});
-    else if (held)
-        tree().renew(key);
+    if (!moves) return renew(event);
+    entry.moved();
+    tree().insert(std::move(entry), {start, event.id});
 }
 
 void EventList::retime(std::span<const EventTimes> times) {
@@ -104,7 +102,8 @@ void EventList::retime(std::span<const EventTimes> times) {
 }
 
 void EventList::renew(const Event& event) const {
-    if (holds(event)) tree().renew({event.start, event.id});
+    bool end_changed = false;
+    tree().renew({event.start, event.id}, event, end_changed);
 }
 
 void EventList::renew_all() const {
@@ -123,7 +122,7 @@ void EventList::mark_selected() const {
     };
     tree().change_looks(few ? EventLook::Selected : 0, mark);
     if (few)
-        for (const Event* event : selected_) tree().renew({event->start, event->id});
+        for (const Event* event : selected_) renew(*event);
 }
 
 void EventList::select(Event& event, bool selected) {

@@ -1,7 +1,6 @@
 #include "instance/event_look.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "instance/event.h"
 
@@ -30,13 +29,13 @@ EventLook look_of(const Event& event) {
 }
 
 EventLook at_pitch(EventLook look, double pitch) {
-    constexpr double highest = EventLooks::row_count - 1;
-    const double row = std::floor(pitch);
+    constexpr int rows = EventLooks::row_count;
+    const bool on_rows = pitch >= 0 && pitch < rows;
+    const int row = on_rows ? static_cast<int>(pitch) : pitch >= rows ? rows - 1 : 0;
     unsigned flags = look.flags & ~(EventLook::Fractional | EventLook::OffRows);
     if (pitch != row) flags |= EventLook::Fractional;
-    if (!(row >= 0 && row <= highest)) flags |= EventLook::OffRows;
-    return {static_cast<std::int16_t>(row >= 0 ? std::min(row, highest) : 0),
-            static_cast<std::uint8_t>(flags)};
+    if (!on_rows) flags |= EventLook::OffRows;
+    return {static_cast<std::int16_t>(row), static_cast<std::uint8_t>(flags)};
 }
 
 }  // namespace tq

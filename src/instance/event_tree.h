@@ -48,22 +48,24 @@ class EventBranch {
         split_off(looks_, right.looks_, middle);
         return right;
     }
-    EventRef take(const EventKey& key) {
+    EventEntry take(const EventKey& key) {
         size_t c = child_for(key);
-        EventRef event = children_[c].take(key);
+        EventEntry entry = children_[c].take(key);
         if (children_[c].empty())
             erase_child(c);
         else
             summarize(c);
-        return event;
+        return entry;
     }
-    /// Returns how it looks now.
-    EventLook renew(const EventKey& key) {
+    /// See EventLeaf.
+    const EventEntry* renew(const EventKey& key, const Event& event, bool& end_changed) {
+        if (children_.empty()) return nullptr;
         size_t c = child_for(key);
-        const EventLook look = children_[c].renew(key);
-        ends_[c] = children_[c].latest_end();
-        looks_[c] |= look;
-        return look;
+        const EventEntry* entry = children_[c].renew(key, event, end_changed);
+        if (!entry) return nullptr;
+        if (end_changed) ends_[c] = children_[c].latest_end();
+        looks_[c] |= entry->look;
+        return entry;
     }
     /// Calls change(EventEntry&), which may change looks, for all entries of the leaves where any has one of
     /// the flags; without flags, for all.
