@@ -81,16 +81,17 @@ const Surface& EventSprites::of_size(int width, int height) {
 
 void EventBodies::add(const Surface& sprite, int row, int left, int right, int top) {
     Row& r = rows_[static_cast<size_t>(row)];
+    if (r.bodies.empty()) used_.push_back(&r);
     r.top = top;
     r.bodies.push_back({&sprite, left, right});
 }
 
 void EventBodies::draw(Graphics& g) {
-    for (Row& row : rows_) {
-        if (row.bodies.empty()) continue;
-        jgraphics_image_surfaces_draw_widened(g, row.bodies, row.top);
-        row.bodies.clear();
+    for (Row* row : used_) {
+        jgraphics_image_surfaces_draw_widened(g, row->bodies, row->top);
+        row->bodies.clear();
     }
+    used_.clear();
 }
 
 }  // namespace tq

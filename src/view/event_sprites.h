@@ -47,6 +47,7 @@ class EventBodies {
         std::vector<WidenedSurface> bodies;
     };
     std::array<Row, EventLooks::row_count> rows_;
+    std::vector<Row*> used_;  ///< those with bodies
 };
 
 /// Draws the body of an event: its gradient and its outline.
