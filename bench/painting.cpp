@@ -91,6 +91,26 @@ void rows_of_all(size_t events) {
     }
 }
 
+/// What is painted beside the events, or of those that are selected, with a million in view.
+void rows_of_other_views() {
+    Painted painted(1000000, 8);
+    Prseq& box = painted.box;
+    EventList& events = box.tracks[static_cast<size_t>(box.activetrack)]->events;
+    row_beside_fill("paint after selecting 10 k, all of 1 M",
+                    painted.ms_a_frame(
+                        [&](int frame) {
+                            events.deselect_all();
+                            for (size_t i = static_cast<size_t>(frame) % 2; i < 20000; i += 2)
+                                events.select(*events.at(i), true);
+                            prseq_show(box, Change::Events);
+                        },
+                        5));
+    painted.session->send("parameterdisplay 1");
+    painted.painter.paint(box);
+    row_beside_fill("the parameter display, all of 1 M",
+                    painted.ms_a_frame([&](int) { prseq_show(box, Change::ParameterDisplay); }));
+}
+
 /// A million events, half of them in view, while the line cursor goes through them and the view stays.
 void playing_row() {
     Painted painted(1000000, 8);
@@ -107,6 +127,7 @@ void playing_row() {
 void painting_rows() {
     for (size_t visible : {1000UL, 10000UL, 500000UL}) rows_of_a_part(visible);
     for (size_t events : {100000UL, 1000000UL, 10000000UL}) rows_of_all(events);
+    rows_of_other_views();
     playing_row();
 }
 
