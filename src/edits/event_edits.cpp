@@ -1,8 +1,10 @@
 #include "edits/event_edits.h"
 
+#include "edits/track_edits.h"
 #include "history/edit.h"
 #include "history/recorders.h"
 #include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "model/selected_events.h"
 #include "model/selection.h"
 #include "model/tracks.h"
@@ -14,6 +16,19 @@ void prseq_deleteselectedevents(Prseq& object) {
     if (!list_selected_events(object)) return edit.nothing();
     TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(edit, object.selection);
     TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(object, object.activetrack);
+}
+
+EventRef insert_event(Prseq& object, long start, double pitch) {
+    constexpr double velocity = 80;
+    if (object.tracks.empty()) prseq_addtrack(object, {tq_sym_Untitled});
+    Track& track = *TQ_Prseq_Tracks_GetActiveTrack(object);
+    Edit edit(object, Change::Events);
+    EventRef event = TQ_Prseq_Events_MakeEvent(
+        object, start, pitch, velocity, static_cast<long>(object.defaults.eventduration), Symbol(), Symbol());
+    conform_event_to(track, *event);
+    TQ_Prseq_Tracks_InsertEvent(object, track, event);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(edit, {event});
+    return event;
 }
 
 std::optional<Slices> slice_event(Prseq& object, const EventRef& event, double position) {

@@ -11,6 +11,9 @@ struct Prseq;
 
 /// Takes the active track's selected events out of the document.
 void prseq_deleteselectedevents(Prseq& object);
+/// Makes an event of the default duration and velocity 80 on the active track, which is made when there is
+/// none. `start` in ms.
+EventRef insert_event(Prseq& object, long start, double pitch);
 /// Cuts an event of the document in two at a position in ms; none, and nothing happens, where that is too
 /// near its ends.
 std::optional<Slices> slice_event(Prseq& object, const EventRef& event, double position);

@@ -1,9 +1,11 @@
 #include "edits/type_edits.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "history/edit.h"
 #include "history/recorders.h"
+#include "model/bpf_editor.h"
 #include "model/bpfs.h"
 #include "model/events.h"
 #include "model/parameters.h"
@@ -69,12 +71,19 @@ void change_bpf_type(Prseq& object, const TrackRef& track, long index, const Bpf
     report_types(object, *track);
 }
 
-void add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point) {
+long add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point) {
     Edit edit(object, Change::Events);
-    BpfPoints before = curve.bpf->points;
-    if (TQ_Prseq_Events_AddBpfPoint(*curve.bpf, point) < 0) return edit.nothing();
+    BpfPoints& points = curve.bpf->points;
+    const long index = TQ_Prseq_Events_FindNextBpfPointAfterHere(*curve.bpf, point.x);
+    if (index < 0) {
+        edit.nothing();
+        return -1;
+    }
+    BpfPoints before = points;
+    points.insert(points.begin() + index, point);
     TQ_Prseq_Events_LookAgain(*curve.event);
     TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(edit, curve, std::move(before));
+    return index;
 }
 
 void delete_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints left) {
@@ -82,6 +91,17 @@ void delete_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints left) {
     std::swap(curve.bpf->points, left);
     TQ_Prseq_Events_LookAgain(*curve.event);
     TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(edit, curve, std::move(left));
+}
+
+void TQ_Prseq_Events_DeleteSelectedBpfPoints(Prseq& object, const CurveOf& curve) {
+    const std::vector<size_t> selected = selected_bpf_points(object, *curve.bpf);
+    BpfPoints left;
+    for (size_t i = 0, last = curve.bpf->points.size() - 1; i <= last; ++i)
+        if (i == 0 || i == last || !std::ranges::binary_search(selected, i))
+            left.push_back(curve.bpf->points[i]);
+    if (left.size() == curve.bpf->points.size()) return;
+    deselect_bpf_points(object, *curve.bpf);
+    delete_bpf_points(object, curve, std::move(left));
 }
 
 void move_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints points, size_t moved) {

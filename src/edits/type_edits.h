@@ -20,9 +20,13 @@ void delete_bpf_type(Prseq& object, const TrackRef& track, long index);
 /// range.
 void change_bpf_type(Prseq& object, const TrackRef& track, long index, const BpfTypeValues& values);
 
-void add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point);
+/// Puts a point before the first one that lies after it; its index, or −1, and nothing added, when there is
+/// none.
+long add_bpf_point(Prseq& object, const CurveOf& curve, BpfPoint point);
 /// The curve takes these points, which are its own without some.
 void delete_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints left);
+/// Deletes the selected points, the first and the last point excepted.
+void TQ_Prseq_Events_DeleteSelectedBpfPoints(Prseq& object, const CurveOf& curve);
 /// The curve takes these points, which are as many as its own; `moved` of them are others than before.
 void move_bpf_points(Prseq& object, const CurveOf& curve, BpfPoints points, size_t moved);
 

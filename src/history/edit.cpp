@@ -8,6 +8,18 @@
 
 namespace tq {
 
+namespace {
+
+/// Redo leads to what the document is now, and undo to what it was, unless the timeline has grown.
+void extend_last_item(History& history, Revisions& revisions, bool grew) {
+    if (history.cursor < 0) return;
+    UndoItem& item = *history.items[static_cast<size_t>(history.cursor)];
+    item.revision_after = revisions.current;
+    if (grew) item.revision_before = ++revisions.last;
+}
+
+}  // namespace
+
 void end_what_is_under_way(Prseq& object) {
     commit_editing_gesture(object);
     close_event_capture(object);
@@ -35,6 +47,8 @@ Edit::Edit(Prseq& object, InBurst)
 Edit::Edit(Prseq& object, Step step)
     : object_(object), change_(step.change), length_(object.timelinelength) {}
 
+Edit::Edit(Prseq& object, MoreOfLastItem) : Edit(object, Step{}) { effect_ = Effect::OfLastItem; }
+
 // The timeline does not shrink again: where it has grown, undo brings back what was not there before.
 Edit::Edit(Prseq& object, const EndOfSteps& end)
     : object_(object),
@@ -48,6 +62,7 @@ Edit::~Edit() {
     const bool grew = object_.timelinelength != length_;
     if (effect_ == Effect::Nothing && !grew) return;
     if (effect_ != Effect::Recorded) advance_revision(object_);
+    if (effect_ == Effect::OfLastItem) extend_last_item(object_.history, object_.revisions, grew);
     prseq_show(object_, change_);
     object_notify(object_, tq_sym_document_edited, {});
 }

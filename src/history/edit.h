@@ -35,6 +35,9 @@ class Edit {
         Change change = Change::Events;
     };
     Edit(Prseq& object, Step step);
+    /// More of what the item that was recorded last is about; its undo takes it back too.
+    struct MoreOfLastItem {};
+    Edit(Prseq& object, MoreOfLastItem);
     /// That end. The steps have been made; `before` is what the document was before them.
     struct EndOfSteps {
         BeforeSteps before;
@@ -57,7 +60,7 @@ class Edit {
     void nothing() { effect_ = Effect::Nothing; }
 
  private:
-    enum class Effect { Unrecorded, Recorded, Nothing };
+    enum class Effect { Unrecorded, Recorded, OfLastItem, Nothing };
     Prseq& object_;
     Change change_;
     Effect effect_ = Effect::Unrecorded;

@@ -2,6 +2,7 @@
 #include "history/items.h"
 #include "history/recorders.h"
 #include "instance/prseq.h"
+#include "model/bpf_editor.h"
 #include "model/events.h"
 
 namespace tq {
@@ -18,9 +19,10 @@ struct PointsItem : UndoItem {
     CurveOf curve;
     BpfPoints before, after;
     std::string name() const override { return text; }
-    void undo(Prseq&) override { write(before); }
-    void redo(Prseq&) override { write(after); }
-    void write(const BpfPoints& points) {
+    void undo(Prseq& object) override { write(object, before); }
+    void redo(Prseq& object) override { write(object, after); }
+    void write(Prseq& object, const BpfPoints& points) {
+        if (points.size() != curve.bpf->points.size()) deselect_bpf_points(object, *curve.bpf);
         curve.bpf->points = points;
         TQ_Prseq_Events_LookAgain(*curve.event);
     }

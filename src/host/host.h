@@ -10,6 +10,7 @@
 #include <unordered_map>
 
 #include "host/buffer.h"
+#include "host/mouse_cursor.h"
 #include "host/object.h"
 #include "host/patch_files.h"
 #include "host/scheduler.h"
@@ -25,6 +26,8 @@ struct PatchEars {
     std::function<void(Object&, int outlet, Symbol selector, AtomSpan)> outlet = [](auto&&...) {};
     std::function<void(Object&, Symbol selector, AtomSpan)> dumpout = [](auto&&...) {};
     std::function<void(Object&)> redraw = [](auto&&...) {};
+    /// The pointer over the box is to look like this.
+    std::function<void(const Object&, const MouseCursor&)> cursor = [](auto&&...) {};
     /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
     /// named), or none.
     std::function<std::unique_ptr<Object>(Symbol)> make_receiver = [](auto&&...) { return nullptr; };

@@ -12,6 +12,10 @@ void commit_gesture(Prseq& object) {
     if (const std::unique_ptr<Gesture> gesture = std::move(object.gesture)) gesture->commit(object);
 }
 
+void release_gesture(Prseq& object, const Pointer& at) {
+    if (const std::unique_ptr<Gesture> gesture = std::move(object.gesture)) gesture->release(object, at);
+}
+
 void commit_editing_gesture(Prseq& object) {
     if (object.gesture && object.gesture->edits()) commit_gesture(object);
 }

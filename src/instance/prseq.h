@@ -14,6 +14,7 @@
 #include "instance/capture_record.h"
 #include "instance/change.h"
 #include "instance/clipboard_record.h"
+#include "instance/cursor_record.h"
 #include "instance/cycle.h"
 #include "instance/defaults.h"
 #include "instance/event.h"
@@ -95,6 +96,7 @@ struct Prseq : Box, AttributeFields, Geometry {
     IconMenu iconmenu;
     std::optional<ModalDialog> modaldialog;  ///< while it is open, no part gets the mouse
     Hover hover;
+    MouseCursors cursors;
 
     // playback
     bool playing = false;

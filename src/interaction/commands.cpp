@@ -6,12 +6,15 @@
 #include "edits/event_edits.h"
 #include "edits/timeline_edits.h"
 #include "edits/track_edits.h"
+#include "edits/type_edits.h"
 #include "file/document_messages.h"
 #include "history/undoredo.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
 #include "interaction/mouse_modes.h"
 #include "interaction/replace_document.h"
+#include "interaction/step_commands.h"
+#include "model/bpf_editor.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/output.h"
@@ -53,22 +56,87 @@ bool has_events(const Prseq& object) {
 void open_file(Prseq& object) { replace_document(object, Replacement::Opened); }
 void new_document(Prseq& object) { replace_document(object, Replacement::New); }
 
-void delete_selected(Prseq& object) {
-    if (!edits_curves(object.maindisplay.mousemode)) prseq_deleteselectedevents(object);
-}
-
-void select_all(Prseq& object) {
-    const MouseMode mode = object.maindisplay.mousemode;
-    if (mode != MouseMode::Select && mode != MouseMode::Insert) return;
-    TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack);
-    TQ_Prseq_Output_OutputSelectedEvents(object);
-}
-
 void select_only(Prseq& object, Event* event) {
     if (!event) return;
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     TQ_Prseq_Tracks_SelectEvent2(object, *event);
     TQ_Prseq_Output_OutputSelectedEvents(object);
+}
+
+/// Whether keys and the context menu are about the points of a curve.
+bool edits_points(const Prseq& object) { return edits_curves(object.maindisplay.mousemode); }
+
+void delete_selected(Prseq& object) {
+    if (!edits_points(object)) return prseq_deleteselectedevents(object);
+    if (const CurveOf curve = edited_bpf(object); curve.bpf)
+        TQ_Prseq_Events_DeleteSelectedBpfPoints(object, curve);
+}
+
+void select_all_events(Prseq& object) { TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack); }
+
+void select_all_silently(Prseq& object) {
+    if (!edits_points(object)) return select_all_events(object);
+    if (const CurveOf curve = edited_bpf(object); curve.bpf)
+        TQ_Prseq_Events_SelectAllPointsInBpf(object, curve.bpf);
+}
+
+void select_all(Prseq& object) {
+    select_all_silently(object);
+    if (!edits_points(object)) TQ_Prseq_Output_OutputSelectedEvents(object);
+}
+
+bool can_select_all(const Prseq& object) { return !edits_points(object) || edited_bpf(object).bpf; }
+
+/// What is being dragged goes back to where it was.
+void select_nothing(Prseq& object) {
+    if (object.gesture && object.gesture->edits()) return roll_back_gesture(object);
+    if (const CurveOf curve = edited_bpf(object); curve.bpf && edits_points(object))
+        return deselect_bpf_points(object, *curve.bpf);
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    list_selected_events(object);
+}
+
+template <int grid_steps, int semitones>
+void move(Prseq& object) {
+    move_selection(object, grid_steps, semitones);
+}
+template <int grid_steps>
+void lengthen(Prseq& object) {
+    lengthen_selection(object, grid_steps);
+}
+
+/// At the play position, as high as what is selected or else as middle C.
+void insert_at_position(Prseq& object) {
+    constexpr double middle_c = 60;
+    const double pitch = list_selected_events(object) ? object.selection.front()->pitch : middle_c;
+    select_only(object, insert_event(object, static_cast<long>(object.linecursor.position), pitch).get());
+}
+bool can_insert(const Prseq& object) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    return !track || track->visible;
+}
+
+void go_to_start(Prseq& object) { prseq_position(object, 0); }
+void go_to_end(Prseq& object) {
+    double end = 0;
+    for (const TrackRef& track : object.tracks)
+        end = std::max(end, TQ_Prseq_Tracks_FindLastEventsEnd(track.get()));
+    prseq_position(object, end);
+}
+
+template <MouseMode mode>
+bool is_mode(const Prseq& object) {
+    return object.maindisplay.mousemode == mode;
+}
+template <MouseMode mode>
+void choose_mode(Prseq& object) {
+    prseq_mousemode(object, gensym(mouse_mode_row(mode).name));
+}
+/// Such a command is called as the mode is.
+template <MouseMode mode>
+constexpr CommandRow mode_row(Command id, const char* name) {
+    constexpr auto text = [](const Prseq&) -> std::string { return mouse_mode_row(mode).label; };
+    return {id, name, CommandText(+text), always, is_mode<mode>, choose_mode<mode>};
 }
 
 void select_previous(Prseq& object) {
@@ -111,6 +179,10 @@ void show_times_as(Prseq& object) {
 }
 
 void new_track(Prseq& object) { prseq_addtrack(object, {}); }
+template <long step>
+void activate_track(Prseq& object) {
+    prseq_activetrack(object, object.activetrack + step);
+}
 void delete_track(Prseq& object) { prseq_deletetrack(object, object.activetrack); }
 
 bool edits_bpfs(const Prseq& object) { return object.bpfeditor; }
@@ -145,17 +217,35 @@ constexpr CommandRow rows[] = {
     {Command::Cut, "cut", "Cut", has_selection, never, TQ_Prseq_Clipboard_CutSelection},
     {Command::Copy, "copy", "Copy", has_selection, never, TQ_Prseq_Clipboard_CopySelection},
     {Command::Paste, "paste", "Paste", can_paste, never, TQ_Prseq_Clipboard_PasteSelection},
+    {Command::DeleteEvents, "delete_events", "Delete", has_selection, never, prseq_deleteselectedevents},
     {Command::Delete, "delete", "Delete", has_selection, never, delete_selected},
-    {Command::SelectAll, "select_all", "Select All", has_events, never, select_all},
+    {Command::SelectAllEvents, "select_all_events", "Select All", has_events, never, select_all_events},
+    {Command::SelectAllSilently, "select_all_silently", "Select All", can_select_all, never,
+     select_all_silently},
+    {Command::SelectAll, "select_all", "Select All", can_select_all, never, select_all},
+    {Command::SelectNothing, "select_nothing", "Select Nothing", always, never, select_nothing},
     {Command::SelectPrevious, "select_previous", "Select Previous Event", has_selection, never,
      select_previous},
     {Command::SelectNext, "select_next", "Select Next Event", has_selection, never, select_next},
+    {Command::Duplicate, "duplicate", "Duplicate", has_selection, never, duplicate_selection},
+    {Command::MoveEarlier, "move_earlier", "Move Earlier", has_selection, never, move<-1, 0>},
+    {Command::MoveLater, "move_later", "Move Later", has_selection, never, move<1, 0>},
+    {Command::Shorten, "shorten", "Shorten", has_selection, never, lengthen<-1>},
+    {Command::Lengthen, "lengthen", "Lengthen", has_selection, never, lengthen<1>},
+    {Command::TransposeUp, "transpose_up", "Transpose Up", has_selection, never, move<0, 1>},
+    {Command::TransposeDown, "transpose_down", "Transpose Down", has_selection, never, move<0, -1>},
+    {Command::OctaveUp, "octave_up", "Transpose Up by an Octave", has_selection, never, move<0, 12>},
+    {Command::OctaveDown, "octave_down", "Transpose Down by an Octave", has_selection, never, move<0, -12>},
+    {Command::InsertEvent, "insert_event", "Insert Event at the Position", can_insert, never,
+     insert_at_position},
     {Command::ZoomIn, "zoom_in", "Zoom In", always, never, prseq_zoom_in},
     {Command::ZoomOut, "zoom_out", "Zoom Out", always, never, prseq_zoom_out},
     {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
      prseq_zoom_to_selection},
     {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", is_zoomed_in, never, prseq_zoom_out_all},
     {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},
+    {Command::GoToStart, "go_to_start", "Go To Start", always, never, go_to_start},
+    {Command::GoToEnd, "go_to_end", "Go To End", always, never, go_to_end},
     {Command::DocumentInspector, "document_inspector", "Document Inspector", never, never, nothing},
     toggle<&AttributeFields::trackdisplay>(Command::TrackDisplay, "trackdisplay", "Track Display"),
     toggle<&AttributeFields::keydisplay_shown>(Command::KeyDisplay, "keydisplay", "Key Display"),
@@ -168,6 +258,8 @@ constexpr CommandRow rows[] = {
      shows_times_as<TimeDisplayType::MinutesSeconds>, show_times_as<TimeDisplayType::MinutesSeconds>},
     {Command::NewTrack, "new_track", "New Track", always, never, new_track},
     {Command::DeleteTrack, "delete_track", "Delete Track", has_tracks, never, delete_track},
+    {Command::PreviousTrack, "previous_track", "Previous Track", has_tracks, never, activate_track<-1>},
+    {Command::NextTrack, "next_track", "Next Track", has_tracks, never, activate_track<1>},
     {Command::TrackInspector, "track_inspector", "Track Inspector", never, never, nothing},
     toggle<&AttributeFields::showlabels>(Command::ShowLabels, "showlabels", "Show Labels", has_active_track),
     toggle<&AttributeFields::showmessages>(Command::ShowMessages, "showmessages", "Show Messages",
@@ -188,6 +280,14 @@ constexpr CommandRow rows[] = {
      follow_line_cursor_or_not},
     toggle<&AttributeFields::snappitch>(Command::PitchSnap, "snappitch", "Pitch Snap"),
     toggle<&AttributeFields::snaptime>(Command::TimeSnap, "snaptime", "Time Snap"),
+    mode_row<MouseMode::Select>(Command::SelectMode, "select_mode"),
+    mode_row<MouseMode::Insert>(Command::InsertMode, "insert_mode"),
+    mode_row<MouseMode::Slice>(Command::SliceMode, "slice_mode"),
+    mode_row<MouseMode::Glue>(Command::GlueMode, "glue_mode"),
+    mode_row<MouseMode::Zoom>(Command::ZoomMode, "zoom_mode"),
+    mode_row<MouseMode::EditBpf>(Command::EditBpfMode, "edit_bpf_mode"),
+    mode_row<MouseMode::SelectBpf>(Command::SelectBpfMode, "select_bpf_mode"),
+    mode_row<MouseMode::Buffer>(Command::BufferMode, "buffer_mode"),
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "interaction/dragged_events.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 #include "model/buffers.h"
@@ -11,6 +12,24 @@
 #include "model/tracks.h"
 
 namespace tq {
+
+double DraggedExtent::held_later(double ms) const { return std::max(ms, -first_start); }
+
+double DraggedExtent::held_higher(double semitones) const {
+    return std::clamp(semitones, -low_pitch, std::max(Prseq::maximumpitch - high_pitch, -low_pitch));
+}
+
+DraggedExtent DraggedEvents::extent() const {
+    if (snapshots_.empty()) return {};
+    DraggedExtent extent{HUGE_VAL, -HUGE_VAL, HUGE_VAL, -HUGE_VAL};
+    for (const UndoEventSnapshot& s : snapshots_) {
+        extent.first_start = std::min(extent.first_start, s.start);
+        extent.end = std::max(extent.end, s.start + s.duration);
+        extent.low_pitch = std::min(extent.low_pitch, s.pitch);
+        extent.high_pitch = std::max(extent.high_pitch, s.pitch);
+    }
+    return extent;
+}
 
 DraggedEvents::DraggedEvents(Prseq& object) : before_(before_steps(object)) { take(object); }
 
@@ -35,6 +54,15 @@ void DraggedEvents::write_times(Prseq& object, const std::vector<EventTimes>& ti
     }
     extend_timeline(object, end);
     object.timelinelengthasked = true;
+}
+
+void DraggedEvents::fit_buffer_ranges() {
+    for (const UndoEventSnapshot& s : snapshots_) {
+        if (!s.bufferend || !s.event->buffer() || !is_here(s)) continue;
+        BufferRange& now = s.event->make_link();
+        const bool fits = now.end - now.start <= s.event->duration;
+        now.end = fits ? *s.bufferend : now.start + s.event->duration;
+    }
 }
 
 void DraggedEvents::restore() { set_snapshots(in_document()); }

@@ -9,6 +9,17 @@
 
 namespace tq {
 
+/// The rectangle of the document that events take, and how far it can be moved.
+struct DraggedExtent {
+    double first_start = 0, end = 0;         ///< ms
+    double low_pitch = 0, high_pitch = 131;  ///< semitones
+
+    /// What of a way in ms can be gone: nothing begins before 0.
+    double held_later(double ms) const;
+    /// The same in semitones: no pitch leaves the editor's, or leaves it farther.
+    double held_higher(double semitones) const;
+};
+
 /// The selected events of the active track as they were. An event that leaves that track meanwhile is left
 /// alone from then on.
 class DraggedEvents {
@@ -24,6 +35,8 @@ class DraggedEvents {
 
     size_t size() const { return snapshots_.size(); }
     const std::vector<UndoEventSnapshot>& snapshots() const { return snapshots_; }
+    /// Of the snapshots.
+    DraggedExtent extent() const;
     /// The snapshots of those that are still on their track.
     std::vector<UndoEventSnapshot> in_document() const;
     const BeforeSteps& before() const { return before_; }
@@ -46,6 +59,9 @@ class DraggedEvents {
         changed_ = true;
     }
     void restore();
+    /// After durations were written: a range of a buffer ends with its event, or where it ended when the
+    /// event is long enough.
+    void fit_buffer_ranges();
 
  private:
     bool is_here(const UndoEventSnapshot& s) const { return s.event->track == track_.get(); }

@@ -1,15 +1,12 @@
 #include "interaction/icon_menu.h"
 
-#include <fmt/printf.h>
-
-#include "host/defer.h"
 #include "instance/geometry.h"
 #include "instance/prseq.h"
 #include "interaction/menus.h"
 #include "interaction/mouse_modes.h"
+#include "interaction/resource_pictures.h"
 #include "view/icon_menu.h"
 #include "view/menu_bar.h"
-#include "view/pictures.h"
 
 namespace tq {
 
@@ -18,27 +15,17 @@ namespace {
 using enum MouseMode;
 constexpr MouseMode order[] = {Select, Insert, Slice, Glue, Zoom, EditBpf, SelectBpf, Buffer};
 
-/// The instance may be in the making, when nobody hears what it says.
-SurfaceRef load(Prseq& object, const char* image) {
-    SurfaceRef picture = bundled_picture(gensym(image));
-    if (!picture)
-        defer_low(object, [image = std::string(image)](Prseq& o) {
-            object_error(o, fmt::sprintf("file %s not found", image));
-        });
-    return picture;
-}
-
 }  // namespace
 
 std::optional<Icona> TQ_Prseq_IconMenu_MakeIcona(Prseq& object, const char* image, MouseMode mode) {
-    SurfaceRef picture = load(object, image);
+    SurfaceRef picture = picture_or_error(object, image);
     return picture ? std::optional(Icona{std::move(picture), mode}) : std::nullopt;
 }
 
 void TQ_Prseq_IconMenu_MakeMousemodeIconMenu(Prseq& object) {
     IconMenu& menu = object.iconmenu;
-    menu.normal = load(object, "iconmenu_cursor_normal.png");
-    menu.selected = load(object, "iconmenu_cursor_selected.png");
+    menu.normal = picture_or_error(object, "iconmenu_cursor_normal.png");
+    menu.selected = picture_or_error(object, "iconmenu_cursor_selected.png");
     for (MouseMode mode : order)
         if (auto icon = TQ_Prseq_IconMenu_MakeIcona(object, mouse_mode_row(mode).icon, mode))
             menu.icons.push_back(std::move(*icon));

@@ -15,7 +15,16 @@ struct KeyCommand {
     long code;
     unsigned modifiers;  ///< exactly these
     Command command;
+    bool (*applies)(const Prseq&) = [](const Prseq&) { return true; };
 };
+
+/// Where there are no events to be selected by hand, the key selects none.
+bool selects(const Prseq& object) {
+    using enum MouseMode;
+    const MouseMode mode = object.maindisplay.mousemode;
+    return mode == Select || mode == Insert || edits_curves(mode);
+}
+
 constexpr KeyCommand key_commands[] = {
     {'x', 0, Command::Cut},
     {'c', 0, Command::Copy},
@@ -23,7 +32,7 @@ constexpr KeyCommand key_commands[] = {
     {key_backspace, 0, Command::Delete},
     {'z', 0, Command::Undo},
     {'z', modifier_shift, Command::Redo},
-    {'a', 0, Command::SelectAll},
+    {'a', 0, Command::SelectAll, selects},
     {key_left, 0, Command::SelectPrevious},
     {key_right, 0, Command::SelectNext},
 };
@@ -31,8 +40,9 @@ constexpr KeyCommand key_commands[] = {
 }  // namespace
 
 void prseq_key(Prseq& object, long code, unsigned modifiers) {
-    auto key = std::ranges::find_if(
-        key_commands, [&](const KeyCommand& k) { return k.code == code && k.modifiers == modifiers; });
+    auto key = std::ranges::find_if(key_commands, [&](const KeyCommand& k) {
+        return k.code == code && k.modifiers == modifiers && k.applies(object);
+    });
     if (key == std::end(key_commands)) return jbox_redraw(object);
     run_command(object, key->command);
     prseq_show(object, Change::Events);

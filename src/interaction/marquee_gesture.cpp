@@ -1,16 +1,14 @@
 #include "interaction/marquee_gesture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <unordered_set>
 #include <vector>
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
 #include "interaction/hit_test.h"
+#include "interaction/marquee.h"
 #include "model/selection.h"
 #include "model/tracks.h"
-#include "view/maindisplay.h"
 
 namespace tq {
 
@@ -27,23 +25,14 @@ class MarqueeGesture final : public Gesture {
     }
 
     void step(Prseq& object, const Pointer& to) override {
-        MainDisplay& md = object.maindisplay;
-        const Point corner = TQ_Prseq_Maindisplay_CalculateDisplayPositionFromStartAndPitch(
-            object, md, press_.ms, press_.pitch);
-        const double top = corner.y - md.verticalscroll;
-        const Point drag{std::max(to.at.x - md.rect.x, 0.), std::max(to.at.y - md.rect.y, 0.)};
-        md.marquee = {std::min(corner.x, drag.x), std::min(top, drag.y), std::abs(drag.x - corner.x),
-                      std::abs(drag.y - top)};
-        md.marqueeactive = true;
+        TQ_Prseq_Maindisplay_SetMarqueeRect(object, press_, to);
         select_touched(object, to.modifiers & modifier_shift);
-        prseq_show(object, Change::Marquee);
         prseq_show(object, Change::Events);
     }
 
     void commit(Prseq& object) override {
-        object.maindisplay.marqueeactive = false;
+        close_marquee(object);
         list_selected_events(object);
-        prseq_show(object, Change::Marquee);
     }
 
     void rollback(Prseq& object) override {

@@ -2,6 +2,8 @@
 
 #include "history/edit.h"
 #include "instance/prseq.h"
+#include "interaction/autoscroll.h"
+#include "interaction/cursors.h"
 #include "interaction/parts.h"
 #include "interaction/pointer.h"
 #include "interaction/replace_document.h"
@@ -49,13 +51,15 @@ void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
 void prseq_mousedrag(Prseq& object, double x, double y, unsigned modifiers) {
     // What is pressed in the main display stays over its pitches, wherever it is dragged.
     if (object.hover.part == Part::MainDisplay) hover_at(object, {Part::MainDisplay, {x, y}});
-    if (object.gesture && !object.modaldialog)
+    if (object.gesture && !object.modaldialog) {
+        autoscroll(object, {x, y}, modifiers);
         object.gesture->step(object, pointer_at(object, x, y, modifiers));
+    }
     jbox_redraw(object);
 }
 
-void prseq_mouseup(Prseq& object, double, double, unsigned) {
-    commit_gesture(object);
+void prseq_mouseup(Prseq& object, double x, double y, unsigned modifiers) {
+    release_gesture(object, pointer_at(object, x, y, modifiers));
     hide_tiptool(object);
     if (object.outputonrelease) TQ_Prseq_Output_OutputSelectedEvents(object);
     object.outputonrelease = false;
@@ -71,15 +75,22 @@ void prseq_mousemove(Prseq& object, double x, double y, unsigned modifiers) {
     if (object.tiptool.visible) hide_tiptool(object);
     hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
-    if (part && part->hover) part->hover(object, pointer_at(object, x, y, modifiers));
+    if (part)
+        part->hover(object, pointer_at(object, x, y, modifiers));
+    else
+        TQ_Prseq_SetMouseCursorFromIcon(object, CursorArrow);
 }
 
-void prseq_mouseleave(Prseq& object, double x, double y, unsigned) { hover_at(object, {Part::None, {x, y}}); }
+void prseq_mouseleave(Prseq& object, double x, double y, unsigned) {
+    hover_at(object, {Part::None, {x, y}});
+    TQ_Prseq_SetMouseCursorFromIcon(object, CursorArrow);
+}
 
 void prseq_mousewheel(Prseq& object, double x, double y, unsigned, double dx, double dy) {
     hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
     const PartRow* part = part_under(object, x, y);
     if (part && part->wheel) part->wheel(object, {dx, dy});
+    if (part && !part->wheel) TQ_Prseq_SetMouseCursorFromIcon(object, CursorArrow);
 }
 
 void prseq_focusgained(Prseq& object) { set_focus(object, true); }

@@ -1,12 +1,23 @@
 #include "interaction/mouse_modes.h"
 
+#include <fmt/printf.h>
+
 #include <algorithm>
+#include <cmath>
+#include <string_view>
 
 #include "edits/event_edits.h"
+#include "host/modifiers.h"
 #include "instance/prseq.h"
+#include "interaction/bpf_edit_mode.h"
+#include "interaction/bpf_select_mode.h"
+#include "interaction/buffer_mode.h"
+#include "interaction/cursors.h"
 #include "interaction/hit_test.h"
+#include "interaction/insert_gesture.h"
 #include "interaction/pointer.h"
 #include "interaction/select_mode.h"
+#include "interaction/zoom_gesture.h"
 #include "model/bpf_editor.h"
 #include "model/selection.h"
 #include "model/tracks.h"
@@ -16,7 +27,11 @@ namespace tq {
 
 namespace {
 
-void press_nothing(Prseq&, const Pointer&) {}
+void press_in_insert_mode(Prseq& object, const Pointer& press) {
+    object.gesture = insert_gesture(object, press);
+}
+
+void press_in_zoom_mode(Prseq& object, const Pointer& press) { object.gesture = zoom_gesture(press); }
 
 void press_in_slice_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_under(object, press);
@@ -29,18 +44,50 @@ void press_in_glue_mode(Prseq& object, const Pointer& press) {
     if (const EventRef event = event_under(object, press)) glue_event_to_next(object, event);
 }
 
+/// The whole ms under the pointer, on the grid.
+double hovered_position(const Prseq& object, const Pointer& at) {
+    return snapped(std::floor(at.ms), snap_grid(object));
+}
+
+template <CursorIndex cursor>
+void show_cursor(Prseq& object, const Pointer&) {
+    TQ_Prseq_SetMouseCursorFromIcon(object, cursor);
+}
+
+void hover_in_insert_mode(Prseq& object, const Pointer& at) {
+    TQ_Prseq_SetMouseCursorFromIcon(object, CursorPencil);
+    const double pitch = object.snappitch ? std::floor(at.pitch) : at.pitch;
+    show_tiptool(object, at,
+                 fmt::sprintf("Position: %.2f ms\nPitch: %.2f", hovered_position(object, at), pitch));
+}
+
+void hover_in_zoom_mode(Prseq& object, const Pointer& at) {
+    TQ_Prseq_SetMouseCursorFromIcon(object, at.modifiers & modifier_option ? CursorZoomOut : CursorZoomIn);
+}
+
+void hover_in_slice_mode(Prseq& object, const Pointer& at) {
+    TQ_Prseq_SetMouseCursorFromIcon(object, CursorScissors);
+    if (event_under(object, at))
+        show_tiptool(object, at, fmt::sprintf("Slice: %f ms", hovered_position(object, at)));
+}
+
 constexpr MouseModeRow rows[] = {
-    {MouseMode::Select, "select", "Select", "pointer8.png", BpfEditor::Closes, press_in_select_mode},
-    {MouseMode::Insert, "insert", "Insert", "cursor_pencil32.png", BpfEditor::Closes, press_nothing},
-    {MouseMode::Zoom, "zoom", "Zoom", "cursor_zoom.png", BpfEditor::StaysAsItIs, press_nothing},
+    {MouseMode::Select, "select", "Select", "pointer8.png", BpfEditor::Closes, press_in_select_mode,
+     hover_in_select_mode},
+    {MouseMode::Insert, "insert", "Insert", "cursor_pencil32.png", BpfEditor::Closes, press_in_insert_mode,
+     hover_in_insert_mode},
+    {MouseMode::Zoom, "zoom", "Zoom", "cursor_zoom.png", BpfEditor::StaysAsItIs, press_in_zoom_mode,
+     hover_in_zoom_mode},
     {MouseMode::EditBpf, "edit_bpf", "Edit Bpf Points", "cursor_pencilBpf32.png", BpfEditor::Opens,
-     press_nothing},
+     press_in_edit_bpf_mode, hover_in_edit_bpf_mode},
     {MouseMode::SelectBpf, "select_bpf", "Select Bpf Points", "cursor_selectBpf.png", BpfEditor::Opens,
-     press_nothing},
-    {MouseMode::Slice, "slice", "Slice", "cursor_scissors.png", BpfEditor::Closes, press_in_slice_mode},
-    {MouseMode::Glue, "glue", "Glue", "cursor_pastetube.png", BpfEditor::Closes, press_in_glue_mode},
+     press_in_select_bpf_mode, show_cursor<CursorSelectBpf>},
+    {MouseMode::Slice, "slice", "Slice", "cursor_scissors.png", BpfEditor::Closes, press_in_slice_mode,
+     hover_in_slice_mode},
+    {MouseMode::Glue, "glue", "Glue", "cursor_pastetube.png", BpfEditor::Closes, press_in_glue_mode,
+     show_cursor<CursorPasteTube>},
     {MouseMode::Buffer, "buffer", "Buffer Start/End", "cursor_arrows_leftright.png", BpfEditor::Closes,
-     press_nothing},
+     press_in_buffer_mode, hover_in_buffer_mode},
 };
 
 void open_bpf_editor(Prseq& object) {
@@ -60,7 +107,10 @@ std::span<const MouseModeRow> mouse_modes() { return rows; }
 const MouseModeRow& mouse_mode_row(MouseMode mode) { return rows[static_cast<size_t>(mode)]; }
 
 void prseq_mousemode(Prseq& object, Symbol name) {
-    auto row = std::ranges::find_if(rows, [&](const MouseModeRow& r) { return name.text() == r.name; });
+    std::string_view wanted = name.text();
+    if (wanted == "buffer_display") wanted = "buffer";
+    auto row =
+        std::ranges::find(rows, wanted, [](const MouseModeRow& r) { return std::string_view(r.name); });
     if (row == std::end(rows)) {
         object_error(object, "mouse mode does not exist");
         return;

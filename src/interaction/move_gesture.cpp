@@ -10,6 +10,7 @@
 #include "host/modifiers.h"
 #include "host/round.h"
 #include "instance/prseq.h"
+#include "interaction/cursors.h"
 #include "interaction/dragged_events.h"
 #include "interaction/pointer.h"
 #include "model/selected_events.h"
@@ -24,9 +25,7 @@ namespace {
 class MoveGesture final : public Gesture {
  public:
     MoveGesture(Prseq& object, EventRef clicked, const Pointer& press)
-        : press_(press), clicked_(std::move(clicked)), dragged_(object) {
-        measure();
-    }
+        : press_(press), clicked_(std::move(clicked)), dragged_(object), extent_(dragged_.extent()) {}
 
     void step(Prseq& object, const Pointer& to) override {
         Edit edit(object, Edit::Step{});
@@ -38,6 +37,7 @@ class MoveGesture final : public Gesture {
     }
 
     void commit(Prseq& object) override {
+        end_copying(object);
         if (!dragged_.changed()) return;
         Edit edit(object, dragged_.end());
         if (copies_.empty())
@@ -47,6 +47,7 @@ class MoveGesture final : public Gesture {
     }
 
     void rollback(Prseq& object) override {
+        end_copying(object);
         Edit edit(object, Edit::Step{});
         dragged_.restore();
         TQ_Prseq_Tracks_DeleteEventReferences(object, copies_);
@@ -54,13 +55,8 @@ class MoveGesture final : public Gesture {
     }
 
  private:
-    /// How far the selection can go as a whole.
-    void measure() {
-        for (const UndoEventSnapshot& s : dragged_.snapshots()) {
-            first_start_ = std::min(first_start_, s.start);
-            low_pitch_ = std::min(low_pitch_, s.pitch);
-            high_pitch_ = std::max(high_pitch_, s.pitch);
-        }
+    void end_copying(Prseq& object) const {
+        if (!copies_.empty()) TQ_Prseq_SetMouseCursorFromIcon(object, CursorArrow);
     }
 
     /// The copies go on from here; the events themselves stay where they were.
@@ -74,6 +70,7 @@ class MoveGesture final : public Gesture {
         TQ_Prseq_Tracks_SelectEventsFromLinkedList(object, copies_);
         list_selected_events(object);
         dragged_.take(object);
+        TQ_Prseq_SetMouseCursorFromIcon(object, CursorCopying);
     }
 
     void move_one(Prseq& object, const Pointer& to) {
@@ -89,9 +86,8 @@ class MoveGesture final : public Gesture {
     }
 
     void move_several(Prseq& object, const Pointer& to) {
-        const double later = std::max(to.ms - press_.ms, -first_start_), grid = snap_grid(object);
-        const double higher = std::clamp(to.pitch - press_.pitch, -low_pitch_,
-                                         std::max(Prseq::maximumpitch - high_pitch_, -low_pitch_));
+        const double later = extent_.held_later(to.ms - press_.ms), grid = snap_grid(object);
+        const double higher = extent_.held_higher(to.pitch - press_.pitch);
         dragged_.write(object, [&](const UndoEventSnapshot& s) {
             const double pitch = s.pitch + higher;
             return DraggedEvents::Values{snapped(s.start + later, grid), s.duration,
@@ -106,7 +102,7 @@ class MoveGesture final : public Gesture {
     EventRef clicked_;
     DraggedEvents dragged_;
     std::vector<EventRef> copies_;
-    double first_start_ = HUGE_VAL, low_pitch_ = HUGE_VAL, high_pitch_ = -HUGE_VAL;
+    DraggedExtent extent_;  ///< at the press
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "interaction/pointer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
@@ -30,6 +31,11 @@ double snap_grid(const Prseq& object) {
 
 double snapped(double ms, double grid) {
     return grid > 0 ? TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse({}, grid, ms) : ms;
+}
+
+double pitch_to_insert(const Prseq& object, const Pointer& pointer) {
+    const double pitch = std::clamp(pointer.pitch, 0., Prseq::maximumpitch);
+    return object.snappitch ? std::floor(pitch) : pitch;
 }
 
 void show_tiptool(Prseq& object, const Pointer& pointer, const std::string& text) {

@@ -16,6 +16,8 @@ Point dragged_to(const Pointer& press, const Pointer& to);
 double snap_grid(const Prseq& object);
 /// The nearest time on a grid, in ms; the time itself where the grid is 0.
 double snapped(double ms, double grid);
+/// The pitch at the pointer that an event takes there: within the editor's, and whole with "snappitch".
+double pitch_to_insert(const Prseq& object, const Pointer& pointer);
 /// Shows the tiptool beside the pointer, inside the main display.
 void show_tiptool(Prseq& object, const Pointer& pointer, const std::string& text);
 

@@ -19,10 +19,8 @@ class ResizeGesture final : public Gesture {
  public:
     ResizeGesture(Prseq& object, EventRef clicked, Edge edge)
         : clicked_(std::move(clicked)), edge_(edge), dragged_(object) {
-        for (const UndoEventSnapshot& s : dragged_.snapshots()) {
+        for (const UndoEventSnapshot& s : dragged_.snapshots())
             if (s.event == clicked_) at_press_ = s;
-            if (s.bufferend) ranges_.push_back({s.event, *s.bufferend - s.event->link().start});
-        }
     }
 
     void step(Prseq& object, const Pointer& to) override {
@@ -31,7 +29,7 @@ class ResizeGesture final : public Gesture {
             drag_starts(object, to);
         else
             drag_ends(object, to);
-        fit_buffer_ranges();
+        dragged_.fit_buffer_ranges();
     }
 
     void commit(Prseq& object) override {
@@ -50,12 +48,6 @@ class ResizeGesture final : public Gesture {
     }
 
  private:
-    /// How much an event played of its buffer at the press.
-    struct Range {
-        EventRef event;
-        double length;  ///< ms
-    };
-
     void drag_starts(Prseq& object, const Pointer& to) {
         double start = snapped(std::clamp(to.ms, 0., object.timelinelength), snap_grid(object));
         const bool one = dragged_.size() == 1;
@@ -86,21 +78,10 @@ class ResizeGesture final : public Gesture {
                                         duration, longer));
     }
 
-    /// A range ends with its event, or where it ended when the event is long enough.
-    void fit_buffer_ranges() {
-        for (const Range& range : ranges_) {
-            if (!range.event->buffer()) continue;
-            BufferRange& now = range.event->make_link();
-            const bool fits = now.end - now.start <= range.event->duration;
-            now.end = now.start + (fits ? range.length : range.event->duration);
-        }
-    }
-
     EventRef clicked_;
     Edge edge_;
     DraggedEvents dragged_;
     UndoEventSnapshot at_press_;
-    std::vector<Range> ranges_;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "host/host.h"
 #include "instance/prseq.h"
 #include "interaction/pointer.h"
 #include "interaction/view_axis.h"
@@ -49,21 +50,50 @@ class ScrollbarGesture final : public Gesture {
     ZoomScroll before_;
 };
 
-/// How far a press scrolls, in pixels of the page.
-double distance(const Prseq& object, const ViewAxis& axis, ScrollbarResult result) {
-    const double page = (object.*axis.bar).selectionpagesize, step = axis.step(object);
-    switch (result) {
-        case ClickedInArrowBox0:
-            return -step;
-        case ClickedInArrowBox1:
-            return step;
-        case ClickedInScrollbarBoxOutsideKnobLower:
-            return -page;
-        case ClickedInScrollbarBoxOutsideKnobHigher:
-            return page;
-        default:
-            return 0;
-    }
+/// What a press in an arrow, or in the page area beside the knob, does at once, and again and again while the
+/// button is held.
+struct Repeat {
+    ScrollbarResult pressed;
+    double (*distance)(const Prseq&, const ViewAxis&);  ///< pixels of the page
+    /// There is nothing more to scroll to: the end of the page, or the knob is where the press was.
+    bool (*done)(const TQScrollbar&, double press);
+};
+constexpr double first_delay = 330, repeat_interval = 50;  // ms
+constexpr double at_the_end = 1e-9;                        // unity, but for the last bits of sums
+
+template <int direction>
+double arrow_distance(const Prseq& object, const ViewAxis& axis) {
+    return direction * axis.step(object);
+}
+template <int direction>
+double page_distance(const Prseq& object, const ViewAxis& axis) {
+    return direction * (object.*axis.bar).selectionpagesize;
+}
+constexpr Repeat repeats[] = {
+    {ClickedInArrowBox0, arrow_distance<-1>,
+     [](const TQScrollbar& bar, double) { return bar.scrollunityvalue <= at_the_end; }},
+    {ClickedInArrowBox1, arrow_distance<1>,
+     [](const TQScrollbar& bar, double) { return bar.scrollunityvalue >= 1 - at_the_end; }},
+    {ClickedInScrollbarBoxOutsideKnobLower, page_distance<-1>,
+     [](const TQScrollbar& bar, double press) { return bar.knobposition <= press; }},
+    {ClickedInScrollbarBoxOutsideKnobHigher, page_distance<1>,
+     [](const TQScrollbar& bar, double press) { return bar.knobposition + bar.knobsize >= press; }},
+};
+
+/// Where a press is in the scroll box, along it.
+double along(const TQScrollbar& bar, Point at) {
+    return bar.orientation == TQScrollbar::Orientation::Horizontal ? at.x - bar.scrollbox.x
+                                                                   : at.y - bar.scrollbox.y;
+}
+
+void scroll_repeatedly(Prseq& object, const ViewAxis& axis, const Repeat& repeat, double press) {
+    const auto scroll = [&object, &axis, &repeat, press](double delay) {
+        scroll_axis(object, axis, repeat.distance(object, axis));
+        if (!repeat.done(object.*axis.bar, press)) clock_fdelay(*object.gesture->repeat, delay);
+    };
+    object.gesture->repeat =
+        std::make_unique<Clock>(object.host().scheduler, object, [scroll] { scroll(repeat_interval); });
+    scroll(first_delay);
 }
 
 void press_scrollbar(Prseq& object, const ViewAxis& axis, const Pointer& press) {
@@ -74,7 +104,8 @@ void press_scrollbar(Prseq& object, const ViewAxis& axis, const Pointer& press) 
     zoom_clock_stop(object);  // an animated zoom would take the view away again
     object.gesture = std::make_unique<ScrollbarGesture>(axis, press, before);
     if (result == ClickedInZoomBox) axis_zoomed(object, axis);
-    if (const double pixels = distance(object, axis, result); pixels != 0) scroll_axis(object, axis, pixels);
+    for (const Repeat& repeat : repeats)
+        if (repeat.pressed == result) scroll_repeatedly(object, axis, repeat, along(object.*axis.bar, at));
 }
 
 }  // namespace

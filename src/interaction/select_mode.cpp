@@ -2,6 +2,7 @@
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
+#include "interaction/cursors.h"
 #include "interaction/hit_test.h"
 #include "interaction/marquee_gesture.h"
 #include "interaction/move_gesture.h"
@@ -50,6 +51,15 @@ void press_in_select_mode(Prseq& object, const Pointer& press) {
         object.gesture = move_gesture(object, event, press);
     else
         object.gesture = resize_gesture(object, event, edge);
+}
+
+void hover_in_select_mode(Prseq& object, const Pointer& at) {
+    const EventRef event = event_under(object, at);
+    const Edge edge =
+        event ? edge_at(TQ_Prseq_Events_Rect(object, *event), event_space(object, at).x) : Edge::Inside;
+    TQ_Prseq_SetMouseCursorFromIcon(object, edge == Edge::Start ? CursorResizeLeft
+                                            : edge == Edge::End ? CursorResizeRight
+                                                                : CursorArrow);
 }
 
 }  // namespace tq

@@ -5,6 +5,7 @@
 
 #include "edits/timeline_edits.h"
 #include "instance/prseq.h"
+#include "interaction/cursors.h"
 #include "interaction/pointer.h"
 #include "playback/output.h"
 #include "playback/time.h"
@@ -86,16 +87,27 @@ class LoopGesture final : public Gesture {
     Cycle before_;
 };
 
+std::optional<LoopGrip> grip_under(const Prseq& object, Point at) {
+    const Rect& part = object.layout[Part::TimeDisplay];
+    return loop_grip_at(object, {at.x - part.x, at.y - part.y});
+}
+
 }  // namespace
 
 void press_timedisplay(Prseq& object, const Pointer& press) {
-    const Rect& part = object.layout[Part::TimeDisplay];
-    if (const auto grip = loop_grip_at(object, {press.at.x - part.x, press.at.y - part.y})) {
+    if (const auto grip = grip_under(object, press.at)) {
         object.gesture = std::make_unique<LoopGesture>(object, *grip, press);
-        return;
+    } else {
+        object.gesture = std::make_unique<PositionGesture>(object.linecursor.position);
+        move_position(object, press.at);
     }
-    object.gesture = std::make_unique<PositionGesture>(object.linecursor.position);
-    move_position(object, press.at);
+    object.gesture->autoscroll = Autoscroll::Horizontal;
+}
+
+void hover_timedisplay(Prseq& object, const Pointer& at) {
+    static constexpr CursorIndex cursors[] = {CursorResizeLeft, CursorHand, CursorResizeRight};
+    const auto grip = grip_under(object, at.at);
+    TQ_Prseq_SetMouseCursorFromIcon(object, grip ? cursors[static_cast<size_t>(*grip)] : CursorArrow);
 }
 
 }  // namespace tq

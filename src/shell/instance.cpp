@@ -4,6 +4,7 @@
 #include "host/defer.h"
 #include "host/host.h"
 #include "instance/symbols.h"
+#include "interaction/cursors.h"
 #include "interaction/icon_menu.h"
 #include "model/bars.h"
 #include "model/buffers.h"
@@ -34,6 +35,7 @@ void do_initialisation(Prseq& object) {
     prseq_resize_maxtime(object, object.timelinelength);
     begin_meter(object);
     TQ_Prseq_IconMenu_MakeMousemodeIconMenu(object);
+    TQ_Prseq_MakeIconsForCursor(object);
     prseq_setdirtyflag(object, false);
     prseq_show(object, Change::Initialisation);
     object.initialised = true;

@@ -18,15 +18,6 @@ namespace {
 
 constexpr double animation_duration = 500, tick_interval = 20;  // ms
 
-/// Starts from what is visible now.
-void zoom_to(Prseq& object, const Sector& target) {
-    object.zoomanimation.start = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(
-        object, TQ_Prseq_Zoom_GetZoomScrollObjectNow(object));
-    object.zoomanimation.target = target;
-    TQ_Prseq_Zoom_DoZoom(object);
-    TQ_Prseq_Output_ZoomScrollNow(object);
-}
-
 void zoom_by(Prseq& object, double factor, double pagex, double localy) {
     const double time = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, object.maindisplay, pagex);
     const double pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(object.maindisplay, localy);
@@ -50,6 +41,14 @@ void show_sector(Prseq& object, const Sector& sector) {
 }
 
 }  // namespace
+
+void zoom_to(Prseq& object, const Sector& target) {
+    object.zoomanimation.start = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(
+        object, TQ_Prseq_Zoom_GetZoomScrollObjectNow(object));
+    object.zoomanimation.target = target;
+    TQ_Prseq_Zoom_DoZoom(object);
+    TQ_Prseq_Output_ZoomScrollNow(object);
+}
 
 void prseq_zoom_in(Prseq& object) {
     const Point point = center(object);

@@ -4,12 +4,15 @@
 namespace tq {
 
 struct Prseq;
+struct Sector;
 
 void prseq_zoom_in(Prseq& object);
 void prseq_zoom_out(Prseq& object);
 void prseq_zoom_to_selection(Prseq& object);
 void prseq_zoom_out_all(Prseq& object);
 
+/// To a sector of the document; the view is reported as it was before.
+void zoom_to(Prseq& object, const Sector& target);
 /// Half, or twice, of what is visible, around a page x and a y from the display's top.
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy);
 void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy);

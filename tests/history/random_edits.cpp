@@ -159,7 +159,8 @@ struct Edits {
                              points.begin() + static_cast<long>(2 + below(points.size() - 2)));
                 return delete_bpf_points(object, curve, points);
             default:
-                return add_bpf_point(object, curve, {(1 + number(999)) / 1000, number(100) / 100});
+                add_bpf_point(object, curve, {(1 + number(999)) / 1000, number(100) / 100});
+                return;
         }
     }
 

@@ -165,7 +165,8 @@ TEST_F(ParameterGestureTest, RedrawsTheLaneAloneAndTellsTheValue) {
     EXPECT_TRUE(box.tiptool.visible);
     EXPECT_EQ(box.tiptool.text, "95.25");
     EXPECT_EQ(box.tiptool.constrain, box.layout[Part::ParameterDisplay]);
-    EXPECT_EQ(layers_painted(), "parameterdisplayBG_layer parameterdisplay_layer upperdisplay_layer tiptool_layer")
+    EXPECT_EQ(layers_painted(),
+              "parameterdisplayBG_layer parameterdisplay_layer upperdisplay_layer tiptool_layer")
         << "it is dirty now";
     drag(101, 0);
     EXPECT_EQ(layers_painted(), "parameterdisplayBG_layer parameterdisplay_layer tiptool_layer");

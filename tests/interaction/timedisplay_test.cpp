@@ -27,8 +27,8 @@ struct TimeDisplayTest : ScriptTest {
         const Lines said = mouse("drag", row.to, -50);
         EXPECT_NEAR(box().cycle.start, row.start, 1e-6) << row.what;
         EXPECT_NEAR(box().cycle.end, row.end, 1e-6) << row.what;
-        ASSERT_EQ(said.size(), 1u) << row.what;
-        EXPECT_TRUE(said[0].starts_with("out3 cyclerange ")) << said[0];
+        ASSERT_EQ(said.size(), row.to < 0 || row.to > 10000 ? 2u : 1u) << "outside, it scrolls: " << row.what;
+        EXPECT_TRUE(said.back().starts_with("out3 cyclerange ")) << said.back();
         mouse("up", row.to, bar);
     }
 };

@@ -59,6 +59,9 @@ void Session::wire() {
         tell([&](auto& l) { l.dumpout(selector, atoms); });
     };
     host_.patch.redraw = [this](Object&) { tell([](auto& l) { l.redraw(); }); };
+    host_.patch.cursor = [this](const Object&, const MouseCursor& cursor) {
+        tell([&](auto& l) { l.cursor(cursor); });
+    };
     host_.patch.outlet = [this](Object&, int outlet, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.outlet(outlet, selector, atoms); });
         if (feedback && outlet == OutletSystemInfo && selector == tq_sym_ticks && !atoms.empty())

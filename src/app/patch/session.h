@@ -28,6 +28,7 @@ class SessionListener {
     virtual void post(const std::string&) {}
     virtual void error(const Object&, const std::string&) {}
     virtual void redraw() {}
+    virtual void cursor(const MouseCursor&) {}
 
  private:
     friend class Session;

@@ -55,14 +55,17 @@ Lines show_tiptool(Prseq& box) {
     return {line};
 }
 
+Lines show_cursor(Prseq& box) { return {"cursor " + std::to_string(box.cursors.current)}; }
+
 Lines show_document(Prseq& box) { return {"document " + TQ_Prseq_Json_MakeDictionary(box, false)}; }
 
 }  // namespace
 
 std::optional<Lines> show_lines(Prseq& box, const std::string& what) {
     static const std::map<std::string, Lines (*)(Prseq&)> rows{
-        {"parts", show_parts},   {"view", show_view},       {"events", show_events},
-        {"layers", show_layers}, {"tiptool", show_tiptool}, {"document", show_document}};
+        {"parts", show_parts},      {"view", show_view},     {"events", show_events},
+        {"layers", show_layers},    {"cursor", show_cursor}, {"tiptool", show_tiptool},
+        {"document", show_document}};
     auto row = rows.find(what);
     return row == rows.end() ? std::nullopt : std::optional(row->second(box));
 }

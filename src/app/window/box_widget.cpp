@@ -21,6 +21,11 @@ namespace {
 constexpr int least_width = 200, least_height = 240;
 constexpr qint64 shortest_frame = 8;  // ms
 
+Qt::CursorShape shape_of(long host_shape) {
+    if (host_shape == host_cursor_copying) return Qt::DragCopyCursor;
+    return host_shape == host_cursor_dragging_hand ? Qt::ClosedHandCursor : Qt::ArrowCursor;
+}
+
 }  // namespace
 
 BoxWidget::BoxWidget(Session& session, SessionTimer& timer) : session_(session), timer_(timer) {
@@ -41,6 +46,13 @@ void BoxWidget::redraw() {
                            frame_due_ = false;
                            if (stale_) bring_up_to_date();
                        });
+}
+
+void BoxWidget::cursor(const MouseCursor& cursor) {
+    if (!cursor.image) return setCursor(shape_of(cursor.shape));
+    QPixmap pixmap = QPixmap::fromImage(cursor.image->image().pixels);
+    pixmap.setDevicePixelRatio(cursor.image->ratio());
+    setCursor(QCursor(pixmap, static_cast<int>(cursor.hotspot.x), static_cast<int>(cursor.hotspot.y)));
 }
 
 /// Only where the picture is another one now does the screen have to show it again.

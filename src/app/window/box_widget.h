@@ -34,6 +34,7 @@ class BoxWidget : public QWidget, private SessionListener {
 
  private:
     void redraw() override;
+    void cursor(const MouseCursor& cursor) override;
     void bring_up_to_date();
     void set_focus(bool focus);
     void mouse(MouseCall::Kind kind, const QMouseEvent& event);

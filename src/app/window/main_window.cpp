@@ -19,6 +19,7 @@
 #include "app/window/console.h"
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
+#include "host/qt/painter.h"
 #include "host/files.h"
 #include "instance/change.h"
 
@@ -139,6 +140,7 @@ std::optional<size_t> MainWindow::popup(std::span<const PopupItem> items, Point 
         action->setEnabled(!item.disabled);
         action->setCheckable(item.checked);
         action->setChecked(item.checked);
+        if (item.icon) action->setIcon(QPixmap::fromImage(item.icon->image().pixels));
     }
     timer_.wake();
     const QAction* chosen = menu.exec(box_->mapToGlobal(QPointF(at.x, at.y).toPoint()));

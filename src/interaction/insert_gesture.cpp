@@ -1,0 +1,72 @@
+#include "interaction/insert_gesture.h"
+
+#include <fmt/printf.h>
+
+#include <algorithm>
+#include <array>
+
+#include "edits/event_edits.h"
+#include "history/edit.h"
+#include "history/undoredo.h"
+#include "instance/prseq.h"
+#include "interaction/pointer.h"
+#include "model/bars.h"
+#include "model/events.h"
+#include "model/selection.h"
+#include "model/timeline.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double shortest = 1;  // ms
+
+/// To the grid of the ruler: beats, or parts of the main divisions. Where there is no bar, nothing is near.
+double snapped_start(const Prseq& object, double ms) {
+    if (!object.snaptime || object.timedisplaytype != static_cast<long>(TimeDisplayType::BarsBeats))
+        return snapped(ms, snap_grid(object));
+    const double beat = TQ_Prseq_Meter_CalculateSnappedNotePosition(object.meter, ms);
+    return beat >= 0 ? beat : ms;
+}
+
+void tell(Prseq& object, const Event& event, const Pointer& at) {
+    show_tiptool(object, at,
+                 fmt::sprintf("Start: %.2f ms\nDuration: %.2f ms\nPitch: %.2f", event.start, event.duration,
+                              event.pitch));
+}
+
+class InsertGesture final : public Gesture {
+ public:
+    explicit InsertGesture(EventRef event) : event_(std::move(event)) {}
+
+    void step(Prseq& object, const Pointer& to) override {
+        if (!event_->track || !event_->track->visible) return;
+        Edit edit(object, Edit::MoreOfLastItem{});
+        const double duration = std::max(to.ms - event_->start, shortest);
+        event_->pitch = pitch_to_insert(object, to);
+        const std::array times{
+            EventTimes{event_, event_->start, std::max(snapped(duration, snap_grid(object)), shortest)}};
+        TQ_Prseq_Events_SetEventsTimes(times);
+        cover_event(object, *event_);
+        tell(object, *event_, to);
+    }
+
+    /// The insertion stands in the history already.
+    void commit(Prseq&) override {}
+    void rollback(Prseq& object) override { prseq_undo(object); }
+
+ private:
+    EventRef event_;
+};
+
+}  // namespace
+
+std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press) {
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    const double start = snapped_start(object, press.ms);
+    EventRef event = insert_event(object, static_cast<long>(start), pitch_to_insert(object, press));
+    tell(object, *event, press);
+    return std::make_unique<InsertGesture>(std::move(event));
+}
+
+}  // namespace tq
