@@ -8,7 +8,9 @@ namespace tq {
 void TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(Prseq& object, double ms) {
     object.linecursor.position = ms;
     prseq_show(object, Change::LineCursor);
-    if (object.playing && object.linecursor.follow)
+    // Two that scroll would fight.
+    const bool scrolled_by_hand = object.gesture && object.gesture->repeat;
+    if (object.playing && object.linecursor.follow && !scrolled_by_hand)
         TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(object);
 }
 
