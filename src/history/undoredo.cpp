@@ -20,11 +20,15 @@ UndoItem* item_at(const History& history, long index) {
     return exists ? history.items[static_cast<size_t>(index)].get() : nullptr;
 }
 
+void release_undone_items(History& history) {
+    while (static_cast<long>(history.items.size()) > history.cursor + 1) history.items.pop_back();
+}
+
 }  // namespace
 
 void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item) {
     History& history = object.history;
-    while (static_cast<long>(history.items.size()) > history.cursor + 1) history.items.pop_back();
+    release_undone_items(history);
     item->reportedname = gensym(item->name());
     history.items.push_back(std::move(item));
     ++history.cursor;
@@ -55,6 +59,12 @@ void TQ_Prseq_Undoredo_DeleteUndoLine(Prseq& object) {
     History& history = object.history;
     while (!history.items.empty()) history.items.pop_back();
     history.cursor = -1;
+    TQ_Prseq_Undoredo_Dump(object);
+}
+
+void take_back_last_item(Prseq& object) {
+    TQ_Prseq_Undoredo_CallUndo(object);
+    release_undone_items(object.history);
     TQ_Prseq_Undoredo_Dump(object);
 }
 

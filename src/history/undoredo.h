@@ -15,6 +15,8 @@ void TQ_Prseq_Undoredo_AddItem(Prseq& object, std::unique_ptr<UndoItem> item);
 /// One step; nothing at the ends of the list.
 void TQ_Prseq_Undoredo_CallUndo(Prseq& object);
 void TQ_Prseq_Undoredo_CallRedo(Prseq& object);
+/// Undoes the last item as if it had never been recorded; reports the list.
+void take_back_last_item(Prseq& object);
 /// Releases all items and reports the list.
 void TQ_Prseq_Undoredo_DeleteUndoLine(Prseq& object);
 /// The names beside "Undo" and "Redo"; none when there is nothing to undo or redo.

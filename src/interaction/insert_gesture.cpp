@@ -53,7 +53,7 @@ class InsertGesture final : public Gesture {
 
     /// The insertion stands in the history already.
     void commit(Prseq&) override {}
-    void rollback(Prseq& object) override { prseq_undo(object); }
+    void rollback(Prseq& object) override { take_back_last_item(object); }
 
  private:
     EventRef event_;

@@ -50,9 +50,14 @@ inline std::string without(std::string document, const std::string& key) {
     return at == document.npos ? document : document.erase(at, document.find_first_of("\n}", at) - at);
 }
 
-/// A session's document, without what the history does not cover of it: the date and the timeline's length.
+/// A session's document, without what the history does not cover of it: the date, the timeline's length, what
+/// is in view.
 inline std::string document_of(const Session& session) {
-    return without(without(TQ_Prseq_Json_MakeDictionary(session.box(), true), "date"), "maxtime");
+    std::string document = TQ_Prseq_Json_MakeDictionary(session.box(), true);
+    for (const char* key :
+         {"date", "maxtime", "verticalzoom", "horizontalzoom", "verticalscroll", "horizontalscroll"})
+        document = without(std::move(document), key);
+    return document;
 }
 
 /// One box; every call of `say` goes on where the last one ended.

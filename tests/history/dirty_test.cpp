@@ -4,8 +4,8 @@
 #include <random>
 
 #include "app/script_fixture.h"
-#include "history/random_edits.h"
 #include "history/random_message.h"
+#include "interaction/random_hand.h"
 
 namespace tq::test {
 namespace {
@@ -76,10 +76,11 @@ TEST(DirtyRuns, neverCallADifferentDocumentClean) {
         std::mt19937 random(seed);
         Session session;
         jbox_set_size(session.box(), {2000, 1200});
+        RandomHand hand(session, random);
         std::string saved = saved_of(session);
         for (int i = 0; i < 60; ++i) {
             if (random() % 2)
-                random_edit(session.box(), random);
+                hand.edit();
             else
                 session.send(random_message(random, false));
             if (random() % 3 == 0) session.host().scheduler.run_until(session.host().scheduler.now() + 70);

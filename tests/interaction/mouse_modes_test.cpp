@@ -65,6 +65,17 @@ TEST_F(InsertMode, AnUndoInTheMiddleOfADragEndsIt) {
     EXPECT_EQ(events(), "1000+1000@60");
 }
 
+TEST_F(InsertMode, WhatIsTakenBackInTheMiddleOfADragHasNeverBeen) {
+    say("track_add");
+    mouse("down", 1000, 60);
+    mouse("drag", 2000, 60);
+    say(".command select_nothing");
+    mouse("drag", 3000, 64);
+    release();
+    EXPECT_EQ(events(), "");
+    EXPECT_EQ(history(), "[Add Track]");
+}
+
 struct ZoomMode : Hand {
     ZoomMode() { say("mouse_mode zoom\nzoom_hor 0.2\nscroll_hor 0.3\nzoom_vert 0.2"); }
     /// The times and pitches at the edges of the main display.

@@ -1,0 +1,176 @@
+#include "interaction/random_hand.h"
+
+#include <algorithm>
+
+#include "interaction/commands.h"
+#include "interaction/key_commands.h"
+#include "interaction/mouse_modes.h"
+#include "model/bpf_editor.h"
+#include "model/tracks.h"
+#include "view/draw_bpf_editor.h"
+#include "view/trackdisplay.h"
+
+namespace tq::test {
+
+void RandomHand::wait(double ms) {
+    Scheduler& scheduler = session_.host().scheduler;
+    scheduler.run_until(scheduler.now() + ms);
+}
+
+std::optional<size_t> RandomHand::popup(std::span<const PopupItem> items, Point) {
+    wait(number(50));
+    const size_t chosen = below(items.size());
+    const bool dismissed = chance(4) || items[chosen].separator || items[chosen].disabled;
+    return dismissed ? std::nullopt : std::optional(chosen);
+}
+
+Event* RandomHand::any_event() {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(session_.box());
+    return track && !track->events.empty() ? track->events.at(below(track->events.size())) : nullptr;
+}
+
+Point RandomHand::any_place() {
+    const Rect rect = session_.box().maindisplay.rect;
+    return {rect.x + rect.width * number(1000) / 1000, rect.y + rect.height * number(1000) / 1000};
+}
+
+Point RandomHand::place_on(const Event& event) {
+    const MainDisplay& md = session_.box().maindisplay;
+    const Rect rect = TQ_Prseq_Events_Rect(session_.box(), event);
+    const double places[] = {rect.width / 2, rect.width * number(100) / 100, 1, rect.width - 1};
+    return {md.rect.x + rect.x + places[below(4)],
+            md.rect.y + rect.y + rect.height * number(100) / 100 - md.verticalscroll};
+}
+
+/// Of the event's curve.
+Point RandomHand::near_a_point(const Event& event) {
+    const BpfPoints& points = event.activebpf->points;
+    const Rect handle = bpf_point_handle(EventView(session_.box(), 1), event, points[below(points.size())]);
+    const Rect& rect = session_.box().maindisplay.rect;
+    return {rect.x + handle.x + number(9) - 1, rect.y + handle.y + number(9) - 1};
+}
+
+/// A press, some way, also far beyond all edges, and mostly a release; sometimes something else meanwhile.
+void RandomHand::gesture(Point from, bool right) {
+    using enum MouseCall::Kind;
+    static constexpr unsigned keys[] = {
+        0, 0, 0, modifier_shift, modifier_option, modifier_control, modifier_shift | modifier_option};
+    unsigned held = keys[below(7)];
+    if (chance(3)) call(MouseCall{Move, from.x, from.y, false, held});
+    call(MouseCall{Down, from.x, from.y, right, held});
+    Point at = from;
+    for (size_t steps = below(5); steps > 0; --steps) {
+        const double far = chance(8) ? 3000 : 120;
+        at = {at.x + far * (number(1000) / 500 - 1), at.y + far / 3 * (number(1000) / 500 - 1)};
+        if (chance(6)) held = keys[below(7)];
+        call(MouseCall{Drag, at.x, at.y, right, held});
+        if (chance(6)) wait(number(400));
+        if (chance(12)) edit_by_command();
+    }
+    if (chance(12)) return command("select_nothing");
+    if (!chance(12)) call(MouseCall{Up, at.x, at.y, right, held});
+}
+
+void RandomHand::gesture_in_a_mode() {
+    static constexpr MouseMode modes[] = {MouseMode::Select,    MouseMode::Select,  MouseMode::Select,
+                                          MouseMode::Insert,    MouseMode::Slice,   MouseMode::Glue,
+                                          MouseMode::Zoom,      MouseMode::EditBpf, MouseMode::EditBpf,
+                                          MouseMode::SelectBpf, MouseMode::Buffer,  MouseMode::Buffer};
+    if (chance(2)) session_.send(std::string("mouse_mode ") + mouse_mode_row(modes[below(12)]).name);
+    if (chance(4)) session_.send(below(2) ? "snaptime 1" : "snaptime 0");
+    if (chance(4)) session_.send(below(2) ? "snappitch 1" : "snappitch 0");
+    const Event* event = bpf_edited_event(session_.box());
+    const bool on_a_point = event && event->activebpf && chance(2);
+    if (!event || chance(3)) event = any_event();
+    Point from = any_place();
+    if (event && event->activebpf && on_a_point)
+        from = near_a_point(*event);
+    else if (event && !chance(5))
+        from = place_on(*event);
+    if (edits_curves(session_.box().maindisplay.mousemode) && chance(8))
+        for (long key : {long{'a'}, long{key_backspace}}) call(KeyCall{key});
+    const Rect& rect = session_.box().maindisplay.rect;
+    gesture({std::clamp(from.x, rect.x, rect.x + rect.width - 1),
+             std::clamp(from.y, rect.y, rect.y + rect.height - 1)});
+}
+
+void RandomHand::gesture_in_the_lane() {
+    session_.send("parameterdisplay 1");
+    const Rect lane = session_.box().layout[Part::ParameterDisplay];
+    const Event* event = any_event();
+    const double x = event ? TQ_Prseq_Events_Rect(session_.box(), *event).x + 1 : number(300);
+    gesture({lane.x + std::clamp(x, 0., lane.width - 1), lane.y + number(80)});
+}
+
+void RandomHand::press_a_track() {
+    using enum MouseCall::Kind;
+    const Rect list = session_.box().layout[Part::TrackDisplay];
+    const double y = list.y + track_header_height + track_row_height * (0.5 + number(6));
+    call(MouseCall{Down, list.x + 20, y});
+    call(MouseCall{Up, list.x + 20, y});
+    if (chance(6)) call(MouseCall{Double, list.x + 20, y});
+}
+
+void RandomHand::press_somewhere() {
+    const Prseq& box = session_.box();
+    const Point at{number(static_cast<size_t>(box.width)),
+                   chance(3) ? 12 : number(static_cast<size_t>(box.height))};
+    gesture(at, chance(4));
+    if (chance(5)) call(MouseCall{MouseCall::Kind::Double, at.x, at.y});
+}
+
+void RandomHand::press_a_key() {
+    static constexpr long codes[] = {'x', 'c', 'v', 'a', 'z', 'i', key_backspace, key_left, key_right};
+    call(KeyCall{codes[below(9)], chance(4) ? unsigned{modifier_shift} : 0});
+}
+
+void RandomHand::edit_by_command() {
+    using enum Command;
+    static constexpr Command some[] = {
+        Cut,       Copy,          Copy,        Paste,          Paste,     Delete,      DeleteEvents,
+        SelectAll, SelectAll,     SelectNext,  SelectPrevious, Duplicate, MoveEarlier, MoveLater,
+        Shorten,   Lengthen,      TransposeUp, TransposeDown,  OctaveUp,  OctaveDown,  InsertEvent,
+        NextTrack, PreviousTrack, NewTrack,    SelectNothing};
+    command(command_row(some[below(std::size(some))]).name);
+}
+
+void RandomHand::any_command() { command(commands()[below(commands().size())].name); }
+
+void RandomHand::turn_the_wheel() {
+    const Point at = any_place();
+    call(WheelCall{at.x, at.y, chance(3) ? number(9) / 50 - 0.08 : 0, number(9) / 50 - 0.08});
+}
+
+void RandomHand::edit() {
+    switch (below(11)) {
+        case 0:
+            return press_a_track();
+        case 1:
+            return gesture_in_the_lane();
+        case 2:
+            return edit_by_command();
+        case 3:
+            return command(command_row(chance(2) ? Command::SelectAll : Command::SelectNext).name);
+        case 4:
+            return press_a_key();
+        default:
+            return gesture_in_a_mode();
+    }
+}
+
+void RandomHand::act() {
+    switch (below(8)) {
+        case 0:
+            return press_somewhere();
+        case 1:
+            return press_a_key();
+        case 2:
+            return any_command();
+        case 3:
+            return turn_the_wheel();
+        default:
+            return edit();
+    }
+}
+
+}  // namespace tq::test
