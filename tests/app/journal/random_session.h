@@ -10,7 +10,7 @@
 #include "app/patch/sound_files.h"
 #include "file/random_document.h"
 #include "history/random_message.h"
-#include "host/modifiers.h"
+#include "interaction/random_hand.h"
 #include "sounds.h"
 #include "temporary_folder.h"
 
@@ -35,9 +35,9 @@ class RandomSession : private PatchFiles {
                 return call(SizeCall{300. + below(300), 250 + number()});
             case 1:
             case 2:
-                return call(WheelCall{250, 150, below(2) ? number() - 5 : 0, number() - 5});
+                return hand_.act();
             case 3:
-                return below(3) ? call(KeyCall{"acxvz"[below(5)], 0}) : call(FocusCall{below(2) == 1});
+                return call(FocusCall{below(2) == 1});
             case 4:
                 return call(TempoCall{20 + 10 * number()});
             case 5:
@@ -65,7 +65,7 @@ class RandomSession : private PatchFiles {
             case 28:
             case 29:
             case 30:
-                return use_mouse();
+                return hand_.act();
             case 19:
                 return session_.send(gensym("track_add"), Atoms{gensym("# two\nlines \"here\"")});
             default:
@@ -87,29 +87,6 @@ class RandomSession : private PatchFiles {
     std::optional<std::string> answer() {
         wait(number() * 30);
         return below(3) ? std::optional(file()) : std::nullopt;
-    }
-    /// Now and then as long as a menu is read.
-    std::optional<size_t> popup(std::span<const PopupItem> items, Point) override {
-        wait(number() * 30);
-        const auto chosen = static_cast<size_t>(below(static_cast<int>(items.size())));
-        const bool dismissed = below(4) == 0 || items[chosen].separator || items[chosen].disabled;
-        return dismissed ? std::nullopt : std::optional(chosen);
-    }
-    /// Somewhere, often on the menus and icons: a press, some way, and mostly a release.
-    void use_mouse() {
-        using enum MouseCall::Kind;
-        const unsigned keys[] = {0, 0, modifier_shift, modifier_option};
-        const unsigned held = keys[below(4)];
-        double x = below(600), y = below(3) ? below(550) : 12;
-        call(MouseCall{Down, x, y, false, held});
-        for (int steps = below(4); steps > 0; --steps) {
-            x += number() * 10 - 50;
-            y += number() * 4 - 20;
-            call(MouseCall{Drag, x, y, false, held});
-            wait(number());
-        }
-        if (below(8)) call(MouseCall{Up, x, y, false, held});
-        if (below(4) == 0) call(MouseCall{Double, x, y, false, held});
     }
     void use_files() {
         switch (below(8)) {
@@ -159,6 +136,7 @@ class RandomSession : private PatchFiles {
     std::mt19937 random_;
     SoundFiles sounds_{session_};
     OffscreenPainter painter_;
+    RandomHand hand_{session_, random_};
 };
 
 }  // namespace tq::test
