@@ -14,6 +14,7 @@
 #include "editing.h"
 #include "file/document_messages.h"
 #include "file/document_writer.h"
+#include "hand.h"
 #include "host/dictionary.h"
 #include "host/files.h"
 #include "host/graphics_runtime.h"
@@ -226,7 +227,8 @@ struct Group {
 constexpr Group groups[] = {
     {"messages", event_message_rows}, {"journal", journal_rows},    {"midi", midi_rows},
     {"memory", memory_rows},          {"documents", document_rows}, {"paint", painting_rows},
-    {"playback", playback_rows},      {"editing", editing_rows},    {"scaling", scaling_rows}};
+    {"playback", playback_rows},      {"editing", editing_rows},    {"hand", hand_rows},
+    {"scaling", scaling_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
     return argc < 2 ||

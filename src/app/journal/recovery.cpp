@@ -150,7 +150,9 @@ std::unique_ptr<Journal> go_on(Session& session, Recovery& recovery) {
     if (::ftruncate(recovery.folder.journal(), static_cast<off_t>(replayed.done)) != 0) return nullptr;
     std::error_code ignored;
     fs::remove(broken_line_path(recovery.folder.path()), ignored);
-    return std::make_unique<Journal>(session, std::move(recovery.folder), false);
+    auto journal = std::make_unique<Journal>(session, std::move(recovery.folder), false);
+    if (session.box().gesture) session.call(FocusCall{false});  // nobody holds the button any more
+    return journal;
 }
 
 }  // namespace tq

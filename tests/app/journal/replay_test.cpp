@@ -119,5 +119,41 @@ TEST_F(Journalled, sessionsComeBackAsTheyWere) {
     }
 }
 
+TEST_F(Journalled, aSessionThatEndsInTheMiddleOfADragComesBackAsIfTheDragHadEndedThere) {
+    std::filesystem::path dead;
+    {
+        Session session;
+        std::unique_ptr<Journal> journal = begin(session);
+        for (const char* line : {"mouse_mode insert", "snaptime 0", "zoom_hor 0"}) session.send(line);
+        const Rect display = session.box().maindisplay.rect;
+        const double y = display.y + 50;
+        using enum MouseCall::Kind;
+        session.call(MouseCall{Down, display.x + 20, y});
+        session.call(MouseCall{Drag, display.x + 60, y});
+        session.call(MouseCall{Up, display.x + 60, y});
+        session.send("mouse_mode select");
+        session.call(MouseCall{Down, display.x + 40, y});
+        session.call(MouseCall{Drag, display.x + 70, y});
+        dead = folder.file("dead");
+        std::filesystem::create_directory(dead);
+        text_of(*journal);
+        std::filesystem::copy(journal->folder().path(), dead, std::filesystem::copy_options::recursive);
+    }
+    for (int life = 0; life < 2; ++life) {
+        Recovery back = recovered(dead);
+        Session& session = *back.session;
+        const Event& event = *session.box().tracks.at(0)->events.first();
+        const double moved = event.start;
+        std::unique_ptr<Journal> journal = go_on(session, back);
+        session.call(MouseCall{MouseCall::Kind::Drag, 5, 5});
+        EXPECT_EQ(event.start, moved) << "nobody holds the button";
+        session.send("undo");
+        EXPECT_LT(event.start, moved);
+        session.send("redo");
+        EXPECT_EQ(event.start, moved);
+        text_of(*journal);
+    }
+}
+
 }  // namespace
 }  // namespace tq::test

@@ -1,0 +1,89 @@
+#include "hand.h"
+
+#include "app/patch/paint_offscreen.h"
+#include "documents.h"
+#include "host/modifiers.h"
+#include "instance/change.h"
+#include "interaction/mouse.h"
+#include "interaction/mouse_modes.h"
+#include "table.h"
+#include "view/zoom_commands.h"
+
+namespace bench {
+
+using namespace tq;
+
+namespace {
+
+constexpr double step = 10;  // ms from an event to the next
+
+/// A million events in view, 1600 x 900.
+struct Hand {
+    Hand() {
+        jbox_set_size(box, {1600, 900});
+        session->send("zoom_animation 0");
+        session->send("zoom_out_all");
+        painter.paint(box);
+    }
+    Point center() const {
+        const Rect& rect = box.maindisplay.rect;
+        return {rect.x + rect.width / 2, rect.y + rect.height / 2};
+    }
+    std::unique_ptr<Session> session = document(1000000, 8, step);
+    Prseq& box = session->box();
+    OffscreenPainter painter;
+};
+
+/// The selected events of the active track, as many as asked for, are grabbed where one of them is.
+void drag_row(Hand& hand) {
+    constexpr size_t selected = 10000;
+    Prseq& box = hand.box;
+    EventList& events = box.tracks[static_cast<size_t>(box.activetrack)]->events;
+    const size_t first = events.size() / 2 - selected / 2;
+    for (size_t i = first; i < first + selected; ++i) events.select(*events.at(i), true);
+    const Event& grabbed = *events.at(first + selected / 2);
+    const Rect rect = TQ_Prseq_Events_Rect(box, grabbed);
+    const Rect& display = box.maindisplay.rect;
+    const Point press{display.x + rect.x + rect.width / 2,
+                      display.y + rect.y + rect.height / 2 - box.maindisplay.verticalscroll};
+    const auto move = [&](double by) {
+        prseq_mousedrag(box, press.x + by, press.y + by, modifier_left_button);
+    };
+    prseq_mousedown(box, press.x, press.y, modifier_left_button);
+    double best = 1e300, worst = 0;
+    for (int i = 0; i < 20; ++i) {
+        const double ms = 1e3 * cpu_of([&] {
+                              move(i % 2 ? 5 : 40);
+                              hand.painter.paint(box);
+                          });
+        best = std::min(best, ms);
+        worst = std::max(worst, ms);
+    }
+    prseq_mouseup(box, press.x, press.y, modifier_left_button);
+    row("a drag step of 10 k selected, painted, of 1 M in view", best, "ms", {"at most", 33});
+    row("  the slowest of 20", worst, "ms", {"at most", 33});
+}
+
+void hover_rows(Hand& hand) {
+    Prseq& box = hand.box;
+    for (const MouseModeRow& mode : mouse_modes()) {
+        prseq_mousemode(box, gensym(mode.name));
+        const Point at = hand.center();
+        constexpr int moves = 2000;
+        const double seconds = cpu_of([&] {
+            for (int i = 0; i < moves; ++i) prseq_mousemove(box, at.x + i % 300, at.y + i % 200, 0);
+        });
+        row(std::string("a hover of 1 M in view, mode ") + mode.name, seconds * 1e3 / moves, "ms",
+            {"at most", 0.2});
+    }
+}
+
+}  // namespace
+
+void hand_rows() {
+    Hand hand;
+    drag_row(hand);
+    hover_rows(hand);
+}
+
+}  // namespace bench
