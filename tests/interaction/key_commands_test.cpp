@@ -1,5 +1,6 @@
 // What keys do, as scripts press them.
 #include "app/script_fixture.h"
+#include "interaction/commands.h"
 #include "model/selection.h"
 
 namespace tq::test {
@@ -56,6 +57,88 @@ TEST_F(Keys, cutCopyPasteAndDelete) {
         out3 undoredo append "Insert Events"
         out3 undoredo append "Paste Events"
         out3 undoredo done)"));
+}
+
+/// What the mouse does by dragging, in steps: the window's shortcuts name these commands.
+struct Steps : Keys {
+    Steps() { say(".size 1220 600\nzoom_hor 0\nsnaptime 0"); }
+    std::string after(const std::string& name) { return Keys::after(".command " + name); }
+    double grid() { return box().maindisplay.mslabelincrement / 10; }
+    std::string durations() {
+        std::string text;
+        box().tracks[0]->events.for_each(
+            [&](const Event& e) { text += std::to_string(static_cast<long>(e.duration)) + " "; });
+        return text;
+    }
+    std::string pitches() {
+        std::string text;
+        box().tracks[0]->events.for_each(
+            [&](const Event& e) { text += std::to_string(static_cast<long>(e.pitch)) + " "; });
+        return text;
+    }
+};
+
+TEST_F(Steps, moveLengthenAndTransposeTheSelectionAsAWhole) {
+    ASSERT_EQ(grid(), 100);
+    EXPECT_EQ(after("move_later"), "0 500 900") << "nothing is selected";
+    TQ_Prseq_Tracks_SelectEvent(box(), 0, 1);
+    TQ_Prseq_Tracks_SelectEvent(box(), 0, 2);
+    EXPECT_EQ(after("move_later"), "0 600* 1000*");
+    for (int i = 0; i < 5; ++i) after("move_earlier");
+    EXPECT_EQ(after("move_earlier"), "0 0* 400*") << "as far as it goes, and no event farther than another";
+    after("lengthen");
+    EXPECT_EQ(durations(), "1000 1100 1100 ");
+    for (int i = 0; i < 12; ++i) after("shorten");
+    EXPECT_EQ(durations(), "1000 1 1 ");
+    after("octave_up");
+    after("transpose_up");
+    EXPECT_EQ(pitches(), "60 75 77 ");
+    for (int i = 0; i < 9; ++i) after("octave_up");
+    EXPECT_EQ(pitches(), "60 129 131 ");
+    after("octave_down");
+    after("transpose_down");
+    EXPECT_EQ(pitches(), "60 116 118 ");
+    const size_t items = box().history.items.size();
+    say("undoredo 3");
+    EXPECT_EQ(events(), "0 500* 900*");
+    say("undoredo 100");
+    EXPECT_EQ(box().history.items.size(), items) << "what could not move made no step";
+    EXPECT_EQ(pitches(), "60 116 118 ");
+}
+
+TEST_F(Steps, duplicateInsertAndGoFromTrackToTrack) {
+    TQ_Prseq_Tracks_SelectEvent(box(), 0, 1);
+    TQ_Prseq_Tracks_SelectEvent(box(), 0, 2);
+    EXPECT_EQ(after("duplicate"), "0 500 900 1900* 2300*") << "after where the selection ends";
+    EXPECT_EQ(after("select_nothing"), "0 500 900 1900 2300");
+    EXPECT_EQ(after("duplicate"), "0 500 900 1900 2300");
+    say("undo");
+    EXPECT_EQ(events(), "0 500 900");
+    EXPECT_EQ(after("go_to_end"), "0 500 900");
+    EXPECT_EQ(box().linecursor.position, 1900);
+    EXPECT_EQ(after("insert_event"), "0 500 900 1900*");
+    EXPECT_EQ(pitches(), "60 62 64 60 ");
+    after("go_to_start");
+    EXPECT_EQ(box().linecursor.position, 0);
+    say("track_add");
+    after("previous_track");
+    EXPECT_EQ(box().activetrack, 0);
+    after("previous_track");
+    EXPECT_EQ(box().activetrack, 0);
+    after("next_track");
+    after("next_track");
+    EXPECT_EQ(box().activetrack, 1);
+}
+
+TEST_F(Steps, everyCommandCopesWithNothing) {
+    Session empty;
+    for (const CommandRow& row : commands()) {
+        EXPECT_EQ(&command_row(row.id), &row) << row.name;
+        EXPECT_EQ(find_command(row.name), &row) << row.name << " is another's name";
+        EXPECT_FALSE(row.text(empty.box()).empty());
+        empty.call(CommandCall{row.name});
+        empty.box().modaldialog.reset();
+    }
 }
 
 }  // namespace
