@@ -7,7 +7,7 @@
 #include "interaction/mouse.h"
 #include "interaction/mouse_modes.h"
 #include "table.h"
-#include "view/zoom_commands.h"
+#include "view/maindisplay.h"
 
 namespace bench {
 
