@@ -13,6 +13,7 @@
 #include "host/mouse_cursor.h"
 #include "host/object.h"
 #include "host/patch_files.h"
+#include "host/patcher_view.h"
 #include "host/scheduler.h"
 #include "host/transport.h"
 
@@ -49,6 +50,7 @@ struct Host {
     std::unordered_map<Symbol, Object*> things;      ///< the objects bound to a name
     std::vector<std::unique_ptr<Object>> receivers;  ///< those that make_receiver made
     std::unordered_map<Symbol, std::unique_ptr<Buffer>> buffers;
+    PatcherView view{*this};
 
     Host() = default;
     Host(const Host&) = delete;

@@ -37,10 +37,12 @@ inline const Symbol tq_sym_scrollhor = gensym("scrollhor"), tq_sym_scrollvert = 
                     tq_sym_maxtime = gensym("maxtime"), tq_sym_cycle = gensym("cycle"),
                     tq_sym_cyclerange = gensym("cyclerange"), tq_sym_ticks = gensym("ticks"),
                     tq_sym_dirty = gensym("dirty"), tq_sym_undoredo = gensym("undoredo"),
+                    tq_sym_patcherwindow_rect = gensym("patcherwindow_rect"),
                     tq_sym_append = gensym("append"), tq_sym_slot = gensym("slot");
 
 // what the host calls things
 inline const Symbol tq_sym_through = gensym("through"), tq_sym_attr_modified = gensym("attr_modified"),
+                    tq_sym_rect = gensym("rect"),
                     tq_sym_globalsymbol_binding = gensym("globalsymbol_binding"),
                     tq_sym_globalsymbol_unbinding = gensym("globalsymbol_unbinding"),
                     tq_sym_buffer_modified = gensym("buffer_modified"),

@@ -12,6 +12,7 @@
 #include "shell/attributes.h"
 #include "shell/messages.h"
 #include "view/linecursor.h"
+#include "view/reports.h"
 #include "view/synchronise.h"
 #include "view/zoom.h"
 #include "view/zoom_commands.h"
@@ -44,6 +45,7 @@ void do_initialisation(Prseq& object) {
 void notify(Prseq& object, const Notification& notification) {
     if (notification.sender == &object && notification.message == tq_sym_attr_modified)
         return attribute_modified(object, notification.data);
+    if (notification.sender == &object.host().view) return TQ_Prseq_Output_PatcherwindowRect(object);
     const Symbol name = notification.data;
     if (notification.message == tq_sym_globalsymbol_binding)
         defer_low(object, [name](Prseq& o) { TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(o, name); });
@@ -90,6 +92,9 @@ BoxDictionary prseq_save(const Prseq& object) {
         if (attribute.save) dictionary.emplace_back(attribute.name, attribute.read(object));
     return dictionary;
 }
+
+void prseq_attach_patcherview(Prseq& object) { object_attach_byptr(object, object.host().view); }
+void prseq_detach_patcherview(Prseq& object) { object_detach_byptr(object, object.host().view); }
 
 std::string prseq_assist(char kind, long index) {
     static const char* const outlets[] = {"event output while playing", "event output when selected",

@@ -22,6 +22,9 @@ std::unique_ptr<Prseq> prseq_new(Host& host, const std::optional<BoxDictionary>&
 /// The attribute values that a patch saves.
 BoxDictionary prseq_save(const Prseq& object);
 
+/// The window that the box stands in is shown, or hidden: from now on the box tells where it is, or no more.
+void prseq_attach_patcherview(Prseq& object);
+void prseq_detach_patcherview(Prseq& object);
 /// What stands at an outlet or the inlet (kind 'i' or 'o'), at most 255 bytes; empty for other numbers.
 std::string prseq_assist(char kind, long index);
 

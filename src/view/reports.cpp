@@ -1,5 +1,6 @@
 #include "view/reports.h"
 
+#include "host/host.h"
 #include "host/outlet.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
@@ -32,6 +33,11 @@ void TQ_Prseq_Output_ZoomScrollNow(Prseq& object) {
     TQ_Prseq_Output_ScrollVert(object);
     TQ_Prseq_Output_ZoomHor(object);
     TQ_Prseq_Output_ScrollHor(object);
+}
+
+void TQ_Prseq_Output_PatcherwindowRect(Prseq& object) {
+    const Rect& rect = object.host().view.rect();
+    system_info(object, tq_sym_patcherwindow_rect, {rect.x, rect.y, rect.width, rect.height});
 }
 
 void TQ_Prseq_Output_Maxtime(Prseq& object) { system_info(object, tq_sym_maxtime, {object.timelinelength}); }

@@ -193,5 +193,14 @@ TEST(Instance, thatGoesAwayWhilePlayingIsNotCalledAgain) {
     EXPECT_EQ(calls, 0);
 }
 
+struct WindowReports : ScriptTest {};
+
+TEST_F(WindowReports, tellWhereTheWindowIsWhenItHasMoved) {
+    EXPECT_EQ(say(".window 10 20 300.5 400"), Lines{"out3 patcherwindow_rect 10. 20. 300.5 400."});
+    EXPECT_EQ(say(".window 10 20 300.5 400"), Lines());
+    prseq_detach_patcherview(box());
+    EXPECT_EQ(say(".window 11 20 300 400"), Lines());
+}
+
 }  // namespace
 }  // namespace tq::test

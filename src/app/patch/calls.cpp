@@ -35,6 +35,11 @@ bool make(Session& session, const KeyCall& call) {
     return true;
 }
 
+bool make(Session& session, const WindowCall& call) {
+    patcherview_set_rect(session.host().view, {call.x, call.y, call.width, call.height});
+    return true;
+}
+
 bool make(Session& session, const CommandCall& call) {
     const CommandRow* command = find_command(call.name);
     if (command)

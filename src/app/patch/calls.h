@@ -49,6 +49,11 @@ struct MouseCall {
     unsigned modifiers = 0;  ///< keys
     friend bool operator==(const MouseCall&, const MouseCall&) = default;
 };
+/// Where the window is that the box stands in, in pixels of the screen.
+struct WindowCall {
+    double x = 0, y = 0, width = 0, height = 0;
+    friend bool operator==(const WindowCall&, const WindowCall&) = default;
+};
 /// A command of the box, by its name in interaction/commands.h.
 struct CommandCall {
     std::string name;
@@ -142,6 +147,8 @@ inline constexpr std::tuple call_rows{
     line_row<KeyCall>(".key", Number{&KeyCall::code, "key code", -1000, 0x10ffff}, Modifiers{&KeyCall::modifiers}),
     line_row<MouseCall>(".mouse", MouseKind{}, Number{&MouseCall::x, "X"}, Number{&MouseCall::y, "Y"}, MouseButton{},
                                   Modifiers{&MouseCall::modifiers}),
+    line_row<WindowCall>(".window", Number{&WindowCall::x, "X"}, Number{&WindowCall::y, "Y"},
+                                    Number{&WindowCall::width, "width"}, Number{&WindowCall::height, "height"}),
     line_row<CommandCall>(".command", Word{&CommandCall::name, "a command"}),
     line_row<FocusCall>(".focus", Either{&FocusCall::in, "in", "out"}),
     line_row<TempoCall>(".tempo", Number{&TempoCall::bpm, "tempo", 1, 10000}),

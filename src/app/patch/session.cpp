@@ -24,6 +24,7 @@ Session::Session() {
     host_.random.seed(time_seed());
     box_ = prseq_new(host_, BoxDictionary{});
     wire();
+    prseq_attach_patcherview(*box_);
 }
 
 Session::~Session() {
