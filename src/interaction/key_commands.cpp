@@ -5,18 +5,10 @@
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
-#include "interaction/commands.h"
 
 namespace tq {
 
 namespace {
-
-struct KeyCommand {
-    long code;
-    unsigned modifiers;  ///< exactly these
-    Command command;
-    bool (*applies)(const Prseq&) = [](const Prseq&) { return true; };
-};
 
 /// Where there are no events to be selected by hand, the key selects none.
 bool selects(const Prseq& object) {
@@ -25,7 +17,7 @@ bool selects(const Prseq& object) {
     return mode == Select || mode == Insert || edits_curves(mode);
 }
 
-constexpr KeyCommand key_commands[] = {
+constexpr KeyCommand rows[] = {
     {'x', 0, Command::Cut},
     {'c', 0, Command::Copy},
     {'v', 0, Command::Paste},
@@ -39,11 +31,13 @@ constexpr KeyCommand key_commands[] = {
 
 }  // namespace
 
+std::span<const KeyCommand> key_commands() { return rows; }
+
 void prseq_key(Prseq& object, long code, unsigned modifiers) {
-    auto key = std::ranges::find_if(key_commands, [&](const KeyCommand& k) {
+    auto key = std::ranges::find_if(rows, [&](const KeyCommand& k) {
         return k.code == code && k.modifiers == modifiers && k.applies(object);
     });
-    if (key == std::end(key_commands)) return jbox_redraw(object);
+    if (key == std::end(rows)) return jbox_redraw(object);
     run_command(object, key->command);
     prseq_show(object, Change::Events);
 }

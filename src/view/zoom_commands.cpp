@@ -18,11 +18,19 @@ namespace {
 
 constexpr double animation_duration = 500, tick_interval = 20;  // ms
 
+Sector visible_sector(const Prseq& object) {
+    return TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(object,
+                                                              TQ_Prseq_Zoom_GetZoomScrollObjectNow(object));
+}
+
+ZoomScroll view_of(const Prseq& object, const Sector& sector) {
+    return TQ_Prseq_Zoom_CalculateZoomAndScrollValuesForGivenSector(object, sector);
+}
+
 void zoom_by(Prseq& object, double factor, double pagex, double localy) {
     const double time = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(object, object.maindisplay, pagex);
     const double pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(object.maindisplay, localy);
-    const Sector now = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(
-        object, TQ_Prseq_Zoom_GetZoomScrollObjectNow(object));
+    const Sector now = visible_sector(object);
     const double duration = now.duration * factor, span = now.span * factor;
     zoom_to(
         object,
@@ -36,15 +44,51 @@ Point center(const Prseq& object) {
 }
 
 void show_sector(Prseq& object, const Sector& sector) {
-    TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(
-        object, TQ_Prseq_Zoom_CalculateZoomAndScrollValuesForGivenSector(object, sector));
+    TQ_Prseq_Zoom_ZoomToGivenZoomAndScroll(object, view_of(object, sector));
+}
+
+/// 0 to 1 of the way from the main display's left, or top, edge.
+double part_of(double place, double edge, double length) {
+    return std::clamp((place - edge) / length, 0., 1.);
+}
+
+// Each zooms first, and scrolls by what is visible then, which the limits may have held.
+
+void zoom_horizontally(Prseq& object, double part, double factor) {
+    Sector sector = visible_sector(object);
+    const double ms = sector.start + part * sector.duration;
+    sector.duration /= factor;
+    prseq_horzoom(object, view_of(object, sector).horizontalzoom);
+    sector = visible_sector(object);
+    sector.start = ms - part * sector.duration;
+    prseq_horscroll(object, view_of(object, sector).horizontalscroll);
+}
+
+void zoom_vertically(Prseq& object, double part, double factor) {
+    Sector sector = visible_sector(object);
+    const double pitch = sector.toppitch - part * sector.span;
+    sector.span /= factor;
+    prseq_vertzoom(object, view_of(object, sector).verticalzoom);
+    sector = visible_sector(object);
+    sector.toppitch = pitch + part * sector.span;
+    prseq_vertscroll(object, view_of(object, sector).verticalscroll);
 }
 
 }  // namespace
 
+void zoom_at(Prseq& object, Point box, double horizontal, double vertical) {
+    const Rect& display = object.maindisplay.rect;
+    if (!(display.width > 0 && display.height > 0) || (horizontal == 1 && vertical == 1)) return;
+    if (object.modaldialog) return;  // a question keeps the mouse for itself
+    zoom_clock_stop(object);
+    const double x = part_of(box.x, display.x, display.width), y = part_of(box.y, display.y, display.height);
+    if (horizontal != 1) zoom_horizontally(object, x, horizontal);
+    if (vertical != 1) zoom_vertically(object, y, vertical);
+    TQ_Prseq_Output_ZoomScrollNow(object);
+}
+
 void zoom_to(Prseq& object, const Sector& target) {
-    object.zoomanimation.start = TQ_Prseq_Zoom_CalculateSectorForGivenZoomAndScroll(
-        object, TQ_Prseq_Zoom_GetZoomScrollObjectNow(object));
+    object.zoomanimation.start = visible_sector(object);
     object.zoomanimation.target = target;
     TQ_Prseq_Zoom_DoZoom(object);
     TQ_Prseq_Output_ZoomScrollNow(object);

@@ -1,6 +1,8 @@
 // The zoom commands: each aims at a sector of the document, at once or on an animated way.
 #pragma once
 
+#include "host/geometry.h"
+
 namespace tq {
 
 struct Prseq;
@@ -13,6 +15,9 @@ void prseq_zoom_out_all(Prseq& object);
 
 /// To a sector of the document; the view is reported as it was before.
 void zoom_to(Prseq& object, const Sector& target);
+/// By factors, above 1 to zoom in, at once: what lies under a point of the box stays there as far as the
+/// limits of zoom and scroll let it. A direction whose factor is 1 stays as it is.
+void zoom_at(Prseq& object, Point box, double horizontal, double vertical);
 /// Half, or twice, of what is visible, around a page x and a y from the display's top.
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy);
 void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy);

@@ -126,11 +126,13 @@ TEST_F(Program, runsScripts) {
         << "2.5 is the int 2: it starts, and says nothing";
     EXPECT_NE(said.out.find("\n0.000 view 0.25 0.125 0.75 0.5\n"), std::string::npos)
         << "as the document left it";
-    for (const char* line : {".wait",      ".wait x",        ".wait -1",     ".wait 1 2",    ".size 0 5",
-                             ".size 5",    ".paint a b",     ".wheel 1 2 3", ".focus maybe", ".tempo 0",
-                             ".transport", ".feedback 1",    ".receiver",    ".show",        ".show nonsense",
-                             ".nonsense",  ".open",          ".import a b",  ".seed -1",     ".file",
-                             ".file read", ".file nonsense", ".answer x y",  ".replay x",    ".lines 9"}) {
+    for (const char* line :
+         {".wait",      ".wait x",       ".wait -1",         ".wait 1 2",      ".size 0 5",
+          ".size 5",    ".paint a b",    ".wheel 1 2 3",     ".focus maybe",   ".tempo 0",
+          ".transport", ".feedback 1",   ".receiver",        ".show",          ".show nonsense",
+          ".nonsense",  ".open",         ".import a b",      ".seed -1",       ".file",
+          ".file read", ".zoom 1 1 0 1", ".zoom 1 1 1 1001", ".file nonsense", ".answer x y",
+          ".replay x",  ".lines 9"}) {
         ProgramRun fault = run("script -", std::string("getcycle\n") + line + "\ngetcycle");
         EXPECT_EQ(fault.status, 2) << line;
         EXPECT_EQ(fault.out, "out3 cycle 0\n") << line << " ends the run";

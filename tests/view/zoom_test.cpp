@@ -3,6 +3,7 @@
 #include "interaction/mouse.h"
 #include "model/selection.h"
 #include "model/tracks.h"
+#include "view/maindisplay.h"
 #include "view/sector.h"
 #include "view_fixture.h"
 
@@ -69,6 +70,72 @@ TEST_F(ZoomTest, ZoomingInAndOutKeepsTheMiddle) {
     expect_sector({2500, 98, 5000, 66});
     send("zoom_out", "zoom_out");
     expect_sector({0, 131, 10000, 132});
+}
+
+TEST_F(ZoomTest, WhatLiesUnderAPointStaysThereWhenZooming) {
+    see("zoom_hor 0.3", "scroll_hor 0.4", "zoom_vert 0.3", "scroll_vert 0.6");
+    ViewTest::resize(900, 700);
+    const MainDisplay& md = box.maindisplay;
+    for (const ZoomCall& call : {ZoomCall{500, 300, 1.25, 1},
+                                 {500, 300, 0.8, 0.8},
+                                 {210, 680, 1, 1.5},
+                                 {880, 60, 2, 0.7},
+                                 {300.5, 400.5, 1 / 1.1, 1.1}}) {
+        const double x = call.x - md.rect.x, y = call.y - md.rect.y;
+        const MainDisplay before = md;
+        const double ms = TQ_Prseq_Maindisplay_CalculatePositionFromMouse(box, md, x + md.horizontalscroll);
+        const double pitch = TQ_Prseq_Maindisplay_CalculatePitchFromMouse(md, y);
+        said.clear();
+        session.call(call);
+        const Point now = TQ_Prseq_Maindisplay_CalculateDisplayPositionFromStartAndPitch(box, md, ms, pitch);
+        EXPECT_NEAR(now.x, x, 1e-6);
+        EXPECT_NEAR(now.y - md.verticalscroll, y, 1e-6);
+        EXPECT_NEAR(md.bigbarsize / md.mslabelincrement,
+                    call.horizontal * before.bigbarsize / before.mslabelincrement, 1e-9);
+        EXPECT_NEAR(md.rowheight, call.vertical * before.rowheight, 1e-9);
+        EXPECT_TRUE(call.vertical != 1 || md.verticalscroll == before.verticalscroll);
+        EXPECT_TRUE(call.horizontal != 1 || md.horizontalscroll == before.horizontalscroll);
+        ASSERT_EQ(said.size(), 4u) << "all four values";
+    }
+}
+
+TEST_F(ZoomTest, ZoomingAtAPointEndsAtTheLimits) {
+    see("zoom_hor 0.3", "scroll_hor 0.4", "zoom_vert 0.3", "scroll_vert 0.6");
+    const MainDisplay& md = box.maindisplay;
+    const auto ms = [&] { return sector().start + sector().duration * (500 - md.rect.x) / md.rect.width; };
+    const double under = ms();
+    for (int i = 0; i < 40; ++i) session.call(ZoomCall{500, 300, 1.25, 1.25});
+    EXPECT_EQ(box.horizontalzoom, 1);
+    EXPECT_EQ(box.verticalzoom, 1);
+    EXPECT_NEAR(ms(), under, 1e-6) << "turned on at the limit, nothing moves";
+    session.call(ZoomCall{500, 300, 0.001, 0.001});
+    expect_sector({0, 131, 10000, 132});
+    session.call(ZoomCall{-1000, 9000, 2, 2});
+    expect_sector({0, 65, 5000, 66});
+    session.call(ZoomCall{9000, -1000, 2, 2});
+    expect_sector({2500, 65, 2500, 33});
+    said.clear();
+    const Sector before = sector();
+    session.call(ZoomCall{400, 300, 1, 1});
+    EXPECT_EQ(sector(), before);
+    EXPECT_TRUE(said.empty());
+    ViewTest::resize(1, 1);
+    session.call(ZoomCall{0, 0, 2, 2});
+    EXPECT_TRUE(said.empty()) << "there is nothing to be seen";
+}
+
+TEST_F(ZoomTest, ZoomingAtAPointEndsAnAnimatedZoomAndWaitsForAnswers) {
+    send("event start 0", "zoom_animation 1", "zoom_out_all");
+    Scheduler& scheduler = session.host().scheduler;
+    scheduler.run_until(scheduler.now() + 100);
+    session.call(ZoomCall{500, 300, 2, 2});
+    const Sector reached = sector();
+    scheduler.run_until(scheduler.now() + 1000);
+    EXPECT_EQ(sector(), reached);
+    session.call(CommandCall{"new"});
+    ASSERT_TRUE(box.modaldialog);
+    session.call(ZoomCall{500, 300, 2, 2});
+    EXPECT_EQ(sector(), reached);
 }
 
 TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {

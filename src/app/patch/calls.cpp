@@ -11,6 +11,7 @@
 #include "interaction/commands.h"
 #include "interaction/key_commands.h"
 #include "interaction/mouse.h"
+#include "view/zoom_commands.h"
 
 namespace tq {
 
@@ -27,6 +28,11 @@ bool make(Session& session, const SizeCall& call) {
 
 bool make(Session& session, const WheelCall& call) {
     prseq_mousewheel(session.box(), call.x, call.y, 0, call.dx, call.dy);
+    return true;
+}
+
+bool make(Session& session, const ZoomCall& call) {
+    zoom_at(session.box(), {call.x, call.y}, call.horizontal, call.vertical);
     return true;
 }
 

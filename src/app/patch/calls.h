@@ -34,6 +34,11 @@ struct WheelCall {
     double x = 0, y = 0, dx = 0, dy = 0;
     friend bool operator==(const WheelCall&, const WheelCall&) = default;
 };
+/// Zooms around a point in box coordinates by factors, above 1 to zoom in; 1 leaves a direction as it is.
+struct ZoomCall {
+    double x = 0, y = 0, horizontal = 1, vertical = 1;
+    friend bool operator==(const ZoomCall&, const ZoomCall&) = default;
+};
 /// A key of interaction/key_commands.h, or a character.
 struct KeyCall {
     long code = 0;
@@ -144,6 +149,9 @@ inline constexpr std::tuple call_rows{
                                 Number{&SizeCall::height, "height", 1, 16384}),
     line_row<WheelCall>(".wheel", Number{&WheelCall::x, "X"}, Number{&WheelCall::y, "Y"},
                                   Number{&WheelCall::dx, "DX"}, Number{&WheelCall::dy, "DY"}),
+    line_row<ZoomCall>(".zoom", Number{&ZoomCall::x, "X"}, Number{&ZoomCall::y, "Y"},
+                                Number{&ZoomCall::horizontal, "horizontal factor", 0.001, 1000},
+                                Number{&ZoomCall::vertical, "vertical factor", 0.001, 1000}),
     line_row<KeyCall>(".key", Number{&KeyCall::code, "key code", -1000, 0x10ffff}, Modifiers{&KeyCall::modifiers}),
     line_row<MouseCall>(".mouse", MouseKind{}, Number{&MouseCall::x, "X"}, Number{&MouseCall::y, "Y"}, MouseButton{},
                                   Modifiers{&MouseCall::modifiers}),

@@ -1,5 +1,6 @@
 #include "app/window/box_widget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "app/window/keys.h"
+#include "app/window/pixmap.h"
 #include "app/window/wheel.h"
 #include "host/graphics.h"
 #include "host/qt/painter.h"
@@ -28,7 +30,8 @@ Qt::CursorShape shape_of(long host_shape) {
 
 }  // namespace
 
-BoxWidget::BoxWidget(Session& session, SessionTimer& timer) : session_(session), timer_(timer) {
+BoxWidget::BoxWidget(Session& session, SessionTimer& timer)
+    : session_(session), timer_(timer), mouse_mode_(session.box().maindisplay.mousemode) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -45,14 +48,27 @@ void BoxWidget::redraw() {
                        [this] {
                            frame_due_ = false;
                            if (stale_) bring_up_to_date();
+                           follow_mouse_mode();
                        });
 }
 
 void BoxWidget::cursor(const MouseCursor& cursor) {
-    if (!cursor.image) return setCursor(shape_of(cursor.shape));
-    QPixmap pixmap = QPixmap::fromImage(cursor.image->image().pixels);
-    pixmap.setDevicePixelRatio(cursor.image->ratio());
-    setCursor(QCursor(pixmap, static_cast<int>(cursor.hotspot.x), static_cast<int>(cursor.hotspot.y)));
+    cursor_ = cursor;
+    show_cursor();
+}
+
+void BoxWidget::show_cursor() {
+    if (!cursor_.image) return setCursor(shape_of(cursor_.shape));
+    setCursor(QCursor(pixmap_of(*cursor_.image, devicePixelRatioF()), static_cast<int>(cursor_.hotspot.x),
+                      static_cast<int>(cursor_.hotspot.y)));
+}
+
+/// A mode that was not chosen with the mouse shows in the cursor at once: the box is told where the pointer
+/// is.
+void BoxWidget::follow_mouse_mode() {
+    const MouseMode mode = session_.box().maindisplay.mousemode;
+    if (std::exchange(mouse_mode_, mode) == mode || QApplication::mouseButtons()) return;
+    if (QApplication::widgetAt(QCursor::pos()) == this) tell_pointer(mapFromGlobal(QCursor::pos()));
 }
 
 /// Only where the picture is another one now does the screen have to show it again.
@@ -66,8 +82,9 @@ void BoxWidget::bring_up_to_date() {
 }
 
 void BoxWidget::paintEvent(QPaintEvent* event) {
-    if (stale_ || !picture_.surface() || picture_.surface()->ratio() != devicePixelRatioF())
-        bring_up_to_date();
+    const bool other_screen = picture_.surface() && picture_.surface()->ratio() != devicePixelRatioF();
+    if (other_screen) show_cursor();
+    if (stale_ || !picture_.surface() || other_screen) bring_up_to_date();
     const Surface* surface = picture_.surface();
     if (!surface) return;
     const double ratio = surface->ratio();
@@ -97,6 +114,20 @@ void BoxWidget::mouseMoveEvent(QMouseEvent* event) {
     mouse(dragged ? MouseCall::Kind::Drag : MouseCall::Kind::Move, *event);
 }
 
+/// Where it is without having moved there.
+void BoxWidget::tell_pointer(QPoint at) {
+    const MouseCall call{.kind = MouseCall::Kind::Move,
+                         .x = double(at.x()),
+                         .y = double(at.y()),
+                         .modifiers = modifiers_of(QApplication::keyboardModifiers())};
+    timer_.act([this, call] { session_.call(call); });
+}
+
+/// It need not move for that: a window that covered the box may have gone.
+void BoxWidget::enterEvent(QEnterEvent* event) {
+    if (!event->buttons()) tell_pointer(event->position().toPoint());
+}
+
 void BoxWidget::leaveEvent(QEvent*) {
     const QPoint at = mapFromGlobal(QCursor::pos());
     const MouseCall call{.kind = MouseCall::Kind::Leave, .x = double(at.x()), .y = double(at.y())};
@@ -109,13 +140,21 @@ void BoxWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     mouse(MouseCall::Kind::Double, *event);
 }
 
+void BoxWidget::zoom(const QWheelEvent& event) {
+    const bool upright = event.modifiers() & Qt::ShiftModifier;
+    const WheelZoom factors = wheel_zoom(event.angleDelta(), event.pixelDelta(), upright);
+    const ZoomCall call{event.position().x(), event.position().y(), factors.horizontal, factors.vertical};
+    if (call.horizontal != 1 || call.vertical != 1) timer_.act([this, call] { session_.call(call); });
+}
+
 void BoxWidget::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (event->modifiers() & Qt::ControlModifier) return zoom(*event);
     const bool sideways = event->modifiers() & Qt::ShiftModifier;
     const WheelDelta delta =
         wheel_delta(event->angleDelta(), event->pixelDelta(), sideways, session_.box().maindisplay);
     const Point at{event->position().x(), event->position().y()};
     timer_.act([this, at, delta] { session_.call(WheelCall{at.x, at.y, delta.dx, delta.dy}); });
-    event->accept();
 }
 
 void BoxWidget::keyPressEvent(QKeyEvent* event) {

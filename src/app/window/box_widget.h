@@ -8,6 +8,7 @@
 #include "app/patch/session.h"
 #include "app/window/session_timer.h"
 #include "host/layers.h"
+#include "host/mouse_cursor.h"
 
 namespace tq {
 
@@ -16,6 +17,7 @@ namespace tq {
 class BoxWidget : public QWidget, private SessionListener {
  public:
     BoxWidget(Session& session, SessionTimer& timer);
+    using QWidget::cursor;
     /// Called after every paint of the box.
     std::function<void()> painted = [] {};
 
@@ -26,6 +28,7 @@ class BoxWidget : public QWidget, private SessionListener {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Up, *event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent*) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -35,13 +38,19 @@ class BoxWidget : public QWidget, private SessionListener {
  private:
     void redraw() override;
     void cursor(const MouseCursor& cursor) override;
+    void show_cursor();
+    void follow_mouse_mode();
     void bring_up_to_date();
     void set_focus(bool focus);
+    void tell_pointer(QPoint at);
+    void zoom(const QWheelEvent& event);
     void mouse(MouseCall::Kind kind, const QMouseEvent& event);
 
     Session& session_;
     SessionTimer& timer_;
     BoxPicture picture_;
+    MouseCursor cursor_;
+    MouseMode mouse_mode_;  ///< that the box's cursor shows
     bool stale_ = true;
     bool frame_due_ = false;
     QElapsedTimer last_frame_;

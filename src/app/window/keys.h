@@ -1,7 +1,8 @@
 // Keys of the toolkit as the box knows them.
 #pragma once
 
-#include <QtCore/qnamespace.h>
+#include <QKeySequence>
+#include <QList>
 
 #include <optional>
 
@@ -16,6 +17,8 @@ struct KeyPress {
 
 /// The bits of host/modifiers.h for modifier keys that are held.
 unsigned modifiers_of(Qt::KeyboardModifiers held);
+/// The keys that press one of the box's own.
+QList<QKeySequence> key_sequences(const KeyPress& press);
 /// None for keys that the box knows nothing of.
 std::optional<KeyPress> key_press(const QKeyEvent& event);
 

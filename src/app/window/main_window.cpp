@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -17,9 +16,10 @@
 #include "app/patch/recent_files.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
+#include "app/window/keys_page.h"
+#include "app/window/pixmap.h"
 #include "app/window/transport_bar.h"
 #include "file/document_writer.h"
-#include "host/qt/painter.h"
 #include "host/files.h"
 #include "instance/change.h"
 
@@ -29,17 +29,6 @@ namespace {
 
 constexpr int first_width = 1200, first_height = 740, console_height = 160;
 
-/// What everybody expects of these beside the box's own keys.
-struct KeyedCommand {
-    QKeySequence::StandardKey key;
-    Command command;
-};
-constexpr KeyedCommand keyed_commands[] = {
-    {QKeySequence::Undo, Command::Undo},   {QKeySequence::Redo, Command::Redo},
-    {QKeySequence::Save, Command::Save},   {QKeySequence::SaveAs, Command::SaveAs},
-    {QKeySequence::Cut, Command::Cut},     {QKeySequence::Copy, Command::Copy},
-    {QKeySequence::Paste, Command::Paste}, {QKeySequence::SelectAll, Command::SelectAll}};
-
 const char *const document_files = "Documents (*.json);;All files (*)",
                   *const openable_files = "Documents and MIDI files (*.json *.mid *.midi);;All files (*)";
 
@@ -47,6 +36,14 @@ const char *const document_files = "Documents (*.json);;All files (*)",
 QString dragged_file(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+/// A shortcut does what the item of a menu would, where that can be chosen. Undo and redo first end what is
+/// under way, which they may then be about, and saving asks for a name.
+bool can_run(Command command, const Prseq& box) {
+    const bool looks_for_itself =
+        command == Command::Undo || command == Command::Redo || command == Command::Save;
+    return looks_for_itself || command_row(command).enabled(box);
 }
 
 }  // namespace
@@ -102,18 +99,9 @@ void MainWindow::connect_parts() {
     bar_->open_recent = [this](const std::string& path) { open(path); };
     bar_->has_previous = [this] { return journal_ && has_previous_document(*journal_); };
     bar_->bring_previous_back = [this] { bring_previous_back(); };
-    auto* open = new QShortcut(QKeySequence(QKeySequence::Open), this);
-    connect(open, &QShortcut::activated, this, [this] { choose_and_open(); });
-    auto* space = new QShortcut(Qt::Key_Space, this);
-    connect(space, &QShortcut::activated, this, [this] { run(Command::PlayOrStop); });
-    auto* console = new QShortcut(Qt::CTRL | Qt::Key_K, this);
-    connect(console, &QShortcut::activated, this, [this] { show_console(console_->isHidden()); });
-    for (const KeyedCommand& row : keyed_commands) {
-        auto* shortcut = new QShortcut(QKeySequence(row.key), this);
-        connect(shortcut, &QShortcut::activated, this, [this, command = row.command] { run(command); });
-    }
-    auto* quit = new QShortcut(QKeySequence::Quit, this);
-    connect(quit, &QShortcut::activated, this, &QWidget::close);
+    make_shortcuts(*this, *box_, [this](const Shortcut::What& what) {
+        std::visit([this](auto wanted) { run(wanted); }, what);
+    });
 }
 
 std::optional<std::string> MainWindow::open_dialog() {
@@ -140,7 +128,7 @@ std::optional<size_t> MainWindow::popup(std::span<const PopupItem> items, Point 
         action->setEnabled(!item.disabled);
         action->setCheckable(item.checked);
         action->setChecked(item.checked);
-        if (item.icon) action->setIcon(QPixmap::fromImage(item.icon->image().pixels));
+        if (item.icon) action->setIcon(icon_of(*item.icon));
     }
     timer_.wake();
     const QAction* chosen = menu.exec(box_->mapToGlobal(QPointF(at.x, at.y).toPoint()));
@@ -223,7 +211,21 @@ void MainWindow::send(const std::string& message) {
     });
 }
 
+void MainWindow::run(WindowAction action) {
+    switch (action) {
+        case WindowAction::Open:
+            return choose_and_open();
+        case WindowAction::Console:
+            return show_console(console_->isHidden());
+        case WindowAction::Keys:
+            return show_keys_page(*this);
+        case WindowAction::Quit:
+            close();
+    }
+}
+
 void MainWindow::run(Command command) {
+    if (!can_run(command, session_.box())) return;
     timer_.act([this, command] {
         session_.call(CommandCall{command_row(command).name});
         refresh();

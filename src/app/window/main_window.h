@@ -11,7 +11,7 @@
 #include "app/patch/session.h"
 #include "app/patch/sound_files.h"
 #include "app/window/session_timer.h"
-#include "interaction/commands.h"
+#include "app/window/shortcuts.h"
 
 class QSplitter;
 
@@ -60,6 +60,7 @@ class MainWindow : public QWidget, private PatchFiles {
     void bring_previous_back();
     /// A command of the box.
     void run(Command command);
+    void run(WindowAction action);
     void show_console(bool open);
     void remember_document();
 

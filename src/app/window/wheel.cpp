@@ -1,6 +1,7 @@
 #include "app/window/wheel.h"
 
-#include <utility>
+#include <algorithm>
+#include <cmath>
 
 namespace tq {
 
@@ -21,6 +22,15 @@ WheelDelta wheel_delta(QPoint angle, QPoint pixels, bool sideways, const MainDis
     if (!pixels.isNull())
         return {unit * over(pixels.x(), md.bigbarsize), unit * over(pixels.y(), md.rowheight)};
     return {unit * angle.x() / notch, unit * angle.y() / notch * rows_a_notch};
+}
+
+WheelZoom wheel_zoom(QPoint angle, QPoint pixels, bool upright) {
+    constexpr double factor_a_notch = 1.25, pixels_a_notch = 40, most_notches = 30;
+    // Some platforms turn the wheel sideways themselves while shift is held.
+    const auto turned = [&](QPoint delta) { return upright && delta.y() == 0 ? delta.x() : delta.y(); };
+    const double notches = angle.isNull() ? turned(pixels) / pixels_a_notch : turned(angle) / notch;
+    const double factor = std::pow(factor_a_notch, std::clamp(notches, -most_notches, most_notches));
+    return upright ? WheelZoom{1, factor} : WheelZoom{factor, 1};
 }
 
 }  // namespace tq

@@ -17,4 +17,11 @@ struct WheelDelta {
 /// turns an upright wheel into a horizontal one.
 WheelDelta wheel_delta(QPoint angle, QPoint pixels, bool sideways, const MainDisplay& md);
 
+struct WheelZoom {
+    double horizontal = 1, vertical = 1;  ///< factors, above 1 to zoom in
+};
+
+/// A notch, or a stroke as long as one, zooms by a quarter; less than a notch by as much less.
+WheelZoom wheel_zoom(QPoint angle, QPoint pixels, bool upright);
+
 }  // namespace tq

@@ -34,8 +34,9 @@ class RandomSession : private PatchFiles {
             case 0:
                 return call(SizeCall{300. + below(300), 250 + number()});
             case 1:
-            case 2:
                 return hand_.act();
+            case 2:
+                return call(ZoomCall{300 + 10 * number(), 150, below(2) ? 1 : 0.5 + number() / 9, 1.1});
             case 3:
                 return call(FocusCall{below(2) == 1});
             case 4:

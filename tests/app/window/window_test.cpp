@@ -4,52 +4,21 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
-#include <stdexcept>
 
 #include "app/midi/files.h"
-#include "app/window/box_widget.h"
-#include "app/window/main_window.h"
 #include "app/window/transport_bar.h"
 #include "app/window/wheel.h"
+#include "app/window/window_fixture.h"
 #include "temporary_folder.h"
+#include "view/maindisplay.h"
 
 namespace tq {
 namespace {
 
-struct WindowTest : testing::Test {
-    MainWindow window{Loudspeaker{nullptr, "not in a test"}};
-    Session& session = window.session();
-    Prseq& box = session.box();
-
-    WindowTest() {
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    }
-    template <typename Widget>
-    Widget& part(const char* name = "") {
-        return *window.findChild<Widget*>(name);
-    }
-    BoxWidget& box_widget() {
-        for (QWidget* widget : window.findChildren<QWidget*>())
-            if (auto* found = dynamic_cast<BoxWidget*>(widget)) return *found;
-        throw std::logic_error("no box");
-    }
-    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key), modifiers);
-    }
-    QString console_text() { return part<QPlainTextEdit>("console text").toPlainText(); }
-    void enter(const char* line) {
-        part<QLineEdit>("console line").setFocus();
-        QTest::keyClicks(&part<QLineEdit>("console line"), line);
-        QTest::keyClick(&part<QLineEdit>("console line"), Qt::Key_Return);
-    }
-};
+using test::WindowTest;
 
 TEST_F(WindowTest, TheBoxFillsTheWindowAndFollowsItsSize) {
     QSize size = box_widget().size();
@@ -181,6 +150,36 @@ TEST_F(WindowTest, TheWheelScrollsUnderThePointer) {
     EXPECT_NEAR(box.maindisplay.verticalscroll, before + 3 * box.maindisplay.rowheight, 1e-6);
 }
 
+TEST_F(WindowTest, ControlAndTheWheelZoomUnderThePointer) {
+    session.send("zoom_hor 0.2");
+    session.send("zoom_vert 0.2");
+    session.send("scroll_hor 0.5");
+    const auto turn = [&](QPoint pixels, QPoint angle, Qt::KeyboardModifiers held) {
+        const QPointF at(600, 300);
+        QWheelEvent event(at, at, pixels, angle, Qt::NoButton, held, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&box_widget(), &event);
+    };
+    const auto ms = [&] {
+        const MainDisplay& md = box.maindisplay;
+        return TQ_Prseq_Maindisplay_CalculatePositionFromMouse(box, md,
+                                                               600 - md.rect.x + md.horizontalscroll);
+    };
+    const double division = box.maindisplay.horizontalzoom, row = box.maindisplay.rowheight, under = ms();
+    turn({}, {0, 120}, Qt::ControlModifier);
+    EXPECT_NEAR(box.maindisplay.horizontalzoom, division * 1.25, 1e-9);
+    EXPECT_NEAR(ms(), under, 1e-6);
+    EXPECT_EQ(box.maindisplay.rowheight, row);
+    for (int i = 0; i < 4; ++i) turn({}, {0, -30}, Qt::ControlModifier);
+    EXPECT_NEAR(box.maindisplay.horizontalzoom, division, 1e-9) << "a touchpad, bit by bit";
+    turn({}, {0, 120}, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_NEAR(box.maindisplay.rowheight, row * 1.25, 1e-9);
+    turn({}, {-120, 0}, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_NEAR(box.maindisplay.rowheight, row, 1e-9) << "where shift turns the wheel sideways by itself";
+    turn({0, -40}, {}, Qt::ControlModifier);
+    EXPECT_NEAR(box.maindisplay.horizontalzoom, division / 1.25, 1e-9);
+    EXPECT_NEAR(box.maindisplay.rowheight, row, 1e-9);
+}
+
 TEST_F(WindowTest, ThePointerReachesTheBoxWithoutAButton) {
     QTest::mouseMove(&box_widget(), QPoint(600, 300));
     QTest::qWait(20);
@@ -188,6 +187,9 @@ TEST_F(WindowTest, ThePointerReachesTheBoxWithoutAButton) {
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&box_widget(), &leave);
     EXPECT_EQ(box.hover.part, Part::None);
+    QEnterEvent enter(QPointF(600, 300), QPointF(600, 300), QPointF(600, 300));
+    QApplication::sendEvent(&box_widget(), &enter);
+    EXPECT_EQ(box.hover.part, Part::MainDisplay) << "without having moved";
 }
 
 TEST(Wheel, NotchesAndPixelsAreTurnedIntoUnits) {

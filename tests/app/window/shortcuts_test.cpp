@@ -1,0 +1,173 @@
+// Keys: the shortcuts, the page that lists them, and what follows of them for the pointer.
+#include "app/window/shortcuts.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTextBrowser>
+
+#include "app/script_fixture.h"
+#include "app/window/keys.h"
+#include "app/window/pixmap.h"
+#include "app/window/window_fixture.h"
+#include "interaction/key_commands.h"
+#include "view/pictures.h"
+
+namespace tq::test {
+namespace {
+
+struct Heard : CallListener {
+    explicit Heard(Session& session) : session_(session) { session.listen_to_calls(this); }
+    ~Heard() override { session_.listen_to_calls(nullptr); }
+    void calling(const SessionCall& call) override { lines.push_back(line_text(call)); }
+    void called() override {}
+    Lines lines;
+
+ private:
+    Session& session_;
+};
+
+struct ShortcutsTest : WindowTest {
+    void press_all(const QKeySequence& keys) {
+        QTest::keyClick(window.focusWidget(), keys[0].key(), keys[0].keyboardModifiers());
+    }
+    /// Without asking the platform, which has no pointer here.
+    void point_at(Part part) {
+        const Rect& rect = box.layout[part];
+        const QPoint middle = QPointF(rect.x + rect.width / 2, rect.y + rect.height / 2).toPoint();
+        QCursor::setPos(box_widget().mapToGlobal(middle));
+        QTest::mouseMove(&box_widget(), middle);
+    }
+};
+
+TEST(Shortcuts, EachDoesItsOwnAndTextsKeepTheirKeys) {
+    QWidget window;
+    QWidget canvas(&window);
+    QLineEdit line(&window);
+    canvas.setFocusPolicy(Qt::StrongFocus);
+    std::vector<Shortcut::What> done;
+    make_shortcuts(window, canvas, [&](const Shortcut::What& what) { done.push_back(what); });
+    window.show();
+    window.activateWindow();  // the platform of the tests does not do so by itself
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto after = [&](QWidget& focus, const Shortcut& row) {
+        done.clear();
+        focus.setFocus();
+        const QKeyCombination keys = row.sequence()[0];
+        QTest::keyClick(&focus, keys.key(), keys.keyboardModifiers());
+        return done;
+    };
+    for (const Shortcut& row : shortcuts()) {
+        if (row.sequence().isEmpty()) continue;
+        EXPECT_EQ(after(canvas, row), std::vector{row.what}) << row.sequence().toString().toStdString();
+        EXPECT_TRUE(row.scope == ShortcutScope::Window || after(line, row).empty())
+            << row.sequence().toString().toStdString();
+    }
+    const Shortcut redo{Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Command::Redo};
+    EXPECT_EQ(after(canvas, redo), std::vector{redo.what});
+}
+
+TEST_F(ShortcutsTest, TheConsoleKeepsWhatIsTyped) {
+    session.send("event start 0 <note> 60 90 </note>");
+    session.call(CommandCall{"select_all"});
+    press(Qt::Key_K, Qt::ControlModifier);
+    auto& line = part<QLineEdit>("console line");
+    const std::string before = document_of(session);
+    QTest::keyClicks(&line, "12 x");
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Home, Qt::Key_Delete, Qt::Key_End, Qt::Key_Return})
+        QTest::keyClick(&line, key);
+    EXPECT_TRUE(console_text().contains("> 2 x")) << console_text().toStdString();
+    EXPECT_TRUE(line.hasFocus());
+    EXPECT_EQ(document_of(session), before);
+    EXPECT_EQ(box.maindisplay.mousemode, MouseMode::Select);
+}
+
+TEST_F(ShortcutsTest, WhatCannotBeDoneChangesNothing) {
+    session.send("event start 0 <note> 60 90 </note>");
+    press(Qt::Key_A);
+    press(Qt::Key_C, Qt::ControlModifier);
+    press(Qt::Key_Escape);
+    for (const char* message : {"", "track_visible 0 0", "zoom_out_all", "undoredo_clear"}) {
+        if (*message) session.send(message);
+        for (const Shortcut& row : shortcuts()) {
+            const auto* command = std::get_if<Command>(&row.what);
+            if (!command || command_row(*command).enabled(box) || row.sequence().isEmpty()) continue;
+            if (*command == Command::Save) continue;  // asks for a file
+            const std::string before = document_of(session);
+            press_all(row.sequence());
+            EXPECT_TRUE(document_of(session) == before) << command_row(*command).name << " " << message;
+        }
+    }
+    EXPECT_FALSE(console_text().contains("error")) << console_text().toStdString();
+    session.send("track_visible 0 1");
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box.tracks[0]->events.size(), 2u) << "what was copied first is still there";
+}
+
+TEST_F(ShortcutsTest, APageListsTheKeys) {
+    session.send("event start 0 <note> 60 90 </note>");
+    press(Qt::Key_A);
+    press(Qt::Key_F1);
+    press(Qt::Key_F1);
+    const QList<QDialog*> pages = window.findChildren<QDialog*>();
+    ASSERT_EQ(pages.size(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == pages[0]; }));
+    EXPECT_FALSE(pages[0]->isModal());
+    // Cells are lines; what does the same stands in one of them.
+    const QStringList cells = pages[0]->findChild<QTextBrowser*>()->toPlainText().split('\n');
+    QStringList keys;
+    for (const QString& cell : cells) keys += cell.split(", ");
+    const auto expect_listed = [&](const QKeySequence& sequence, const QString& text) {
+        const QString key = sequence.toString(QKeySequence::NativeText);
+        EXPECT_TRUE(sequence.isEmpty() || keys.contains(key)) << key.toStdString();
+        EXPECT_TRUE(cells.contains(text) || cells.contains(text + " mode")) << text.toStdString();
+    };
+    const Session blank;
+    const auto text = [&](Command command) {
+        return QString::fromStdString(command_row(command).text(blank.box()));
+    };
+    for (const KeyCommand& row : key_commands())
+        for (const QKeySequence& sequence : key_sequences({row.code, row.modifiers}))
+            expect_listed(sequence, text(row.command));
+    for (const Shortcut& row : shortcuts())
+        if (const auto* command = std::get_if<Command>(&row.what))
+            expect_listed(row.sequence(), text(*command));
+        else
+            expect_listed(row.sequence(), text_of(std::get<WindowAction>(row.what)));
+    EXPECT_TRUE(cells.contains("Undo") && cells.contains("Delete") && keys.contains("Backspace"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(pages[0]->isVisible());
+    window.activateWindow();  // the platform of the tests does not do so by itself
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    press(Qt::Key_Delete);
+    EXPECT_EQ(box.tracks[0]->events.size(), 0u) << "keys go to the canvas again";
+}
+
+TEST_F(ShortcutsTest, TheCursorFollowsTheModeThatAKeyChooses) {
+    point_at(Part::MainDisplay);
+    EXPECT_EQ(box_widget().cursor().shape(), Qt::ArrowCursor);
+    const Heard heard(session);
+    press(Qt::Key_2);
+    QTest::qWait(30);
+    EXPECT_EQ(heard.lines, Lines({".command insert_mode"})) << "where the pointer is leaves no traces";
+    EXPECT_EQ(box_widget().cursor().pixmap().size(), QSize(16, 16));
+    EXPECT_EQ(box_widget().cursor().hotSpot(), QPoint(4, 15));
+    point_at(Part::KeyDisplay);
+    EXPECT_EQ(box_widget().cursor().shape(), Qt::ArrowCursor);
+    press(Qt::Key_3);
+    QTest::qWait(30);
+    EXPECT_EQ(box_widget().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(Pixmaps, AreAsSharpAsTheScreen) {
+    const SurfaceRef pencil = bundled_picture(gensym("cursor_pencil32.png"));
+    ASSERT_TRUE(pencil);
+    const QPixmap once = pixmap_of(*pencil, 1), twice = pixmap_of(*pencil, 2);
+    EXPECT_EQ(once.size() * 2, twice.size());
+    EXPECT_EQ(once.deviceIndependentSize(), twice.deviceIndependentSize());
+    const QImage stretched = once.toImage().scaled(twice.size());
+    EXPECT_NE(stretched, twice.toImage().convertToFormat(stretched.format())) << "drawn for that size";
+    EXPECT_EQ(icon_of(*pencil).pixmap(QSize(16, 16), 2).size(), QSize(32, 32));
+}
+
+}  // namespace
+}  // namespace tq::test

@@ -1,0 +1,40 @@
+// A window, and what a person does to its parts.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include "app/window/box_widget.h"
+#include "app/window/main_window.h"
+
+namespace tq::test {
+
+struct WindowTest : testing::Test {
+    MainWindow window{Loudspeaker{nullptr, "not in a test"}};
+    Session& session = window.session();
+    Prseq& box = session.box();
+
+    WindowTest() {
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+    template <typename Widget>
+    Widget& part(const char* name = "") {
+        return *window.findChild<Widget*>(name);
+    }
+    BoxWidget& box_widget() { return window.box(); }
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+    QString console_text() { return part<QPlainTextEdit>("console text").toPlainText(); }
+    void enter(const char* line) {
+        part<QLineEdit>("console line").setFocus();
+        QTest::keyClicks(&part<QLineEdit>("console line"), line);
+        QTest::keyClick(&part<QLineEdit>("console line"), Qt::Key_Return);
+    }
+};
+
+}  // namespace tq::test
