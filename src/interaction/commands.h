@@ -108,7 +108,7 @@ const CommandRow& command_row(Command id);
 /// None of that name: no row.
 const CommandRow* find_command(std::string_view name);
 
-/// Runs a command. One that is not enabled finds nothing to do by itself.
+/// Runs a command, also one that menus and shortcuts would not offer.
 void run_command(Prseq& object, Command id);
 
 }  // namespace tq

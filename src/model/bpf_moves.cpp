@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "host/round.h"
 
@@ -45,8 +44,8 @@ double held_dy(const Rect& box, double dy, const BpfLimits& limits) {
 void keep_order(BpfPoints& points, std::span<const size_t> selected) {
     for (size_t i : selected)
         if (i > 0) points[i].x = std::max(points[i].x, points[i - 1].x);
-    for (size_t i : std::views::reverse(selected))
-        if (i + 1 < points.size()) points[i].x = std::min(points[i].x, points[i + 1].x);
+    for (auto i = selected.rbegin(); i != selected.rend(); ++i)
+        if (*i + 1 < points.size()) points[*i].x = std::min(points[*i].x, points[*i + 1].x);
 }
 
 }  // namespace

@@ -270,6 +270,14 @@ void MainWindow::refresh() {
     setWindowModified(prseq_getdirtyflag(box));
 }
 
+/// Where it is on the screen, without what the desktop puts around it.
+void MainWindow::tell_place() {
+    const QRect place = geometry();
+    const WindowCall call{double(place.x()), double(place.y()), double(place.width()),
+                          double(place.height())};
+    timer_.act([this, call] { session_.call(call); });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     Prseq& box = session_.box();
     kept_ = true;

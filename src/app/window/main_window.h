@@ -43,11 +43,14 @@ class MainWindow : public QWidget, private PatchFiles {
 
  protected:
     void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent*) override { tell_place(); }
+    void resizeEvent(QResizeEvent*) override { tell_place(); }
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
  private:
     void build();
+    void tell_place();
     void connect_parts();
     void listen_to_loudspeaker();
     std::optional<std::string> open_dialog() override;

@@ -25,7 +25,10 @@ TEST_F(WindowTest, TheBoxFillsTheWindowAndFollowsItsSize) {
     EXPECT_EQ(box.width, size.width());
     EXPECT_EQ(box.height, size.height());
     window.resize(900, 500);
+    window.move(30, 40);
     QTest::qWait(20);
+    EXPECT_EQ(session.host().view.rect().width, window.width());
+    EXPECT_EQ(session.host().view.rect().x, window.geometry().x());
     EXPECT_EQ(box.width, 900);
     EXPECT_EQ(box.maindisplay.rect.width, 900 - 165 - 40 - 15) << "painted at the new size";
 }
