@@ -35,6 +35,9 @@ void begin_journal(MainWindow& window) {
         window.tell("this session has no journal: " + fault);
 }
 
+/// Whoever draws notes wants those of the keys; scripts begin with the box as it is.
+void begin_by_hand(Session& session) { session.send("snappitch 1"); }
+
 }  // namespace
 
 std::optional<int> show_main_window(const WindowOptions& options) {
@@ -52,6 +55,7 @@ std::optional<int> show_main_window(const WindowOptions& options) {
         bring_back(window, *recovery);
     else
         begin_journal(window);
+    if (!recovery && !options.lines) begin_by_hand(window.session());
     if (!options.prepare(window.session())) return 1;
     if (options.recover && !recovery) window.tell("there is no session to bring back");
     window.show();
