@@ -1,5 +1,7 @@
 #include "hand.h"
 
+#include <string_view>
+
 #include "app/patch/paint_offscreen.h"
 #include "documents.h"
 #include "host/modifiers.h"
@@ -78,9 +80,53 @@ void hover_rows(Hand& hand) {
     }
 }
 
+/// A session with the track inspector open.
+struct TypeTables {
+    TypeTables() { session->send("track_inspector_open"); }
+    void change(const char* field, const char* what, const Atoms& atoms) {
+        session->call(FieldCall{field, what, atoms});
+    }
+    /// CPU ms of a change of a field, the best of some.
+    double ms_of(const std::function<void(int)>& before, const std::function<void()>& work) {
+        double best = 1e300;
+        for (int i = 0; i < 5; ++i) {
+            before(i);
+            best = std::min(best, cpu_of(work));
+        }
+        return best * 1e3;
+    }
+    std::unique_ptr<Session> session = document(events, 1, step);
+    static constexpr size_t events = 100000;
+};
+
+void type_rows() {
+    TypeTables tables;
+    constexpr double ns_a_ms = 1e6;
+    const auto a_row = [&](const char* what, double ms) {
+        row(what, ms * ns_a_ms / TypeTables::events, "ns/event", {"at most", 100});
+    };
+    for (const char* field : {"trackbpfs", "trackparams"}) {
+        const bool curves = std::string_view(field) == "trackbpfs";
+        const Atoms values{gensym("Gain"), 0., 1., 0.5, 0L};
+        const long index = curves ? 1 : 0;
+        const auto undo = [&](int i) {
+            if (i > 0) tables.session->send("undo");
+        };
+        a_row(curves ? "add a curve type to 100 k events" : "add a parameter type to 100 k events",
+              tables.ms_of(undo, [&] { tables.change(field, "rowadded", values); }));
+        row(curves ? "change a curve type of 100 k events" : "change a parameter type of 100 k events",
+            tables.ms_of([&](int i) { tables.change(field, "cellchanged", {index, 2L, 9. + i}); },
+                         [&] { tables.change(field, "cell_mouseup", {index, 2L}); }),
+            "ms", {"at most", 1});
+        a_row(curves ? "delete a curve type of 100 k events" : "delete a parameter type of 100 k events",
+              tables.ms_of(undo, [&] { tables.change(field, "rowdeleted", {index}); }));
+    }
+}
+
 }  // namespace
 
 void hand_rows() {
+    type_rows();
     Hand hand;
     drag_row(hand);
     hover_rows(hand);

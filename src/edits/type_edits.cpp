@@ -22,6 +22,16 @@ void report_types(Prseq& object, const Track& track) {
 
 }  // namespace
 
+void add_parameter_type(Prseq& object, const TrackRef& track, const ParameterType& values) {
+    Edit edit(object, Change::Types);
+    if (!TQ_Prseq_Parameters_AddParameterTypeToTrack(*track, values.name, values.minimum, values.maximum,
+                                                     values.default_, values.steps))
+        return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(edit, track,
+                                                              std::ssize(track->parametertypes) - 1);
+    report_types(object, *track);
+}
+
 void delete_parameter_type(Prseq& object, const TrackRef& track, long index) {
     Edit edit(object, Change::Types);
     RemovedParameterType removed = remove_parameter_type(*track, index);

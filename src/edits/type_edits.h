@@ -10,6 +10,8 @@ struct Prseq;
 
 // Indices are those of the track's types; one that does not exist changes nothing.
 
+/// A name that another type has adds nothing. Every event of the track gets a value.
+void add_parameter_type(Prseq& object, const TrackRef& track, const ParameterType& values);
 void delete_parameter_type(Prseq& object, const TrackRef& track, long index);
 /// The type takes these values; events keep theirs. A name that another type has is not taken.
 void change_parameter_type(Prseq& object, const TrackRef& track, long index, const ParameterType& values);

@@ -27,11 +27,15 @@ void read_header(DocumentInfo& info, const Dictionary& header) {
     struct Row {
         const char* key;
         std::string DocumentInfo::*field;
+        size_t longest;  // bytes
     };
-    static const Row rows[] = {
-        {"title", &DocumentInfo::title}, {"author", &DocumentInfo::author}, {"date", &DocumentInfo::date}};
+    static const Row rows[] = {{"title", &DocumentInfo::title, 255},
+                               {"author", &DocumentInfo::author, 255},
+                               {"memo", &DocumentInfo::memo, 1 << 20},
+                               {"date", &DocumentInfo::date, 255}};
     for (const Row& row : rows)
-        if (auto text = header.getstring(row.key)) info.*row.field = cut_text(std::string(*text), 255);
+        if (auto text = header.getstring(row.key))
+            info.*row.field = cut_text(std::string(*text), row.longest);
 }
 
 void read_timeline(Prseq& object, const Dictionary& root) {

@@ -21,6 +21,7 @@ void write_header(const DocumentInfo& info, DictionaryWriter& out) {
     out.appendlong("fileversion", info.fileversion);
     out.appendstring("title", info.title);
     out.appendstring("author", info.author);
+    if (!info.memo.empty()) out.appendstring("memo", info.memo);
     out.appendstring("date", std::ctime(&now));
     out.close_dictionary();
 }

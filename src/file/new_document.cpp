@@ -25,6 +25,7 @@ void TQ_Prseq_NewFile(Prseq& object) {
     object.info.fileversion = 100;
     object.info.title = "No Title";
     object.info.author = "Anonymous";
+    object.info.memo.clear();
     begin_meter(object);
     advance_revision(object);
     prseq_setdirtyflag(object, false);

@@ -13,6 +13,7 @@
 #include "host/mouse_cursor.h"
 #include "host/object.h"
 #include "host/patch_files.h"
+#include "host/patcher.h"
 #include "host/patcher_view.h"
 #include "host/scheduler.h"
 #include "host/transport.h"
@@ -29,6 +30,15 @@ struct PatchEars {
     std::function<void(Object&)> redraw = [](auto&&...) {};
     /// The pointer over the box is to look like this.
     std::function<void(const Object&, const MouseCursor&)> cursor = [](auto&&...) {};
+    /// What becomes of forms: a window is to show a patcher, to come to the front, to show that boxes are hidden
+    /// or fields have other values, and to go.
+    std::function<void(Patcher&)> patcher_shown = [](auto&&...) {};
+    std::function<void(Patcher&)> patcher_front = [](auto&&...) {};
+    std::function<void(Patcher&)> patcher_changed = [](auto&&...) {};
+    std::function<void(Patcher&)> patcher_freed = [](auto&&...) {};
+    std::function<void(const Field&)> field_shown = [](auto&&...) {};
+    /// The screen's, in pixels.
+    Size display_size{1920, 1080};
     /// Makes the object behind a name that nobody has bound yet (a receiver that exists as soon as it is
     /// named), or none.
     std::function<std::unique_ptr<Object>(Symbol)> make_receiver = [](auto&&...) { return nullptr; };

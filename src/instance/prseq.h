@@ -21,6 +21,7 @@
 #include "instance/event_index.h"
 #include "instance/gesture.h"
 #include "instance/history.h"
+#include "instance/inspector_record.h"
 #include "instance/linecursor_record.h"
 #include "instance/meter.h"
 #include "instance/modal_dialog_record.h"
@@ -39,6 +40,7 @@ struct DocumentInfo {
     std::string title = "No Title";
     std::string date;
     std::string author = "Anonymous";
+    std::string memo;
     long fileversion = 100;
     std::string filename;  ///< empty: untitled
     std::string folder;    ///< empty: the working folder
@@ -51,6 +53,7 @@ struct DocumentInfo {
 struct PrseqCallbacks {
     void (*notify)(Prseq&, const Notification&);
     void (*resized)(Prseq&);
+    void (*changed)(Prseq&, Change);  ///< something that is seen is to be shown anew
     void (*eventcapture)(Prseq&);
     void (*runningtime)(Prseq&);
     void (*eventcatched)(Prseq&);
@@ -96,6 +99,7 @@ struct Prseq : Box, AttributeFields, Geometry {
     IconMenu iconmenu;
     std::optional<ModalDialog> modaldialog;  ///< while it is open, no part gets the mouse
     Hover hover;
+    Inspectors inspectors;
     MouseCursors cursors;
 
     // playback

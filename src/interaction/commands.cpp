@@ -154,7 +154,16 @@ void select_next(Prseq& object) {
 void play_or_stop(Prseq& object) { prseq_int(object, !object.playing); }
 bool is_playing(const Prseq& object) { return object.playing; }
 
-void nothing(Prseq&) {}
+void send(Prseq& object, const char* message) { object_method_typed(object, gensym(message), {}); }
+
+/// The inspectors are above this room, and open by their messages.
+void open_document_inspector(Prseq& object) { send(object, "document_inspector_open"); }
+void open_track_inspector(Prseq& object) { send(object, "track_inspector_open"); }
+void open_event_inspector(Prseq& object) { send(object, "event_inspector_open"); }
+bool has_one_selected(const Prseq& object) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    return track && track->events.selected().size() == 1;
+}
 
 bool has_active_track(const Prseq& object) { return TQ_Prseq_Tracks_GetActiveTrack(object); }
 bool shows_bpfs(const Prseq& object) { return has_active_track(object) && object.showbpfs; }
@@ -246,7 +255,8 @@ constexpr CommandRow rows[] = {
     {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},
     {Command::GoToStart, "go_to_start", "Go To Start", always, never, go_to_start},
     {Command::GoToEnd, "go_to_end", "Go To End", always, never, go_to_end},
-    {Command::DocumentInspector, "document_inspector", "Document Inspector", never, never, nothing},
+    {Command::DocumentInspector, "document_inspector", "Document Inspector", always, never,
+     open_document_inspector},
     toggle<&AttributeFields::trackdisplay>(Command::TrackDisplay, "trackdisplay", "Track Display"),
     toggle<&AttributeFields::keydisplay_shown>(Command::KeyDisplay, "keydisplay", "Key Display"),
     toggle<&AttributeFields::parameterdisplay>(Command::ParameterDisplay, "parameterdisplay",
@@ -260,14 +270,15 @@ constexpr CommandRow rows[] = {
     {Command::DeleteTrack, "delete_track", "Delete Track", has_tracks, never, delete_track},
     {Command::PreviousTrack, "previous_track", "Previous Track", has_tracks, never, activate_track<-1>},
     {Command::NextTrack, "next_track", "Next Track", has_tracks, never, activate_track<1>},
-    {Command::TrackInspector, "track_inspector", "Track Inspector", never, never, nothing},
+    {Command::TrackInspector, "track_inspector", "Track Inspector", has_tracks, never, open_track_inspector},
     toggle<&AttributeFields::showlabels>(Command::ShowLabels, "showlabels", "Show Labels", has_active_track),
     toggle<&AttributeFields::showmessages>(Command::ShowMessages, "showmessages", "Show Messages",
                                            has_active_track),
     toggle<&AttributeFields::showbpfs>(Command::ShowBpfs, "showbpfs", "Show Bpfs", has_active_track),
     toggle<&AttributeFields::showbuffers>(Command::ShowBuffers, "showbuffers", "Show Buffers",
                                           has_active_track),
-    {Command::EventInspector, "event_inspector", "Event Inspector", never, never, nothing},
+    {Command::EventInspector, "event_inspector", "Event Inspector", has_one_selected, never,
+     open_event_inspector},
     {Command::EditBpfs, "edit_bpfs", "Edit", has_active_track, edits_bpfs, edit_bpfs_or_not},
     toggle<&AttributeFields::display_all_bpfs>(Command::DisplayAllBpfs, "display_all_bpfs", "Display All",
                                                shows_bpfs),

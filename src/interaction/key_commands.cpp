@@ -25,6 +25,7 @@ constexpr KeyCommand rows[] = {
     {'z', 0, Command::Undo},
     {'z', modifier_shift, Command::Redo},
     {'a', 0, Command::SelectAll, selects},
+    {'i', 0, Command::EventInspector},
     {key_left, 0, Command::SelectPrevious},
     {key_right, 0, Command::SelectNext},
 };

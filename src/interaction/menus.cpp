@@ -25,15 +25,6 @@ void add_tracks(PopupMenu& menu, const Prseq& object) {
                  [index = track->index](Prseq& o) { prseq_activetrack(o, index); });
 }
 
-void activate_bpf_type(Prseq& object, long index) {
-    Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    const BpfType* type = track ? TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index) : nullptr;
-    if (!type) return;
-    track->activebpfindex = index;
-    TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(*track, *type);
-    prseq_show(object, Change::Types);
-}
-
 void add_bpf_types(PopupMenu& menu, const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     menu.separate();

@@ -4,6 +4,7 @@
 
 #include "host/modifiers.h"
 #include "instance/prseq.h"
+#include "interaction/commands.h"
 #include "interaction/context_menu.h"
 #include "interaction/cursors.h"
 #include "interaction/icon_menu.h"
@@ -47,6 +48,11 @@ void hover_maindisplay(Prseq& object, const Pointer& at) {
     mouse_mode_row(object.maindisplay.mousemode).hover(object, at);
 }
 
+void doubleclick_maindisplay(Prseq& object, const Pointer& at) {
+    if (object.maindisplay.mousemode == MouseMode::Select && !is_right(at))
+        run_command(object, Command::EventInspector);
+}
+
 void press_parameterdisplay(Prseq& object, const Pointer& press) {
     if (is_right(press)) return TQ_Prseq_Mouse_ClickRightParameterdisplay(object, press);
     object.gesture = parameter_gesture(object, press);
@@ -59,7 +65,7 @@ constexpr PartRow rows[] = {
     {Part::KeyDisplay, nullptr, hover_other_part, nullptr, nullptr},
     {Part::HorScrollbar, press_horscrollbar, hover_other_part, nullptr, nullptr},
     {Part::VertScrollbar, press_vertscrollbar, hover_other_part, nullptr, nullptr},
-    {Part::MainDisplay, press_maindisplay, hover_maindisplay, scroll_maindisplay, nullptr},
+    {Part::MainDisplay, press_maindisplay, hover_maindisplay, scroll_maindisplay, doubleclick_maindisplay},
     {Part::ParameterDisplay, press_parameterdisplay, hover_other_part, nullptr, nullptr},
     {Part::UpperDisplay, click_upperdisplay, hover_other_part, nullptr, nullptr},
     {Part::TrackDisplay, press_trackdisplay, hover_other_part, scroll_trackdisplay, doubleclick_trackdisplay},

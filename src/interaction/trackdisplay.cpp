@@ -6,6 +6,7 @@
 #include "instance/geometry.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
+#include "interaction/commands.h"
 #include "interaction/pointer.h"
 #include "model/tracks.h"
 #include "view/scrollbar.h"
@@ -92,8 +93,10 @@ void press_trackdisplay(Prseq& object, const Pointer& press) {
 
 void doubleclick_trackdisplay(Prseq& object, const Pointer& pointer) {
     const Point at = in_list(object, pointer.at);
-    const bool beside = TQ_Prseq_Trackdisplay_WhatTrack(object, at.x, at.y) < 0;
-    if (beside && on_rows(trackdisplay_of(object), at)) prseq_addtrack(object, {});
+    if (!on_rows(trackdisplay_of(object), at)) return;
+    if (TQ_Prseq_Trackdisplay_WhatTrack(object, at.x, at.y) < 0) return prseq_addtrack(object, {});
+    if (TQ_Prseq_Trackdisplay_WhatColumn(object, at.x, at.y) == TrackNameColumn)
+        run_command(object, Command::TrackInspector);
 }
 
 }  // namespace tq

@@ -98,6 +98,15 @@ void TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(const Track& track, const Bp
         [&](Event& event) { event.activebpf = TQ_Prseq_Events_GetBpfWithGivenName(event, type.name); });
 }
 
+void activate_bpf_type(Prseq& object, long index) {
+    Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    const BpfType* type = track ? TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index) : nullptr;
+    if (!type) return;
+    track->activebpfindex = index;
+    TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(*track, *type);
+    prseq_show(object, Change::Types);
+}
+
 double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type) {
     return type.minimum == type.maximum ? 0 : scale(type.default_, type.minimum, type.maximum, 0, 1);
 }

@@ -27,6 +27,8 @@ BpfType* TQ_Prseq_Tracks_GetBpfTypeWithGivenName(const Track& track, Symbol name
 /// −1 when the track has no such type.
 long TQ_Prseq_Tracks_GetBpfTypeIndexWithGivenName(const Track& track, Symbol name);
 void TQ_Prseq_Tracks_SetActiveBpfToAllEventsOnTrack(const Track& track, const BpfType& type);
+/// What is edited and drawn in front on the active track is the curves of this type.
+void activate_bpf_type(Prseq& object, long index);
 /// 0 for a type whose range is empty.
 double TQ_Prseq_Events_ConvertBpfTypeDefaultValueToUnity(const BpfType& type);
 

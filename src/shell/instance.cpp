@@ -3,6 +3,7 @@
 #include "history/capture.h"
 #include "host/defer.h"
 #include "host/host.h"
+#include "inspectors/inspectors.h"
 #include "instance/symbols.h"
 #include "interaction/cursors.h"
 #include "interaction/icon_menu.h"
@@ -46,6 +47,7 @@ void notify(Prseq& object, const Notification& notification) {
     if (notification.sender == &object && notification.message == tq_sym_attr_modified)
         return attribute_modified(object, notification.data);
     if (notification.sender == &object.host().view) return TQ_Prseq_Output_PatcherwindowRect(object);
+    if (inspector_notify(object, notification)) return;
     const Symbol name = notification.data;
     if (notification.message == tq_sym_globalsymbol_binding)
         defer_low(object, [name](Prseq& o) { TQ_Prseq_Buffer_FindAllEventsWithNamedBuffer(o, name); });
@@ -57,6 +59,7 @@ void notify(Prseq& object, const Notification& notification) {
 
 constexpr PrseqCallbacks callbacks{.notify = notify,
                                    .resized = synchronise_view,
+                                   .changed = inspectors_look_again,
                                    .eventcapture = close_event_capture,
                                    .runningtime = TQ_Prseq_Time_Runningtime,
                                    .eventcatched = TQ_Prseq_Time_EventCatched,

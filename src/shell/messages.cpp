@@ -5,6 +5,7 @@
 #include "file/document_messages.h"
 #include "history/undoredo.h"
 #include "host/outlet.h"
+#include "inspectors/inspectors.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "interaction/mouse_modes.h"
@@ -54,6 +55,12 @@ void add_messages(Class& c) {
     class_addmethod(c, "write", TQ_Prseq_Json_WriteFromWriteMessage);
     class_addmethod(c, "writeagain", TQ_Prseq_Json_WriteFromWriteAgainMessage);
     class_addmethod(c, "int", prseq_int);
+    class_addmethod(c, "document_inspector_open", prseq_fileinspector_open);
+    class_addmethod(c, "document_inspector_close", prseq_fileinspector_close);
+    class_addmethod(c, "track_inspector_open", prseq_trackinspector_open);
+    class_addmethod(c, "track_inspector_close", prseq_trackinspector_close);
+    class_addmethod(c, "event_inspector_open", prseq_eventinspector_open);
+    class_addmethod(c, "event_inspector_close", prseq_eventinspector_close);
     class_addmethod(c, "dump_selected", prseq_dump_selected);
     class_addmethod(c, "getdirty", prseq_getdirty_out);
     class_addmethod(c, "getmaxtime", TQ_Prseq_Output_Maxtime);

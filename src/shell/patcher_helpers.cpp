@@ -15,7 +15,7 @@ PatcherBox* TQ_Prseq_Utilities_FindBoxFromVarname(Patcher& patcher, Symbol name)
 
 Object* TQ_Prseq_Utilities_FindObjectFromVarname(Patcher& patcher, Symbol name) {
     const PatcherBox* box = TQ_Prseq_Utilities_FindBoxFromVarname(patcher, name);
-    return box ? box->object : nullptr;
+    return box ? box->object() : nullptr;
 }
 
 void TQ_Prseq_Utilities_HideAllBoxesInPatcher(Patcher& patcher, bool hide) {
@@ -30,8 +30,8 @@ void TQ_Prseq_Utilities_SetNotificationFromObject(Prseq& object, Object& sender,
 }
 
 std::optional<std::string> TQ_Prseq_Utilities_GetTextAtomsFromSender(const PatcherBox& sender) {
-    if (sender.value.empty()) return {};
-    std::string text = atom_gettext(sender.value);
+    if (!sender.field || sender.field->value().empty()) return {};
+    std::string text = atom_gettext(sender.field->value());
     return text == tq_sym_empty.text() ? "" : text;
 }
 

@@ -7,7 +7,6 @@
 #include "app/script_fixture.h"
 #include "file/document_reader.h"
 #include "file/document_writer.h"
-#include "history/random_inspector_edits.h"
 #include "history/random_message.h"
 #include "host/buffer.h"
 #include "interaction/random_hand.h"
@@ -63,9 +62,7 @@ void undo_and_redo_all(unsigned seed) {
     RandomHand hand(session, random);
     std::string first = document_of(session);
     for (int i = 0; i < 80; ++i) {
-        if (random() % 8 == 0)
-            random_inspector_edit(session.box(), random);
-        else if (random() % 2)
+        if (random() % 2)
             hand.edit();
         else
             session.send(random_message(random, true));
@@ -74,7 +71,7 @@ void undo_and_redo_all(unsigned seed) {
     }
     wait(session, 100);
     session.call(FocusCall{false});  // ends what is under way
-    session.send("undoredo 1000");  // a key may have undone some
+    session.send("undoredo 1000");   // a key may have undone some
     std::string last = document_of(session);
     for (const auto& item : session.box().history.items) recorded.insert(item->name());
     for (int cycle = 0; cycle < 2; ++cycle) {

@@ -11,19 +11,26 @@
 namespace tq::test {
 namespace {
 
+/// A message changes a track's colour beside the history, an inspector in it: redo brings the latter.
+std::string document_without_colors(const Session& session) {
+    std::string document = document_of(session);
+    while (document.find("\"color\"") != document.npos) document = without(std::move(document), "color");
+    return document;
+}
+
 /// What undo took back some steps of, redo brings again, whatever else the document has gone through.
 testing::AssertionResult undo_and_redo(Session& session, size_t steps) {
     session.call(FocusCall{false});  // ends what is under way
     session.send("undoredo_dump");   // no burst: a message of its own is not recorded
     session.host().scheduler.run_until(session.host().scheduler.now() + 100);
-    const std::string before = document_of(session);
+    const std::string before = document_without_colors(session);
     const size_t applied = static_cast<size_t>(session.box().history.cursor + 1);
     for (size_t i = 0; i < std::min(steps, applied); ++i) session.send("undo");
     if (const auto faults = holds_together(session.box()); !faults) return faults;
     for (size_t i = 0; i < std::min(steps, applied); ++i) session.send("redo");
-    if (document_of(session) == before) return testing::AssertionSuccess();
+    if (document_without_colors(session) == before) return testing::AssertionSuccess();
     return testing::AssertionFailure()
-           << same_lines(lines_of(document_of(session)), lines_of(before)).message();
+           << same_lines(lines_of(document_without_colors(session)), lines_of(before)).message();
 }
 
 void play_about(unsigned seed) {

@@ -1,6 +1,9 @@
 #include "interaction/random_hand.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
+#include <vector>
 
 #include "interaction/commands.h"
 #include "interaction/key_commands.h"
@@ -141,8 +144,80 @@ void RandomHand::turn_the_wheel() {
     call(WheelCall{at.x, at.y, chance(3) ? number(9) / 50 - 0.08 : 0, number(9) / 50 - 0.08});
 }
 
+Atom RandomHand::any_cell(const TableColumn& column) {
+    return column.text ? Atom(gensym("t" + std::to_string(below(6)))) : Atom(number(3000) - 500);
+}
+
+/// Something that a user can do to the control, and something that none can, now and then.
+void RandomHand::change_field(const std::string& name, const Field& field) {
+    const auto tell = [&](const char* change, Atoms atoms = {}) {
+        call(FieldCall{name, change, std::move(atoms)});
+    };
+    static constexpr const char* words[] = {"", "sound", "a", "two words", "<empty>", "1"};
+    const FieldForm form = field.form();
+    const long row = static_cast<long>(below(field.rows().size() + 1));
+    switch (form.kind) {
+        case FieldKind::Text:
+            return tell("value", {gensym(words[below(6)])});
+        case FieldKind::Number:
+        case FieldKind::Color: {
+            const bool dragged = form.kind == FieldKind::Number && chance(2);
+            if (dragged) tell("mousedown");
+            for (size_t i = 1 + (dragged ? below(4) : 0); i > 0; --i)
+                tell("value", {form.kind == FieldKind::Color ? number(100) / 100 : number(5000) - 300});
+            if (dragged && !chance(5)) tell("mouseup");
+            return;
+        }
+        case FieldKind::Table: {
+            if (form.columns.empty()) return;
+            const long column = static_cast<long>(below(form.columns.size()));
+            if (chance(4)) {
+                Atoms cells;
+                for (const TableColumn& of : form.columns) cells.push_back(any_cell(of));
+                return tell("rowadded", chance(2) ? cells : Atoms{});
+            }
+            if (chance(6)) return tell("rowdeleted", {row});
+            if (chance(9)) return tell("cleared");
+            const bool dragged = chance(2);
+            if (dragged) tell("cell_mousedown", {row, column});
+            tell("cellchanged", {row, column, any_cell(form.columns[static_cast<size_t>(column)])});
+            if (dragged || chance(2)) tell("cell_mouseup", {row, column});
+            return;
+        }
+        default:
+            return tell("value", {static_cast<long>(below(4))});
+    }
+}
+
+void RandomHand::edit_a_field(bool undoable_only) {
+    static const std::string openers[] = {"event_inspector_open", "track_inspector_open",
+                                          "document_inspector_open"};
+    static const std::set<std::string> uncovered = {"eventEd_freq_base", "eventEd_bpftypes",
+                                                    "trackdestination", "trackdiscardnoteoutput",
+                                                    "trackdiscarddefaultpitchbpfoutput"};
+    if (chance(2)) command("select_next");
+    if (chance(4)) call(FieldCall{"eventEd_buffer", "value", {gensym("sound")}});
+    session_.send(openers[below(undoable_only ? 2 : 3)]);
+    const Inspectors& inspectors = session_.box().inspectors;
+    const Inspector& inspector = inspectors.all[undoable_only ? 1 + below(2) : below(3)];
+    if (inspector.fields.empty()) return;
+    std::vector<std::pair<std::string, const Field*>> fields;  // in an order of their own
+    for (const auto& [name, field] : inspector.fields)
+        if (!undoable_only || !uncovered.contains(name.text())) fields.emplace_back(name.text(), field);
+    std::ranges::sort(fields);
+    const auto [name, field] = fields[below(fields.size())];
+    change_field(name, *field);
+}
+
+void RandomHand::close_an_inspector() {
+    static const std::string names[] = {"document", "track", "event"};
+    const std::string name = names[below(3)];
+    if (chance(2)) return session_.send(name + "_inspector_close");
+    call(CloseCall{name, chance(2) ? std::optional(Point{number(900), number(900)}) : std::nullopt});
+}
+
 void RandomHand::edit() {
-    switch (below(11)) {
+    switch (below(13)) {
         case 0:
             return press_a_track();
         case 1:
@@ -153,15 +228,20 @@ void RandomHand::edit() {
             return command(command_row(chance(2) ? Command::SelectAll : Command::SelectNext).name);
         case 4:
             return press_a_key();
+        case 5:
+        case 6:
+            return edit_a_field(true);
         default:
             return gesture_in_a_mode();
     }
 }
 
 void RandomHand::act() {
-    switch (below(8)) {
+    switch (below(9)) {
         case 0:
             return press_somewhere();
+        case 4:
+            return chance(3) ? close_an_inspector() : edit_a_field(false);
         case 1:
             return press_a_key();
         case 2:

@@ -43,6 +43,11 @@ class RandomHand : private PatchFiles {
     void edit_by_command();
     void any_command();
     void turn_the_wheel();
+    /// In one of the inspectors; only what the history covers, when asked for.
+    void edit_a_field(bool undoable_only);
+    void change_field(const std::string& name, const Field& field);
+    Atom any_cell(const TableColumn& column);
+    void close_an_inspector();
 
     Session& session_;
     std::mt19937& random_;

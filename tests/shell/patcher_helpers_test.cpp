@@ -3,15 +3,25 @@
 #include <gtest/gtest.h>
 
 #include "app/script_fixture.h"
+#include "host/host.h"
 #include "instance/utilities.h"
 
 namespace tq::test {
 namespace {
 
 TEST(PatcherHelpers, findTheFirstBoxOfANameAndReadItsText) {
-    Patcher patcher{{{.varname = gensym("label"), .value = {gensym("a b"), 2L}},
-                     {.varname = gensym("other"), .value = {gensym("<empty>")}},
-                     {.varname = gensym("label"), .value = {}}}};
+    Host host;
+    Patcher patcher(host);
+    FieldForm text;
+    text.kind = FieldKind::Text;
+    for (const char* name : {"label", "other", "label"}) {
+        PatcherBox box;
+        box.varname = gensym(name);
+        box.field = std::make_unique<Field>(host, text);
+        patcher.boxes.push_back(std::move(box));
+    }
+    patcher.boxes[0].field->set({gensym("a b"), 2L});
+    patcher.boxes[1].field->set({gensym("<empty>")});
     EXPECT_EQ(TQ_Prseq_Utilities_FindBoxFromVarname(patcher, gensym("label")), &patcher.boxes[0]);
     EXPECT_EQ(TQ_Prseq_Utilities_FindBoxFromVarname(patcher, gensym("none")), nullptr);
     EXPECT_EQ(TQ_Prseq_Utilities_FindObjectFromVarname(patcher, gensym("none")), nullptr);

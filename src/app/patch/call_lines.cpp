@@ -75,6 +75,17 @@ void MouseButton::read(MouseCall& call, Words& words) const {
     if (!call.right) words.take("left");
 }
 
+void PlaceOfWindow::write(const CloseCall& call, std::string& line) const {
+    if (call.position) fmt::format_to(std::back_inserter(line), " {} {}", call.position->x, call.position->y);
+}
+
+void PlaceOfWindow::read(CloseCall& call, Words& words) const {
+    constexpr double far = 1e6;
+    if (!words.more()) return;
+    const double x = words.number("X", -far, far);
+    call.position = Point{x, words.number("Y", -far, far)};
+}
+
 void SoundOfFormat::write(const SoundCall& call, std::string& line) const {
     if (!call.format) return;
     line += fmt::format(" {} {} {}", call.format->frames, call.format->channels, call.format->rate);

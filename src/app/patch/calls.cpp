@@ -7,6 +7,7 @@
 #include "app/patch/import.h"
 #include "app/patch/session.h"
 #include "file/document_messages.h"
+#include "inspectors/inspectors.h"
 #include "instance/change.h"
 #include "interaction/commands.h"
 #include "interaction/key_commands.h"
@@ -43,6 +44,26 @@ bool make(Session& session, const KeyCall& call) {
 
 bool make(Session& session, const WindowCall& call) {
     patcherview_set_rect(session.host().view, {call.x, call.y, call.width, call.height});
+    return true;
+}
+
+bool make(Session& session, const FieldCall& call) {
+    for (Inspector& inspector : session.box().inspectors.all)
+        if (auto field = inspector.fields.find(gensym(call.name)); field != inspector.fields.end())
+            return field->second->modify(gensym(call.change), call.atoms);
+    object_error(session.box(), fmt::sprintf("no field \"%s\" is open", call.name));
+    return false;
+}
+
+bool make(Session& session, const CloseCall& call) {
+    Inspector* inspector = find_inspector(session.box(), call.name);
+    Patcher* patcher = inspector ? inspector->patcher.get() : nullptr;
+    if (!patcher) {
+        object_error(session.box(), fmt::sprintf("no inspector \"%s\" is open", call.name));
+        return false;
+    }
+    patcher->position = call.position.value_or(patcher->position);
+    patcher->close_by_hand();
     return true;
 }
 

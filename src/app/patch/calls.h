@@ -8,6 +8,7 @@
 
 #include "app/patch/line_table.h"
 #include "host/buffer.h"
+#include "host/geometry.h"
 #include "host/modifiers.h"
 
 namespace tq {
@@ -58,6 +59,19 @@ struct MouseCall {
 struct WindowCall {
     double x = 0, y = 0, width = 0, height = 0;
     friend bool operator==(const WindowCall&, const WindowCall&) = default;
+};
+/// What a user does to a field of an inspector that is open: a kind of change of Field::modify() in
+/// host/field.h.
+struct FieldCall {
+    std::string name, change;
+    Atoms atoms;
+    friend bool operator==(const FieldCall&, const FieldCall&) = default;
+};
+/// The user closes an inspector's window.
+struct CloseCall {
+    std::string name;               ///< "document", "track" or "event"
+    std::optional<Point> position;  ///< of the window on the screen, where it has been moved
+    friend bool operator==(const CloseCall&, const CloseCall&) = default;
 };
 /// A command of the box, by its name in interaction/commands.h.
 struct CommandCall {
@@ -135,6 +149,11 @@ struct MouseButton {
     void write(const MouseCall& call, std::string& line) const;
     void read(MouseCall& call, Words& words) const;
 };
+/// Two numbers, or none.
+struct PlaceOfWindow {
+    void write(const CloseCall& call, std::string& line) const;
+    void read(CloseCall& call, Words& words) const;
+};
 /// A sound's format and file, which may be left out.
 struct SoundOfFormat {
     void write(const SoundCall& call, std::string& line) const;
@@ -157,6 +176,9 @@ inline constexpr std::tuple call_rows{
                                   Modifiers{&MouseCall::modifiers}),
     line_row<WindowCall>(".window", Number{&WindowCall::x, "X"}, Number{&WindowCall::y, "Y"},
                                     Number{&WindowCall::width, "width"}, Number{&WindowCall::height, "height"}),
+    line_row<FieldCall>(".field", Word{&FieldCall::name, "a field"}, Word{&FieldCall::change, "a change"},
+                                  LastWords{&FieldCall::atoms}),
+line_row<CloseCall>(".close", Word{&CloseCall::name, "an inspector"}, PlaceOfWindow{}),
     line_row<CommandCall>(".command", Word{&CommandCall::name, "a command"}),
     line_row<FocusCall>(".focus", Either{&FocusCall::in, "in", "out"}),
     line_row<TempoCall>(".tempo", Number{&TempoCall::bpm, "tempo", 1, 10000}),

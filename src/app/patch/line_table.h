@@ -65,6 +65,20 @@ struct LastWord {
 template <typename Record>
 LastWord(std::string Record::*, const char*) -> LastWord<Record>;
 
+/// All words that follow.
+template <typename Record>
+struct LastWords {
+    Atoms Record::*member;
+
+    void write(const Record& record, std::string& line) const {
+        if (!(record.*member).empty()) line += ' ' + atom_gettext(record.*member);
+    }
+    void read(Record& record, Words& words) const { record.*member = words.rest(); }
+};
+
+template <typename Record>
+LastWords(Atoms Record::*) -> LastWords<Record>;
+
 /// A last number that may be left out.
 template <typename Record>
 struct LastNumber {

@@ -39,6 +39,16 @@ double Words::number(const char* what, double low, double high) {
     return *value;
 }
 
+Atoms Words::rest() {
+    Atoms atoms;
+    for (; more(); ++next_) {
+        const MessageWord& word = words_[next_];
+        const Atoms parsed = word.literal ? Atoms{gensym(word.text)} : atom_setparse(word.text);
+        atoms.insert(atoms.end(), parsed.begin(), parsed.end());
+    }
+    return atoms;
+}
+
 void Words::end() const {
     if (more()) fault("one word too many: " + words_[next_].text);
 }

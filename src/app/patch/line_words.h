@@ -35,6 +35,8 @@ class Words {
     std::string word(const char* what);
     /// In double precision.
     double number(const char* what, double low, double high);
+    /// All words that are left.
+    Atoms rest();
     void end() const;
 
  private:

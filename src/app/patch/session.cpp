@@ -63,6 +63,11 @@ void Session::wire() {
     host_.patch.cursor = [this](const Object&, const MouseCursor& cursor) {
         tell([&](auto& l) { l.cursor(cursor); });
     };
+    host_.patch.patcher_shown = [this](Patcher& p) { tell([&](auto& l) { l.patcher_shown(p); }); };
+    host_.patch.patcher_front = [this](Patcher& p) { tell([&](auto& l) { l.patcher_front(p); }); };
+    host_.patch.patcher_changed = [this](Patcher& p) { tell([&](auto& l) { l.patcher_changed(p); }); };
+    host_.patch.patcher_freed = [this](Patcher& p) { tell([&](auto& l) { l.patcher_freed(p); }); };
+    host_.patch.field_shown = [this](const Field& f) { tell([&](auto& l) { l.field_shown(f); }); };
     host_.patch.outlet = [this](Object&, int outlet, Symbol selector, AtomSpan atoms) {
         tell([&](auto& l) { l.outlet(outlet, selector, atoms); });
         if (feedback && outlet == OutletSystemInfo && selector == tq_sym_ticks && !atoms.empty())

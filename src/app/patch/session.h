@@ -29,6 +29,12 @@ class SessionListener {
     virtual void error(const Object&, const std::string&) {}
     virtual void redraw() {}
     virtual void cursor(const MouseCursor&) {}
+    // What becomes of forms; see PatchEars.
+    virtual void patcher_shown(Patcher&) {}
+    virtual void patcher_front(Patcher&) {}
+    virtual void patcher_changed(Patcher&) {}
+    virtual void patcher_freed(Patcher&) {}
+    virtual void field_shown(const Field&) {}
 
  private:
     friend class Session;
