@@ -1,5 +1,6 @@
 #include "hand.h"
 
+#include <cstdlib>
 #include <string_view>
 
 #include "app/patch/paint_offscreen.h"
@@ -115,9 +116,16 @@ void type_rows() {
         a_row(curves ? "add a curve type to 100 k events" : "add a parameter type to 100 k events",
               tables.ms_of(undo, [&] { tables.change(field, "rowadded", values); }));
         row(curves ? "change a curve type of 100 k events" : "change a parameter type of 100 k events",
-            tables.ms_of([&](int i) { tables.change(field, "cellchanged", {index, 2L, 9. + i}); },
-                         [&] { tables.change(field, "cell_mouseup", {index, 2L}); }),
+            tables.ms_of(
+                [&](int i) {
+                    tables.change(field, "cellchanged", {index, 2L, 9. + i});
+                },
+                [&] {
+                    tables.change(field, "cell_mouseup", {index, 2L});
+                }),
             "ms", {"at most", 1});
+        const Track& track = *tables.session->box().tracks[0];
+        if ((curves ? track.bpftypes[1]->maximum : track.parametertypes[0]->maximum) != 13) std::abort();
         a_row(curves ? "delete a curve type of 100 k events" : "delete a parameter type of 100 k events",
               tables.ms_of(undo, [&] { tables.change(field, "rowdeleted", {index}); }));
     }

@@ -3,8 +3,8 @@
 	"height": 340,
 	"boxes": [
 		{"varname": "eventEd_selector", "kind": "selector", "x": 0, "y": 10, "width": 320, "height": 26, "pages": [{"title": "Event"}, {"title": "Buffer"}, {"title": "Curves"}, {"title": "Message"}]},
-		{"varname": "eventEd_ID", "kind": "label", "label": "Event", "x": 300, "y": 34, "width": 50, "height": 18},
-		{"varname": "eventEd_bpatcher", "kind": "patcher", "x": 0, "y": 44, "width": 360, "height": 296, "boxes": [
+		{"varname": "eventEd_ID", "kind": "label", "label": "Event", "x": 130, "y": 40, "width": 200, "height": 20},
+		{"varname": "eventEd_bpatcher", "kind": "patcher", "x": 0, "y": 52, "width": 360, "height": 288, "boxes": [
 			{"varname": "eventEd_label", "kind": "text", "x": 130, "y": 12, "width": 200, "height": 24, "label": "Label", "page": 0},
 			{"varname": "eventEd_start", "kind": "number", "x": 130, "y": 44, "width": 200, "height": 24, "label": "Start", "page": 0, "unit": "ms", "minimum": 0, "step": 1},
 			{"varname": "eventEd_duration", "kind": "number", "x": 130, "y": 76, "width": 200, "height": 24, "label": "Duration", "page": 0, "unit": "ms", "minimum": 1, "step": 1},

@@ -61,6 +61,7 @@ void select_only(Prseq& object, Event* event) {
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     TQ_Prseq_Tracks_SelectEvent2(object, *event);
     TQ_Prseq_Output_OutputSelectedEvents(object);
+    prseq_show(object, Change::Events);
 }
 
 /// Whether keys and the context menu are about the points of a curve.
@@ -83,12 +84,14 @@ void select_all_silently(Prseq& object) {
 void select_all(Prseq& object) {
     select_all_silently(object);
     if (!edits_points(object)) TQ_Prseq_Output_OutputSelectedEvents(object);
+    prseq_show(object, Change::Events);
 }
 
 bool can_select_all(const Prseq& object) { return !edits_points(object) || edited_bpf(object).bpf; }
 
 /// What is being dragged goes back to where it was.
 void select_nothing(Prseq& object) {
+    prseq_show(object, Change::Events);
     if (object.gesture && object.gesture->edits()) return roll_back_gesture(object);
     if (const CurveOf curve = edited_bpf(object); curve.bpf && edits_points(object))
         return deselect_bpf_points(object, *curve.bpf);

@@ -26,7 +26,7 @@ TEST_F(MenusTest, ShowWhatCanBeDone) {
         popup - Save
         popup - Save As...
         popup =
-        popup - Document Inspector)"));
+        popup + Document Inspector)"));
     EXPECT_TRUE(says(press("Edit"), "popup", R"(popup - Undo
         popup - Redo
         popup =
@@ -53,7 +53,7 @@ TEST_F(MenusTest, ShowWhatCanBeDone) {
     EXPECT_TRUE(says(press("Tracks"), "popup", R"(popup + New Track
         popup + Delete Track
         popup =
-        popup - Track Inspector
+        popup + Track Inspector
         popup =
         popup + A
         popup * B)"));

@@ -28,7 +28,10 @@ constexpr MessageRow messages[] = {
     {"undoredo", "0", true}, {"undoredo_clear", "", false}, {"undoredo_dump", "", false},
     {"maxtime", "10000", true}, {"read", "", false}, {"readagain", "", false}, {"write", "", false},
     {"writeagain", "", false}, {"int", "0", true}, {"dump_selected", "", false}, {"getdirty", "", false},
-    {"getmaxtime", "", false}, {"getcycle", "", false}, {"getcyclerange", "", false}};
+    {"getmaxtime", "", false}, {"getcycle", "", false}, {"getcyclerange", "", false},
+    {"document_inspector_open", "", false}, {"document_inspector_close", "", false},
+    {"track_inspector_open", "", false}, {"track_inspector_close", "", false},
+    {"event_inspector_open", "", false}, {"event_inspector_close", "", false}};
 // clang-format on
 
 struct Messages : ScriptTest {

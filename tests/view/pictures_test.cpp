@@ -24,6 +24,7 @@ TEST(Pictures, EveryDrawingCameOutAtBothSizes) {
     size_t found = 0;
     for (const auto& file : std::filesystem::directory_iterator(resources_folder())) {
         const std::string name = file.path().filename().string();
+        if (!name.ends_with(".png")) continue;
         const double times = name.find("@2x") == name.npos ? 1 : 2;
         const SurfaceRef picture = bundled_picture(gensym(name));
         ASSERT_TRUE(picture) << name;

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -14,6 +15,7 @@
 #include "app/journal/recovery.h"
 #include "app/patch/kept_copies.h"
 #include "app/patch/recent_files.h"
+#include "app/window/attribute_inspector.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/keys_page.h"
@@ -58,7 +60,11 @@ MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session
       box_(new BoxWidget(session_, timer_)),
       console_(new Console(session_)),
       bar_(new TransportBar),
-      splitter_(new QSplitter(Qt::Vertical)) {
+      splitter_(new QSplitter(Qt::Vertical)),
+      inspectors_(session_, *this,
+                  {.calls = [this](const SessionCall& made) { call(made); },
+                   .wants = [this](const Shortcut::What& what) { run(what); }}) {
+    measure_display();
     build();
     connect_parts();
     listen_to_loudspeaker();
@@ -95,13 +101,12 @@ void MainWindow::connect_parts() {
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
     bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { session_.call(TempoCall{bpm}); }); };
     bar_->console = [this](bool open) { show_console(open); };
+    bar_->settings = [this] { show_settings(); };
     bar_->open_file = [this] { choose_and_open(); };
     bar_->open_recent = [this](const std::string& path) { open(path); };
     bar_->has_previous = [this] { return journal_ && has_previous_document(*journal_); };
     bar_->bring_previous_back = [this] { bring_previous_back(); };
-    make_shortcuts(*this, *box_, [this](const Shortcut::What& what) {
-        std::visit([this](auto wanted) { run(wanted); }, what);
-    });
+    make_shortcuts(*this, *box_, [this](const Shortcut::What& what) { run(what); });
 }
 
 std::optional<std::string> MainWindow::open_dialog() {
@@ -204,11 +209,22 @@ bool MainWindow::open(const std::string& path) {
     return opened_;
 }
 
+void MainWindow::call(const SessionCall& call) {
+    timer_.act([this, call] {
+        session_.call(call);
+        refresh();
+    });
+}
+
 void MainWindow::send(const std::string& message) {
     timer_.act([this, message] {
         session_.send(message);
         refresh();
     });
+}
+
+void MainWindow::run(const Shortcut::What& what) {
+    std::visit([this](auto wanted) { run(wanted); }, what);
 }
 
 void MainWindow::run(WindowAction action) {
@@ -217,6 +233,8 @@ void MainWindow::run(WindowAction action) {
             return choose_and_open();
         case WindowAction::Console:
             return show_console(console_->isHidden());
+        case WindowAction::Settings:
+            return show_settings();
         case WindowAction::Keys:
             return show_keys_page(*this);
         case WindowAction::Quit:
@@ -241,6 +259,15 @@ void MainWindow::show_console(bool open) {
     } else {
         box_->setFocus();
     }
+}
+
+void MainWindow::show_settings() {
+    if (!settings_)
+        settings_ = std::make_unique<AttributeInspector>(session_, *this,
+                                                         [this](const SessionCall& made) { call(made); });
+    settings_->show();
+    settings_->raise();
+    settings_->activateWindow();
 }
 
 void MainWindow::tell(const std::string& text) {
@@ -276,9 +303,17 @@ void MainWindow::tell_place() {
     const WindowCall call{double(place.x()), double(place.y()), double(place.width()),
                           double(place.height())};
     timer_.act([this, call] { session_.call(call); });
+    measure_display();
+}
+
+void MainWindow::measure_display() {
+    const QSizeF size = screen()->size();
+    session_.host().patch.display_size = {size.width(), size.height()};
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    inspectors_.close();
+    if (settings_) settings_->close();
     Prseq& box = session_.box();
     kept_ = true;
     if (prseq_getdirtyflag(box))

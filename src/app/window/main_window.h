@@ -10,6 +10,7 @@
 #include "app/patch/note_listener.h"
 #include "app/patch/session.h"
 #include "app/patch/sound_files.h"
+#include "app/window/inspector_windows.h"
 #include "app/window/session_timer.h"
 #include "app/window/shortcuts.h"
 
@@ -17,6 +18,7 @@ class QSplitter;
 
 namespace tq {
 
+class AttributeInspector;
 class BoxWidget;
 class Console;
 struct Recovery;
@@ -51,6 +53,8 @@ class MainWindow : public QWidget, private PatchFiles {
  private:
     void build();
     void tell_place();
+    void measure_display();
+    void call(const SessionCall& call);
     void connect_parts();
     void listen_to_loudspeaker();
     std::optional<std::string> open_dialog() override;
@@ -64,7 +68,9 @@ class MainWindow : public QWidget, private PatchFiles {
     /// A command of the box.
     void run(Command command);
     void run(WindowAction action);
+    void run(const Shortcut::What& what);
     void show_console(bool open);
+    void show_settings();
     void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
@@ -81,6 +87,8 @@ class MainWindow : public QWidget, private PatchFiles {
     bool kept_ = true;        ///< the last document that was not saved has a copy
     std::string remembered_;  ///< the document that was last put among the recent files
     std::unique_ptr<Journal> journal_;
+    InspectorWindows inspectors_;
+    std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
 };
 
 }  // namespace tq

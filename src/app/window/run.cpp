@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "app/patch/box_settings.h"
 #include "app/window/ask_recovery.h"
 #include "app/window/line_input.h"
 #include "app/window/main_window.h"
@@ -35,8 +36,12 @@ void begin_journal(MainWindow& window) {
         window.tell("this session has no journal: " + fault);
 }
 
-/// Whoever draws notes wants those of the keys; scripts begin with the box as it is.
-void begin_by_hand(Session& session) { session.send("snappitch 1"); }
+/// Scripts begin with the box as it is.
+void begin_by_hand(Session& session) {
+    std::string fault;
+    for (const MessageCall& message : first_messages(fault)) session.call(message);
+    if (!fault.empty()) object_error(session.box(), "the settings were not read: " + fault);
+}
 
 }  // namespace
 

@@ -20,6 +20,7 @@ constexpr Shortcut rows[] = {
     {QKeySequence::SaveAs, Command::SaveAs},
     {Qt::CTRL | Qt::SHIFT | Qt::Key_S, Command::SaveAs},
     {QKeySequence::Quit, WindowAction::Quit},
+    {Qt::CTRL | Qt::Key_Q, WindowAction::Quit},
     {QKeySequence::Undo, Command::Undo, Window, repeats},
     {QKeySequence::Redo, Command::Redo, Window, repeats},
     {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Command::Redo, Window, repeats},
@@ -30,6 +31,7 @@ constexpr Shortcut rows[] = {
     {Qt::CTRL | Qt::Key_D, Command::Duplicate},
     {Qt::Key_Space, Command::PlayOrStop},
     {Qt::CTRL | Qt::Key_K, WindowAction::Console},
+    {Qt::CTRL | Qt::Key_Comma, WindowAction::Settings},
     {Qt::Key_F1, WindowAction::Keys},
 
     {Qt::Key_Home, Command::GoToStart, Canvas},
@@ -65,7 +67,7 @@ constexpr Shortcut rows[] = {
 }  // namespace
 
 const char* text_of(WindowAction action) {
-    static constexpr const char* texts[] = {"Open...", "Console", "Keys and Mouse", "Quit"};
+    static constexpr const char* texts[] = {"Open...", "Console", "Settings", "Keys and Mouse", "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 

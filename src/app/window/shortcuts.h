@@ -12,7 +12,7 @@ class QWidget;
 
 namespace tq {
 
-enum class WindowAction { Open, Console, Keys, Quit };
+enum class WindowAction { Open, Console, Settings, Keys, Quit };
 const char* text_of(WindowAction action);
 
 enum class ShortcutScope {

@@ -55,10 +55,14 @@ TransportBar::TransportBar() {
     status_ = new QLabel;
     row->addWidget(status_, 1);
     make_open();
+    QToolButton* settings_button =
+        button("Settings", "settings button", "What the box looks like and does (Ctrl+,)");
+    settings_button->setCheckable(false);
     console_ = button("Console", "console", "Messages to and from the box (Ctrl+K)");
     connect(play_, &QToolButton::clicked, this, [this](bool on) { play(on); });
     connect(loop_, &QToolButton::clicked, this, [this](bool on) { loop(on); });
     connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
+    connect(settings_button, &QToolButton::clicked, this, [this] { settings(); });
 }
 
 void TransportBar::make_open() {

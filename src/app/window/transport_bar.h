@@ -33,6 +33,7 @@ class TransportBar : public QWidget {
     std::function<void(double)> tempo = [](double) {};   ///< beats a minute
     std::function<void(double)> volume = [](double) {};  ///< 0 to 1
     std::function<void(bool)> console = [](bool) {};
+    std::function<void()> settings = [] {};
     std::function<void()> open_file = [] {};
     std::function<void(const std::string& path)> open_recent = [](auto&&) {};
     std::function<bool()> has_previous = [] { return false; };  ///< whether a document can be brought back
