@@ -143,12 +143,28 @@ bool is_current(const Prseq& object, const Inspector& inspector, InspectorKind k
     return kind == InspectorKind::Document || inspector.event == event_to_inspect(object);
 }
 
-template <typename Change>
-void field_changed(Prseq& object, InspectorKind kind, Symbol name, Change change) {
-    const Inspector& inspector = object.inspectors[kind];
-    if (!has_subject(inspector, kind) || !is_current(object, inspector, kind)) return;
+const FieldRow* row_of(InspectorKind kind, Symbol name) {
     for (const FieldRow& row : fields_of(kind))
-        if (name == gensym(row.name)) change(Inspected{object, inspector}, row);
+        if (name == gensym(row.name)) return &row;
+    return nullptr;
+}
+
+void told_by_field(Prseq& object, const InspectorRow& row, Symbol name, const Field& field,
+                   const std::string& what) {
+    Inspector& inspector = object.inspectors[row.kind];
+    if (name == gensym(row.selector)) inspector.page = field.value().front().as_long();
+    const FieldRow* of = row_of(row.kind, name);
+    const bool about_this = has_subject(inspector, row.kind) && is_current(object, inspector, row.kind);
+    if (of && about_this) of->change({object, inspector}, field, what);
+    if (!of || !of->waits || what != "cellchanged") inspectors_look_again(object, Change::Nothing);
+}
+
+/// The patcher is telling this, and goes when it has told it.
+void closed_by_hand(Prseq& object, InspectorKind kind) {
+    Inspector& inspector = object.inspectors[kind];
+    inspector.position = inspector.patcher->position;
+    defer_low(object, [going = std::shared_ptr(std::move(inspector.patcher))](Prseq&) {});
+    close(object, kind);
 }
 
 }  // namespace
@@ -190,24 +206,14 @@ bool inspector_notify(Prseq& object, const Notification& notification) {
         Inspector& inspector = object.inspectors[row.kind];
         if (!inspector.open()) continue;
         if (notification.sender == inspector.patcher.get()) {
-            inspector.position = inspector.patcher->position;
-            // It is telling this, and goes when it has told it.
-            defer_low(object, [going = std::shared_ptr(std::move(inspector.patcher))](Prseq&) {});
-            close(object, row.kind);
+            closed_by_hand(object, row.kind);
             return true;
         }
-        for (const auto& [name, field] : inspector.fields) {
-            if (notification.sender != field) continue;
-            if (name == gensym(row.selector)) inspector.page = field->value().front().as_long();
-            const std::string& what = notification.data.text();
-            bool waits = false;
-            field_changed(object, row.kind, name, [&](const Inspected& at, const FieldRow& of) {
-                of.change(at, *field, what);
-                waits = of.waits && what == "cellchanged";
-            });
-            if (!waits) inspectors_look_again(object, Change::Nothing);
-            return true;
-        }
+        for (const auto& entry : inspector.fields)
+            if (notification.sender == entry.second) {
+                told_by_field(object, row, entry.first, *entry.second, notification.data.text());
+                return true;
+            }
     }
     return false;
 }
