@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <ctime>
 #include <utility>
 
 #include "app/script/lines.h"
@@ -76,9 +77,24 @@ bool JournalFile::drain() {
     return !failed_ && !gave_up_;
 }
 
+/// The other threads still run: what they are writing comes first. Not for ever, since it may be this thread
+/// that holds the lock.
+bool JournalFile::lock_in_a_crash() noexcept {
+    constexpr int attempts = 500;
+    constexpr timespec pause{0, 1000000};
+    for (int i = 0; i < attempts; ++i) {
+        if (mutex_.try_lock()) {
+            if (!writing_) return true;
+            mutex_.unlock();
+        }
+        ::nanosleep(&pause, nullptr);
+    }
+    return false;
+}
+
 void JournalFile::write_in_a_crash(std::initializer_list<std::string_view> last) noexcept {
     auto put = [this](std::string_view text) { return ::write(descriptor_, text.data(), text.size()) >= 0; };
-    if (!mutex_.try_lock() || writing_ || failed_) return;  // the lock is kept
+    if (!lock_in_a_crash() || failed_) return;  // the lock is kept
     for (const Piece& piece : pieces_)
         if (!put(piece.text) || piece.file) return;  // what follows needs the file
     for (std::string_view text : last) put(text);

@@ -32,13 +32,14 @@ class JournalFile {
     void keep(FileBytes bytes);
     /// Waits until all that was appended is in the file; false when it cannot be written.
     bool drain();
-    /// In a process that breaks down: writes what it can of what is waiting, and then `last`, without waiting
-    /// for anybody. Nothing is written after that.
+    /// In a process that breaks down: writes what it can of what is waiting, and then `last`, waiting half
+    /// a second at most for whoever is writing. Nothing is written after that.
     void write_in_a_crash(std::initializer_list<std::string_view> last) noexcept;
     /// Why the journal could not be written, once; mostly empty.
     std::string take_fault();
 
  private:
+    bool lock_in_a_crash() noexcept;
     /// Text, and after it the bytes of a file to keep, if any.
     struct Piece {
         std::string text;
