@@ -9,6 +9,7 @@
 #include "edits/event_edits.h"
 #include "history/edit.h"
 #include "host/modifiers.h"
+#include "interaction/commands.h"
 #include "interaction/mouse.h"
 #include "interaction/move_gesture.h"
 #include "interaction/pointer.h"
@@ -66,6 +67,7 @@ class Editing {
         release();
         if (box_.selection.size() != count()) std::abort();
     }
+    void run(Command command) { run_command(box_, command); }
     void delete_selected() { prseq_deleteselectedevents(box_); }
     void undo() { session_->send(undo_, {}); }
     void redo() { session_->send(redo_, {}); }
@@ -109,6 +111,12 @@ const Operation operations[] = {
      [](Editing& e) { e.move(); }, [](Editing& e) { e.forget(); }},
     {"undo moving all", true, [](Editing& e) { e.select_all(), e.move(); }, [](Editing& e) { e.undo(); },
      [](Editing& e) { e.forget(); }},
+    {"transpose all by a key", true, [](Editing& e) { e.select_all(); },
+     [](Editing& e) { e.run(Command::TransposeUp); }, [](Editing& e) { e.undo(), e.forget(); }},
+    {"lengthen all by a key", true, [](Editing& e) { e.select_all(); },
+     [](Editing& e) { e.run(Command::Lengthen); }, [](Editing& e) { e.undo(), e.forget(); }},
+    {"duplicate all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.run(Command::Duplicate); },
+     [](Editing& e) { e.undo(), e.forget(); }},
     {"delete all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.delete_selected(); },
      [](Editing& e) { e.undo(), e.forget(); }},
     {"undo deleting all", true, [](Editing& e) { e.select_all(), e.delete_selected(); },

@@ -9,6 +9,7 @@
 #include "instance/change.h"
 #include "interaction/mouse.h"
 #include "interaction/mouse_modes.h"
+#include "model/bpf_editor.h"
 #include "table.h"
 #include "view/maindisplay.h"
 
@@ -67,8 +68,40 @@ void drag_row(Hand& hand) {
     row("  the slowest of 20", worst, "ms", {"at most", 33});
 }
 
+/// The event in the middle of the view is edited, and has a curve of this many points.
+void give_curve(Hand& hand, size_t points) {
+    Prseq& box = hand.box;
+    EventList& events = box.tracks[static_cast<size_t>(box.activetrack)]->events;
+    Event& event = *events.at(events.size() / 2);
+    Atoms atoms{gensym("id"), event.id, gensym("duration"), 100000L, gensym("<bpf>"), gensym("Pitch")};
+    for (size_t i = 0; i < points; ++i)
+        for (double number : {100000. * static_cast<double>(i) / static_cast<double>(points), 0.})
+            atoms.push_back(number);
+    atoms.push_back(gensym("</bpf>"));
+    hand.session->send(gensym("event"), atoms);
+    events.deselect_all();
+    events.select(event, true);
+    prseq_mousemode(box, gensym("edit_bpf"));
+    if (edited_bpf(box).bpf->points.size() < points) std::abort();
+}
+
+/// With the event inspector open, whose table shows the points.
+void curve_row(Hand& hand, size_t points) {
+    give_curve(hand, points);
+    hand.session->send("event_inspector_open");
+    const std::string field = "eventEd_bpfeditor";
+    double best = 1e300;
+    for (int i = 0; i < 10; ++i) {
+        const FieldCall call{field, "cellchanged", {static_cast<long>(points / 2), 1L, 60. + i}};
+        best = std::min(best, cpu_of([&] { hand.session->call(call); }));
+    }
+    hand.session->send("event_inspector_close");
+    row("change a point of " + count_name(points) + " in the inspector", best * 1e3, "ms", {"at most", 33});
+}
+
 void hover_rows(Hand& hand) {
     Prseq& box = hand.box;
+    give_curve(hand, 10000);
     for (const MouseModeRow& mode : mouse_modes()) {
         prseq_mousemode(box, gensym(mode.name));
         const Point at = hand.center();
@@ -138,6 +171,7 @@ void hand_rows() {
     Hand hand;
     drag_row(hand);
     hover_rows(hand);
+    for (size_t points : {1000UL, 100000UL}) curve_row(hand, points);
 }
 
 }  // namespace bench

@@ -1,13 +1,11 @@
 #include "inspectors/curve_field.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
-#include "history/edit.h"
 #include "history/recorders.h"
+#include "inspectors/begin_gesture.h"
 #include "instance/geometry.h"
-#include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "model/bpf_editor.h"
 #include "model/bpf_moves.h"
@@ -35,7 +33,7 @@ class CurveGesture final : public Gesture {
     CurveGesture(const Prseq& object, CurveOf curve)
         : curve_(std::move(curve)), at_press_(curve_.bpf->points), before_(before_steps(object)) {}
 
-    bool is_of(const CurveOf& curve) const { return curve_.bpf == curve.bpf; }
+    bool is_about(const CurveOf& curve) const { return curve_.bpf == curve.bpf; }
 
     void change(Prseq& object, size_t point, BpfPoint to) {
         Edit edit(object, Edit::Step{});
@@ -69,20 +67,6 @@ class CurveGesture final : public Gesture {
     bool changed_ = false;
 };
 
-CurveGesture& begin(Prseq& object, const CurveOf& curve) {
-    commit_gesture(object);
-    end_what_is_under_way(object);
-    auto gesture = std::make_unique<CurveGesture>(object, curve);
-    CurveGesture& begun = *gesture;
-    object.gesture = std::move(gesture);
-    return begun;
-}
-
-CurveGesture* under_way(const Prseq& object, const CurveOf& curve) {
-    auto* gesture = dynamic_cast<CurveGesture*>(object.gesture.get());
-    return gesture && gesture->is_of(curve) ? gesture : nullptr;
-}
-
 /// What the changed cell makes of its point.
 BpfPoint wanted_point(const Inspected& at, const CurveOf& curve, const Field& field) {
     const Cell cell = field.touched();
@@ -112,12 +96,12 @@ void change_curve(const Inspected& at, const Field& field, const std::string& wh
     if (!curve.bpf || field.touched().row >= curve.bpf->points.size()) return;
     if (what == "cell_mousedown") {
         select_bpf_points(at.object, curve.bpf, {field.touched().row});
-        begin(at.object, curve);
+        begin_gesture<CurveGesture>(at.object, curve);
     }
-    if (what == "cell_mouseup" && under_way(at.object, curve)) commit_gesture(at.object);
+    auto* const dragged = gesture_about<CurveGesture>(at.object, curve);
+    if (what == "cell_mouseup" && dragged) commit_gesture(at.object);
     if (what != "cellchanged") return;
-    CurveGesture* const dragged = under_way(at.object, curve);
-    CurveGesture& gesture = dragged ? *dragged : begin(at.object, curve);
+    CurveGesture& gesture = dragged ? *dragged : begin_gesture<CurveGesture>(at.object, curve);
     gesture.change(at.object, field.touched().row, wanted_point(at, curve, field));
     if (!dragged) commit_gesture(at.object);
 }

@@ -77,17 +77,13 @@ void record_velocity(Edit& edit, const EventRef& event, const EventState& before
 }
 
 constexpr auto record_move = record_snapshot<TQ_Prseq_Undoredo_AddUndoRedoItem_MoveEvents>;
-constexpr TurnedNumber start{"eventEd_start", write_start,
+constexpr TurnedNumber start{write_start,
                              record_snapshot<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsStart>},
-    duration{"eventEd_duration", write_duration,
-             record_snapshot<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength>},
-    pitch{"eventEd_pitch", write_pitch, record_move},
-    frequency{"eventEd_frequency", write_frequency, record_move},
-    velocity{"eventEd_velocity", write_velocity, record_velocity},
-    bufferstart{"eventEd_bufferstart", write_bufferstart,
-                record_state<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart>},
-    bufferend{"eventEd_bufferend", write_bufferend,
-              record_state<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd>};
+    duration{write_duration, record_snapshot<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsLength>},
+    pitch{write_pitch, record_move}, frequency{write_frequency, record_move},
+    velocity{write_velocity, record_velocity},
+    bufferstart{write_bufferstart, record_state<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferStart>},
+    bufferend{write_bufferend, record_state<TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsBufferEnd>};
 
 template <const TurnedNumber& number>
 void turn(const Inspected& at, const Field& field, const std::string& what) {

@@ -1,10 +1,8 @@
 #include "inspectors/field_gesture.h"
 
-#include <memory>
 #include <utility>
 
-#include "history/edit.h"
-#include "instance/prseq.h"
+#include "inspectors/begin_gesture.h"
 #include "model/events.h"
 #include "model/timeline.h"
 
@@ -20,7 +18,7 @@ class FieldGesture final : public Gesture {
           before_(before_steps(object)),
           at_press_(event_state(*event_)) {}
 
-    bool turns(const TurnedNumber& number) const { return &number == &number_; }
+    bool is_about(const TurnedNumber& number) const { return &number == &number_; }
 
     void turn(Prseq& object, double value) {
         Edit edit(object, Edit::Step{});
@@ -53,30 +51,17 @@ class FieldGesture final : public Gesture {
     bool turned_ = false;
 };
 
-FieldGesture& begin(Prseq& object, const TurnedNumber& number, const EventRef& event) {
-    commit_gesture(object);
-    end_what_is_under_way(object);
-    auto gesture = std::make_unique<FieldGesture>(object, number, event);
-    FieldGesture& begun = *gesture;
-    object.gesture = std::move(gesture);
-    return begun;
-}
-
-FieldGesture* under_way(const Prseq& object, const TurnedNumber& number) {
-    auto* gesture = dynamic_cast<FieldGesture*>(object.gesture.get());
-    return gesture && gesture->turns(number) ? gesture : nullptr;
-}
-
 }  // namespace
 
 void turn_number(Prseq& object, const TurnedNumber& number, const EventRef& event, const Field& field,
                  const std::string& what) {
-    if (what == "mousedown") begin(object, number, event);
-    if (what == "mouseup" && under_way(object, number)) commit_gesture(object);
+    if (what == "mousedown") begin_gesture<FieldGesture>(object, number, event);
+    auto* const gesture = gesture_about<FieldGesture>(object, number);
+    if (what == "mouseup" && gesture) commit_gesture(object);
     if (what != "value") return;
     const double value = field.value().front().as_double();
-    if (FieldGesture* gesture = under_way(object, number)) return gesture->turn(object, value);
-    begin(object, number, event).turn(object, value);
+    if (gesture) return gesture->turn(object, value);
+    begin_gesture<FieldGesture>(object, number, event).turn(object, value);
     commit_gesture(object);
 }
 

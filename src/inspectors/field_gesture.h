@@ -14,7 +14,6 @@ struct Prseq;
 
 /// A number that can be turned.
 struct TurnedNumber {
-    const char* field;  ///< its scripting name
     void (*write)(Prseq&, Event&, double value);
     /// One step of the history; the event holds what it was turned to.
     void (*record)(Edit&, const EventRef& event, const EventState& before);

@@ -73,18 +73,21 @@ void delete_selected(Prseq& object) {
         TQ_Prseq_Events_DeleteSelectedBpfPoints(object, curve);
 }
 
-void select_all_events(Prseq& object) { TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack); }
+void select_all_events(Prseq& object) {
+    TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack);
+    prseq_show(object, Change::Events);
+}
 
 void select_all_silently(Prseq& object) {
     if (!edits_points(object)) return select_all_events(object);
     if (const CurveOf curve = edited_bpf(object); curve.bpf)
         TQ_Prseq_Events_SelectAllPointsInBpf(object, curve.bpf);
+    prseq_show(object, Change::Events);
 }
 
 void select_all(Prseq& object) {
     select_all_silently(object);
     if (!edits_points(object)) TQ_Prseq_Output_OutputSelectedEvents(object);
-    prseq_show(object, Change::Events);
 }
 
 bool can_select_all(const Prseq& object) { return !edits_points(object) || edited_bpf(object).bpf; }
@@ -122,8 +125,7 @@ bool can_insert(const Prseq& object) {
 void go_to_start(Prseq& object) { prseq_position(object, 0); }
 void go_to_end(Prseq& object) {
     double end = 0;
-    for (const TrackRef& track : object.tracks)
-        end = std::max(end, TQ_Prseq_Tracks_FindLastEventsEnd(track.get()));
+    for (const TrackRef& track : object.tracks) end = std::max(end, track->events.latest_end());
     prseq_position(object, end);
 }
 

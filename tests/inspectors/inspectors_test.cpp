@@ -2,7 +2,6 @@
 #include "inspectors/inspectors.h"
 
 #include "interaction/hand.h"
-#include "sounds.h"
 
 namespace tq::test {
 namespace {
@@ -30,8 +29,7 @@ struct InspectorTest : Hand {
 
 struct EventInspector : InspectorTest {
     EventInspector() {
-        write_silence(folder.file("sound.wav"), 4000);
-        say(".buffer sound \"" + folder.file("sound.wav") + "\"");
+        make_sound();
         add(1000, 2000, 60, "<message> m 9 </message> label lead <buffer> sound </buffer>");
         add(4000, 500, 64);
         click(1500, 60);

@@ -6,6 +6,7 @@
 #include "app/script_fixture.h"
 #include "instance/prseq.h"
 #include "model/holds_together.h"
+#include "sounds.h"
 #include "view/maindisplay.h"
 
 namespace tq::test {
@@ -49,6 +50,12 @@ struct Hand : ScriptTest {
         say("event start " + std::to_string(static_cast<long>(start)) + " duration " +
             std::to_string(static_cast<long>(duration)) + " <note> " + std::to_string(pitch) +
             " 90 </note> " + more + "\n.wait 100");
+    }
+
+    /// The buffer "sound", of 4 s.
+    void make_sound() {
+        write_silence(folder.file("sound.wav"), 4000);
+        say(".buffer sound \"" + folder.file("sound.wav") + "\"");
     }
 
     std::string tip() { return say(".show tiptool").at(0); }

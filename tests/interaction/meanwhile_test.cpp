@@ -1,7 +1,6 @@
 // What happens in the middle of a drag, in every mode and part: the document stays whole, and what has ended
 // the drag is the last word.
 #include "interaction/hand.h"
-#include "sounds.h"
 
 namespace tq::test {
 namespace {
@@ -56,8 +55,8 @@ struct Held : Hand {
     }
 
     void start(const Drag& drag) {
-        write_silence(folder.file("sound.wav"), 4000);
-        say(".buffer sound \"" + folder.file("sound.wav") + "\"\ntrack_add\ntrack_add\ntrack_active 0");
+        make_sound();
+        say("track_add\ntrack_add\ntrack_active 0");
         add(1000, 1000, 60, "<buffer> sound </buffer>");
         add(3000, 1000, 64);
         say(drag.before);

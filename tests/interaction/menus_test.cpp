@@ -73,7 +73,8 @@ TEST_F(MenusTest, DoWhatIsChosen) {
     EXPECT_EQ(box.activetrack, 1);
     say("track_bpf_add Gain 0 1 1\nevent start 0 <note> 60 99 </note>\n.wait 100\n" + press("Bpfs", "Gain"));
     EXPECT_EQ(box.tracks[1]->events.first()->activebpf->name().text(), "Gain");
-    say(press("Edit", "Select All"));
+    say(".paint\n.show layers\n" + press("Edit", "Select All"));
+    EXPECT_NE(say(".paint\n.show layers").back().find(" maindisplay_layer"), std::string::npos);
     say(press("Edit", "Delete"));
     EXPECT_TRUE(box.tracks[1]->events.empty());
     say(press("Edit", "Undo Delete Event"));

@@ -1,6 +1,5 @@
 // What each mode does with presses, drags and releases in the main display.
 #include "interaction/hand.h"
-#include "sounds.h"
 #include "view/layout.h"
 
 namespace tq::test {
@@ -245,8 +244,8 @@ TEST_F(SelectMode, EveryClickSendsWhatIsSelected) {
 
 struct BufferMode : Hand {
     BufferMode() {
-        write_silence(folder.file("sound.wav"), 4000);
-        say(".buffer sound \"" + folder.file("sound.wav") + "\"\nshowbuffers 1\nmouse_mode buffer");
+        make_sound();
+        say("showbuffers 1\nmouse_mode buffer");
         add(1000, 2000, 60, "<buffer> sound </buffer>");
         add(5000, 1000, 60);
     }
