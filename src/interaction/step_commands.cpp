@@ -1,6 +1,7 @@
 #include "interaction/step_commands.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "history/edit.h"
 #include "history/recorders.h"
@@ -51,16 +52,14 @@ void lengthen_selection(Prseq& object, double grid_steps) {
 void duplicate_selection(Prseq& object) {
     Edit edit(object, Change::Events);
     if (!list_selected_events(object)) return edit.nothing();
-    const std::vector<EventRef> copies =
-        TQ_Prseq_Tracks_CopySelectedEventsOnTrack(object, object.activetrack);
+    double end = 0;
+    for (const EventRef& event : object.selection) end = std::max(end, event->end());
+    std::vector<EventRef> copies = TQ_Prseq_Tracks_CopySelectedEventsOnTrack(
+        object, object.activetrack, end - object.selection.front()->start);
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     TQ_Prseq_Tracks_SelectEventsFromLinkedList(object, copies);
-    DraggedEvents moved(object);
-    const DraggedExtent extent = moved.extent();
-    moved.write(object, [later = extent.end - extent.first_start](const UndoEventSnapshot& s) {
-        return DraggedEvents::Values{s.start + later, s.duration, s.pitch};
-    });
-    TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(edit, copies);
+    TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(edit, std::move(copies));
+    list_selected_events(object);
 }
 
 }  // namespace tq

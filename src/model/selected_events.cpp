@@ -30,13 +30,14 @@ double TQ_Prseq_Tracks_GetMaximumPitchOfSelectedEvents(const Prseq& object) {
     return best_pitch(object, std::greater<>());
 }
 
-std::vector<EventRef> TQ_Prseq_Tracks_CopySelectedEventsOnTrack(Prseq& object, long index) {
+std::vector<EventRef> TQ_Prseq_Tracks_CopySelectedEventsOnTrack(Prseq& object, long index, double later) {
     std::vector<EventRef> copies;
     Track* track = track_at(object, index);
     if (!track) return copies;
     copies.reserve(object.selection.size());
     for (const EventRef& event : object.selection) {
         EventRef copy = TQ_Prseq_Events_DuplicateEvent(object, *event);
+        copy->start += later;
         conform_event_to(*track, *copy);
         TQ_Prseq_Tracks_InsertEvent(object, *track, copy);
         copies.push_back(std::move(copy));

@@ -13,8 +13,8 @@ struct Prseq;
 /// 0 without selected events.
 double TQ_Prseq_Tracks_GetMinimumPitchOfSelectedEvents(const Prseq& object);
 double TQ_Prseq_Tracks_GetMaximumPitchOfSelectedEvents(const Prseq& object);
-/// Puts a copy of every selected event into the track, unselected; returns the copies.
-std::vector<EventRef> TQ_Prseq_Tracks_CopySelectedEventsOnTrack(Prseq& object, long track);
+/// Puts a copy of every selected event into the track, `later` by so many ms, unselected; returns the copies.
+std::vector<EventRef> TQ_Prseq_Tracks_CopySelectedEventsOnTrack(Prseq& object, long track, double later = 0);
 /// Takes a track's selected events out of it without letting go of what the selection list holds.
 void TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(Prseq& object, long track);
 
