@@ -49,7 +49,7 @@ std::string midi_file(size_t notes, size_t tracks) {
     std::vector<MidiPart> parts(tracks);
     for (size_t t = 0; t < tracks; ++t) {
         parts[t].name = "Part " + std::to_string(t);
-        parts[t].program = static_cast<int>(t);
+        parts[t].voice.program = static_cast<int>(t);
         for (size_t i = t; i < notes; i += tracks)
             parts[t].notes.push_back(
                 {static_cast<double>(i) * 2, 30, 36 + static_cast<double>(i * 7 % 48), 100, {}});

@@ -20,6 +20,7 @@
 #include "host/graphics_runtime.h"
 #include "painting.h"
 #include "scaling.h"
+#include "sound.h"
 #include "table.h"
 
 namespace bench {
@@ -224,11 +225,17 @@ struct Group {
     void (*run)();
 };
 
-constexpr Group groups[] = {
-    {"messages", event_message_rows}, {"journal", journal_rows},    {"midi", midi_rows},
-    {"memory", memory_rows},          {"documents", document_rows}, {"paint", painting_rows},
-    {"playback", playback_rows},      {"editing", editing_rows},    {"hand", hand_rows},
-    {"scaling", scaling_rows}};
+constexpr Group groups[] = {{"messages", event_message_rows},
+                            {"journal", journal_rows},
+                            {"midi", midi_rows},
+                            {"memory", memory_rows},
+                            {"documents", document_rows},
+                            {"paint", painting_rows},
+                            {"playback", playback_rows},
+                            {"editing", editing_rows},
+                            {"hand", hand_rows},
+                            {"sound", sound_rows},
+                            {"scaling", scaling_rows}};
 
 bool wanted(const std::string& name, int argc, char** argv) {
     return argc < 2 ||

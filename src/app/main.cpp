@@ -54,6 +54,8 @@ static int run(int argc, char** argv) {
     CLI::App* import_app = app.add_subcommand("import", "make a document of a Standard MIDI File");
     import_app->add_option("IN", import.source, "a Standard MIDI File")->required();
     import_app->add_option("OUT", import.target, "the document to write (.json)")->required();
+    import_app->add_flag("--pedal-curve", import.pedal_as_curve,
+                         "keep the sustain pedal as a curve, rather than lengthen what sounds");
 
     ScriptCommand script;
     CLI::App* script_app = app.add_subcommand("script", "drive a box in virtual time and print what it says");

@@ -2,6 +2,7 @@
 
 #include <fmt/printf.h>
 
+#include <cmath>
 #include <limits>
 
 #include "file/track_reader.h"
@@ -54,6 +55,12 @@ void read_timeline(Prseq& object, const Dictionary& root) {
                                                                       : -1;  // no bar has number -1
         prseq_bar(object, bar, region.getlong("beats").value_or(0), region.getlong("notevalue").value_or(0));
     });
+}
+
+/// A document that says nothing was made at the tempo that transports begin with.
+void read_tempo(Prseq& object, const Dictionary& root) {
+    const double tempo = root.getfloat("tempo").value_or(usual_tempo);
+    itm_settempo(*object.transport, std::isfinite(tempo) ? tempo : usual_tempo);
 }
 
 void read_switches(Prseq& object, const Dictionary& root) {
@@ -116,6 +123,7 @@ bool TQ_Prseq_Json_ParseDictionary(Prseq& object, const Dictionary& root) {
     if (readable) {
         read_header(object.info, *root.getdictionary("header"));
         root.getarray("tracks").for_each([&](const Dictionary& track) { read_track(object, track); });
+        read_tempo(object, root);
         read_timeline(object, root);
         read_switches(object, root);
         read_view(object, root);

@@ -162,6 +162,8 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
     out.close_array();
     if (!object.tracks.empty()) out.appendlong("activetrack", object.activetrack);
     out.appendfloat("maxtime", object.timelinelength);
+    if (const double tempo = itm_gettempo(*object.transport); tempo != usual_tempo)
+        out.appendfloat("tempo", tempo);
     write_meters(object.meter, out);
     write_view(object, out);
     write_cycle(object.cycle, out);

@@ -11,6 +11,9 @@ namespace tq {
 
 class TimeObject;
 
+/// Beats a minute, to begin with.
+constexpr double usual_tempo = 120;
+
 /// 480 ticks a quarter note; 120 quarter notes a minute to begin with; at tick 0 and paused when made.
 class Itm : public Object {
  public:
@@ -31,7 +34,7 @@ class Itm : public Object {
     void rebase();
     void rearm_all();
 
-    double tempo_ = 120;
+    double tempo_ = usual_tempo;
     bool running_ = false;
     double base_ticks_ = 0;  ///< the position at base_now_
     double base_now_ = 0;    ///< logical ms

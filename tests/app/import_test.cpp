@@ -1,4 +1,5 @@
 // Standard MIDI Files through the whole program.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include "app/midi/files.h"
 #include "app/midi/reader.h"
 #include "app/program.h"
+#include "model/bars.h"
 
 namespace tq::test {
 namespace {
@@ -32,7 +34,7 @@ TEST_F(Import, makesWhatMessagesWouldHaveMade) {
          "00 ff 03 04 42 61 73 73 00 c1 20 07 91 24 7f 81 00 91 24 00 00 91 30 01 87 68 91 30 00 00 ff 2f 00",
          "00 99 24 70 10 89 24 00 00 ff 2f 00"});
     std::string path = folder.file_with("song.mid", text_of(bytes));
-    say("new_track_color 0");
+    say("new_track_color 0\n.tempo 125");
     MidiSong song = read_midi_file(bytes);
     size_t notes = 0;
     for (size_t t = 0; t < song.tracks.size(); ++t) {
@@ -85,6 +87,100 @@ size_t without_partner(const std::vector<CsvNote>& notes, const std::vector<CsvN
         }
     }
     return lonely;
+}
+
+struct MeterRow {
+    const char* what;
+    std::vector<std::string> tracks;
+    const char* regions;  // "MEASURE BEATS/NOTEVALUE" each
+    double tempo;
+    const char* posted;
+};
+
+TEST_F(Import, takesTempoAndBarsAsFarAsTheGridGoes) {
+    const std::string note = "00 903c40 a400 803c40 00 ff2f00";  // 48 quarters of 96 ticks
+    const MeterRow rows[] = {
+        {"nothing said", {note}, "0 4/8", 120, ""},
+        {"twice as fast", {"00 ff510303d090 00 ff580404021808 " + note}, "0 4/16", 240, ""},
+        {"three beats, then six", {"00 ff580403021808 8900 ff580406031808 " + note}, "0 3/8 4 6/16", 120, ""},
+        {"a tempo whose bars are whole ms, and whose beats are not those of the grid",
+         {"00 ff5103098968 " + note},
+         "0 20/32",
+         96,
+         ""},
+        {"a tempo whose bars the grid has not",
+         {"00 ff51030a2c2b " + note},
+         "0 4/4",
+         90,
+         "x.mid: the grid is not that of the song from bar 1 on: its bar of 4/4 lasts 2666.7 ms, one of the "
+         "grid "
+         "4000.0 ms"},
+        {"a change of tempo",
+         {"8600 ff51030f4240 " + note},
+         "0 4/8 2 4/4",
+         120,
+         "x.mid: the tempo changes 1 times, all times are kept"},
+    };
+    for (const MeterRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        out.str("");
+        ASSERT_TRUE(script.session().open(folder.file_with("x.mid", text_of(midi_file(0, 96, row.tracks)))));
+        std::string regions;
+        for (const BarRegion& r : box().meter.barregions)
+            regions +=
+                (regions.empty() ? "" : " ") + fmt::format("{} {}/{}", r.measure, r.beats, r.notevalue);
+        EXPECT_EQ(regions, row.regions);
+        EXPECT_NEAR(itm_gettempo(*box().transport), row.tempo, 0.001);
+        EXPECT_GE(measure_at(box().meter, measure_count(box().meter) - 1).end, box().timelinelength);
+        const std::string output = out.str();
+        EXPECT_EQ(*row.posted == 0, output.find("x.mid") == output.npos) << output;
+        EXPECT_NE(output.find(row.posted), output.npos) << output;
+    }
+}
+
+/// What a person hears and sees of a document: no identifiers, no view; events of one start in some order.
+Lines song_of(Prseq& box) {
+    Lines lines = {fmt::format("tempo {:.3f}", itm_gettempo(*box.transport))};
+    for (const BarRegion& r : box.meter.barregions)
+        lines.push_back(fmt::format("{} {}/{}", r.measure, r.beats, r.notevalue));
+    for (const TrackRef& track : box.tracks) {
+        lines.push_back(fmt::format("{} {}", track->name, track->destination.text()));
+        const auto first = lines.size();
+        track->events.for_each([&](const Event& event) {
+            std::string line =
+                fmt::format("{} {} {} {}", event.start, event.duration, event.pitch, event.velocity);
+            for (const BpfRef& bpf : event.bpfs) {
+                line += " " + bpf->name().text();
+                for (const BpfPoint& p : bpf->points)
+                    line += fmt::format(" {:.0f} {:.2f}", p.x * event.duration, p.y * 127);
+            }
+            lines.push_back(std::move(line));
+        });
+        std::sort(lines.begin() + static_cast<std::ptrdiff_t>(first), lines.end());
+    }
+    return lines;
+}
+
+TEST_F(Import, ofWhatWasWrittenIsTheSameSong) {
+    const auto files = real_files();
+    if (files.empty()) GTEST_SKIP() << "no MIDI files on this machine";
+    std::vector<std::string> sources = {folder.file_with(
+        "made.mid", text_of(midi_file(1, 96,
+                                      {"00 ff51030a2c2b 00 ff580403021808 8900 ff580404021808 00 ff2f00",
+                                       "00 ff0304 4c656164 00 b00008 00 c030 00 b00750 00 b00b40 00 903c64 "
+                                       "30 b00b7f 00 e00050 30 904064 60 "
+                                       "b0402a 00 803c00 00 804000 60 ff2f00",
+                                       "00 c919 00 b90a20 00 992464 60 892400 00 ff2f00"})))};
+    for (size_t i = 0; i < files.size(); i += 6) sources.push_back(files[i].string());
+    for (const std::string& source : sources) {
+        SCOPED_TRACE(source);
+        ASSERT_EQ(run_program(folder, "import '" + source + "' one.json").status, 0);
+        ASSERT_EQ(run_program(folder, "render one.json --midi one.mid").status, 0);
+        ASSERT_TRUE(script.session().open(folder.file("one.json")));
+        const Lines before = song_of(box());
+        ASSERT_TRUE(script.session().open(folder.file("one.mid")));
+        EXPECT_TRUE(same_lines(song_of(box()), before));
+    }
 }
 
 TEST_F(Import, andRenderingGiveRealMusicBack) {

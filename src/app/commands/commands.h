@@ -9,6 +9,7 @@ namespace tq {
 
 struct ImportCommand {
     std::string source, target;
+    bool pedal_as_curve = false;
 };
 int run_import(const ImportCommand& command);
 

@@ -14,4 +14,10 @@ class FaultPrinter : public SessionListener {
     }
 };
 
+/// What the box posts, likewise: what reading a file left out.
+class PostPrinter : public SessionListener {
+ public:
+    void post(const std::string& text) override { std::fprintf(stderr, "%s\n", text.c_str()); }
+};
+
 }  // namespace tq

@@ -13,11 +13,10 @@ int run_import(const ImportCommand& command) {
     Session session;
     FaultPrinter faults;
     session.listen(faults);
-    std::optional<MidiImport> import = import_midi_file(session.box(), command.source);
-    if (!import) return 1;
-    if (import->ignored_messages > 0)
-        std::fprintf(stderr, "%s: %zu messages that say nothing about notes were left out\n",
-                     command.source.c_str(), import->ignored_messages);
+    PostPrinter posts;
+    session.listen(posts);
+    if (!import_midi_file(session.box(), command.source, {.pedal_as_curve = command.pedal_as_curve}))
+        return 1;
     std::string fault;
     if (write_file(command.target, TQ_Prseq_Json_MakeDictionary(session.box(), true) + "\n", fault)) return 0;
     std::fprintf(stderr, "sorvo: could not write \"%s\": %s\n", command.target.c_str(), fault.c_str());

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 
@@ -7,8 +6,10 @@
 #include "app/commands/named_sounds.h"
 #include "app/commands/size.h"
 #include "app/midi/writer.h"
+#include "app/patch/export_meter.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/paint_offscreen.h"
+#include "app/patch/perform.h"
 #include "app/sound/recorder.h"
 #include "app/sound/wav.h"
 #include "host/files.h"
@@ -23,28 +24,11 @@ void complain(const std::string& reason) { std::fprintf(stderr, "sorvo: %s\n", r
 
 constexpr double longest_ms = 24 * 3600e3;
 
-/// When the last event of all ends, in ms.
-double end_of(const Prseq& box) {
-    double end = 0;
-    for (const TrackRef& track : box.tracks) end = std::max(end, track->events.latest_end());
-    return end;
-}
-
-/// Plays the document once through, as fast as the machine can, until its last event is over.
-void play_through(Session& session) {
-    session.send("cycle 0");
-    session.send("int 1");
-    Scheduler& scheduler = session.host().scheduler;
-    double end = scheduler.now() + end_of(session.box());
-    while (session.box().playing && scheduler.now() < end)
-        scheduler.run_until(scheduler.next_due().value_or(end));
-    if (session.box().playing) session.send("int 0");
-}
-
-bool write_midi(const NoteListener& notes, const Recorder& recorder, const std::string& path) {
+bool write_midi(const Session& session, const NoteListener& notes, const Recorder& recorder,
+                const std::string& path) {
     std::string fault;
-    std::vector<MidiPart> parts = recorder.midi_parts(notes.source_names());
-    std::vector<std::byte> bytes = write_midi_file(parts);
+    const std::vector<MidiPart> parts = recorder.midi_parts(notes.track_names());
+    const std::vector<std::byte> bytes = write_midi_file(parts, meter_of(session.box()));
     if (write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, fault)) return true;
     complain("could not write \"" + path + "\": " + fault);
     return false;
@@ -91,7 +75,7 @@ int run_render(const RenderCommand& command) {
     if (!command.png.empty() && !write_picture(session, painter, command)) return 1;
     if (command.wav.empty() && command.midi.empty()) return 0;
 
-    if (end_of(session.box()) > longest_ms) {
+    if (end_of_events(session.box()) > longest_ms) {
         complain("\"" + command.file +
                  "\" is longer than a day; sound and notes are written of shorter documents");
         return 1;
@@ -100,7 +84,7 @@ int run_render(const RenderCommand& command) {
     Recorder recorder;
     notes.add(recorder);
     play_through(session);
-    if (!command.midi.empty() && !write_midi(notes, recorder, command.midi)) return 1;
+    if (!command.midi.empty() && !write_midi(session, notes, recorder, command.midi)) return 1;
     try {
         if (!command.wav.empty()) render_wav(recorder.notes(), command.wav);
     } catch (const std::exception& error) {

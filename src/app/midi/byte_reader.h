@@ -34,12 +34,6 @@ class ByteReader {
         while (bytes-- > 0) value = value << 8 | u8();
         return value;
     }
-    /// A data byte of a channel message, 0…127.
-    std::uint8_t data() {
-        const std::uint8_t value = u8();
-        if (value & 0x80) throw MidiError("a status byte where a data byte belongs", position_ - 1);
-        return value;
-    }
     /// A number of variable length, four bytes at most.
     std::uint32_t variable() {
         const std::size_t begin = position_;

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "app/midi/part.h"
+#include "app/midi/curve_point.h"
 
 namespace tq {
 
@@ -21,17 +21,6 @@ struct KeyBend {
 
 /// The key nearest to a note's pitch, or, when its curve goes further than `widest` semitones from there, to
 /// the middle of the curve. Any finite pitches; what the widest range cannot reach is cut.
-KeyBend key_bend(double pitch, std::span<const PitchPoint> curve, int widest);
-
-/// The wheel moves to `wheel`, `ms` after the note's start.
-struct WheelMove {
-    double ms;
-    int wheel;
-};
-
-/// How the wheel follows a curve: in stairs of `step_ms` at most, level where the curve is, none that changes
-/// nothing. The first move, at 0, is always there. Points outside 0…duration are cut.
-std::vector<WheelMove> wheel_moves(const KeyBend& bend, double pitch, std::span<const PitchPoint> curve,
-                                   double duration_ms, double step_ms);
+KeyBend key_bend(double pitch, std::span<const CurvePoint> curve, int widest);
 
 }  // namespace tq

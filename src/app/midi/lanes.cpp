@@ -1,14 +1,10 @@
 #include "app/midi/lanes.h"
 
-#include "app/midi/timing.h"
-
 namespace tq {
 
 namespace {
 
 constexpr int drum_channel = 9;
-// A released note still rings; its channel is bent anew only when there is no other, or after this time.
-const std::int64_t ringing = written_tick(500);
 
 }  // namespace
 
@@ -31,8 +27,8 @@ int ChannelPlan::claim(int port) {
     return -1;
 }
 
-LaneDealer::LaneDealer(ChannelPlan& plan, ChannelPlan::Home home, bool drums)
-    : plan_(plan), home_(home), drums_(drums), layers_(1), lanes_{{0, home.channel}} {
+LaneDealer::LaneDealer(ChannelPlan& plan, ChannelPlan::Home home, bool drums, std::int64_t ringing)
+    : plan_(plan), home_(home), drums_(drums), ringing_(ringing), layers_(1), lanes_{{0, home.channel}} {
     key_end_.fill(-1);
     if (drums) return;
     for (int channel = 15; channel >= 0; --channel) {
@@ -40,9 +36,9 @@ LaneDealer::LaneDealer(ChannelPlan& plan, ChannelPlan::Home home, bool drums)
     }
 }
 
-std::size_t LaneDealer::deal(std::int64_t start, std::int64_t end, int key, bool bent) {
+std::size_t LaneDealer::deal(std::int64_t start, std::int64_t end, int key, bool alone) {
     std::int64_t& key_end = key_end_[static_cast<std::size_t>(key)];
-    if (!bent && key_end <= start) {
+    if (!alone && key_end <= start) {
         key_end = end;
         return 0;
     }
@@ -51,8 +47,9 @@ std::size_t LaneDealer::deal(std::int64_t start, std::int64_t end, int key, bool
     return lane;
 }
 
+// A released note still rings; its channel is moved anew only when there is no other, or after that time.
 std::size_t LaneDealer::own_lane(std::int64_t start) {
-    const bool silent = !own_.empty() && own_.top().since + ringing <= start;
+    const bool silent = !own_.empty() && own_.top().since + ringing_ <= start;
     if (!silent && layers_ == 1 && !drums_) {
         const int channel = plan_.claim(home_.port);
         if (channel >= 0) {

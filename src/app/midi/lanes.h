@@ -36,16 +36,17 @@ class ChannelPlan {
 
 /// Deals the notes of one part, in order of their start, out to lanes.
 ///
-/// Notes that no other note can disturb share the home channel. A note that bends, or whose key sounds
-/// already, gets a lane that is its own while it lasts; when a track's channels are all in use, the part gets
-/// another track.
+/// Notes that no other note can disturb share the home channel. A note that is to be alone (it bends, say),
+/// or whose key sounds already, gets a lane that is its own while it lasts; when a track's channels are all
+/// in use, the part gets another track.
 class LaneDealer {
  public:
-    LaneDealer(ChannelPlan& plan, ChannelPlan::Home home, bool drums);
+    /// `ringing`: ticks that a released note may still be heard.
+    LaneDealer(ChannelPlan& plan, ChannelPlan::Home home, bool drums, std::int64_t ringing);
 
     const std::vector<Lane>& lanes() const { return lanes_; }
     /// The lane (an index into lanes()) of a note from `start` to `end`, in ticks; starts must not fall.
-    std::size_t deal(std::int64_t start, std::int64_t end, int key, bool bent);
+    std::size_t deal(std::int64_t start, std::int64_t end, int key, bool alone);
 
  private:
     // A lane that has been used: the one that is free for longest comes first.
@@ -61,6 +62,7 @@ class LaneDealer {
     ChannelPlan& plan_;
     ChannelPlan::Home home_;
     bool drums_;
+    std::int64_t ringing_;
     int layers_ = 0;
     std::vector<Lane> lanes_;
     std::vector<int> spare_;  // channels of the last layer that are not in use

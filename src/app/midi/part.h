@@ -4,29 +4,39 @@
 #include <string>
 #include <vector>
 
+#include "app/midi/curve_point.h"
+#include "app/midi/voice.h"
+
 namespace tq {
 
-/// A point of a pitch curve; the curve is straight between points, a step is two points at one time.
-struct PitchPoint {
-    double ms;     ///< from the note's start, never falling from point to point
-    double pitch;  ///< in semitones, 60 is middle C
-    friend bool operator==(const PitchPoint&, const PitchPoint&) = default;
-};
-
-/// A note; with a curve, the curve says its pitch from start to end.
+/// A note; with a curve, the curve says its pitch (60 is middle C) from start to end.
 struct PartNote {
     double start_ms = 0;
     double duration_ms = 0;
     double pitch = 60;
     double velocity = 100;
-    std::vector<PitchPoint> curve;
+    std::vector<CurvePoint> curve{};
+    std::vector<ControllerCurve> controllers{};
+};
+
+/// From `quarters` on, in quarter notes from the beginning, a bar has `beats` beats, each a 1/`unit` note.
+struct PartSignature {
+    double quarters = 0;
+    int beats = 4;  ///< 1…255
+    int unit = 4;   ///< a power of two up to 128
+    friend bool operator==(const PartSignature&, const PartSignature&) = default;
+};
+
+/// Tempo and bars; they move no note.
+struct PartMeter {
+    double bpm = 120;
+    std::vector<PartSignature> signatures{};  ///< in time order
 };
 
 /// What one player plays with one sound.
 struct MidiPart {
     std::string name;
-    int program = 0;  ///< 0…127; of drums, the kit
-    bool drums = false;
+    Voice voice;
     std::vector<PartNote> notes;  ///< in any order
 };
 

@@ -15,6 +15,13 @@ struct Chunk {
     std::size_t end;
 };
 
+bool holds_a_chunk(ByteReader reader) {
+    if (reader.left() < 8) return false;
+    reader.bytes(4);
+    const std::uint32_t length = reader.number(4);
+    return length <= reader.left();
+}
+
 Chunk read_chunk(ByteReader& reader) {
     const std::string_view type = reader.bytes(4);
     const std::size_t where = reader.position();
@@ -49,7 +56,7 @@ void read_division(ByteReader& reader, RawFile& file) {
     file.frame_tick_ms = 1000.0 / (rate * ticks);
 }
 
-// Returns how many tracks the header promises.
+// Returns how many tracks the header promises; one that promises none says nothing.
 std::uint32_t read_header(ByteReader reader, RawFile& file) {
     const std::size_t where = reader.position();
     if (reader.left() < 6) throw MidiError("a header shorter than six bytes", where);
@@ -73,10 +80,15 @@ RawFile parse_midi_file(std::span<const std::byte> file) {
     if (reader.left() < 4 || ByteReader(reader).bytes(4) != "MThd") throw MidiError("no MIDI file header", 0);
     const Chunk header = read_chunk(reader);
     const std::uint32_t promised = read_header(ByteReader(file, header.begin, header.end), result);
-    // After the promised tracks a few stray bytes are forgiven; before, they are a file cut short.
-    while (reader.left() >= 8 || (reader.left() > 0 && result.tracks.size() < promised)) {
+    // Before the promised tracks are complete stray bytes are a file cut short; after, they are forgiven, and
+    // whole tracks counted.
+    while (result.tracks.size() < promised ? reader.left() > 0 : holds_a_chunk(reader)) {
         const Chunk chunk = read_chunk(reader);
-        if (chunk.type == "MTrk") TrackParser(ByteReader(file, chunk.begin, chunk.end), result).run();
+        if (chunk.type != "MTrk") continue;
+        if (promised > 0 && result.tracks.size() == promised)
+            ++result.left_out.tracks;
+        else
+            TrackParser(ByteReader(file, chunk.begin, chunk.end), result).run();
     }
     if (result.tracks.size() < promised) {
         throw MidiError("the header promises " + std::to_string(promised) + " tracks, the file ends after " +

@@ -8,6 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "app/midi/controllers.h"
+#include "app/midi/left_out.h"
+
 namespace tq {
 
 /// A note of which `end` is `RawNote::open` when the track never ended it.
@@ -22,17 +25,20 @@ struct RawNote {
 
 /// A message that changes how a channel's notes sound.
 struct ChannelChange {
-    enum class Kind : std::uint8_t {
-        Program,  ///< to `value`, 0…127
-        Bend,     ///< wheel to `value`, 0…16383
-        Range,    ///< of the wheel, `value` cents up and down
+    /// The controllers by their numbers, then the rest. A controller, pressure of the channel included, goes
+    /// to `value`, 0…127; pressure of a key to key * 128 + value.
+    enum What : std::uint8_t {
+        Program = controller_count,  ///< to `value`, 0…127
+        Bank,                        ///< of the next program to `value`, coarse * 128 + fine
+        Bend,                        ///< wheel to `value`, 0…16383
+        Range,                       ///< of the wheel, `value` cents up and down
+        Tuning,                      ///< of all keys, to `value` cents above −6400
     };
-    static constexpr std::size_t kinds = 3;
     std::int64_t tick;
     std::uint32_t position;  ///< in the file; orders messages at one tick
-    Kind kind;
-    std::uint8_t channel;
     std::uint16_t value;
+    std::uint8_t what;  ///< a `Controller` or a `What`
+    std::uint8_t channel;
 };
 
 struct RawChannel {
@@ -40,9 +46,13 @@ struct RawChannel {
     std::vector<RawNote> notes;  ///< by start, never empty
 };
 
+/// What `write_midi_file` says of a track: all its channels are one part, begun here or in the track before.
+enum class PartMark : std::uint8_t { None, Begins, GoesOn };
+
 struct RawTrack {
     std::string name;
     int port = 0;  ///< of several times 16 channels, which
+    PartMark mark = PartMark::None;
     std::vector<RawChannel> channels;
     std::vector<ChannelChange> changes;
 };
@@ -66,8 +76,9 @@ struct RawFile {
     std::vector<RawTempo> tempos;          ///< as they come, track after track
     std::vector<RawSignature> signatures;  ///< likewise
     std::int64_t end = 0;                  ///< tick of the latest end of a track
-    std::size_t ignored_messages = 0;
-    std::size_t messages = 0;  ///< of channels
+    std::size_t messages = 0;              ///< of channels
+    bool extended = false;                 ///< begins with the reset by which banks 126 and 127 are drums
+    LeftOut left_out;
 };
 
 /// What a file of more than these may be refused for: each becomes a few hundred bytes.

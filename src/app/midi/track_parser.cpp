@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/midi/part_mark.h"
 #include "app/midi/text.h"
 
 namespace tq {
@@ -14,16 +15,7 @@ enum Meta : std::uint8_t {
     EndOfTrack = 0x2f,
     Tempo = 0x51,
     Signature = 0x58,
-};
-
-enum Controller : std::uint8_t {
-    DataCoarse = 6,
-    DataFine = 38,
-    OwnParameterFine = 98,
-    OwnParameterCoarse = 99,
-    ParameterFine = 100,
-    ParameterCoarse = 101,
-    ResetAll = 121,
+    Own = 0x7f,
 };
 
 std::uint8_t byte(std::string_view data, std::size_t index) { return static_cast<std::uint8_t>(data[index]); }
@@ -45,7 +37,7 @@ bool TrackParser::event() {
     if (status == 0xff) return meta();
     if (status == 0xf0 || status == 0xf7) {
         const std::uint32_t length = reader_.variable();
-        reader_.bytes(length);
+        exclusive(reader_.bytes(length));
         return true;
     }
     if (status < 0x80) throw MidiError("a data byte before any status byte", position);
@@ -59,10 +51,9 @@ void TrackParser::channel_message(std::uint8_t status, std::uint32_t position) {
     if (++file_.messages > most_messages)
         throw MidiError("more than " + std::to_string(most_messages) + " messages", position);
     const std::uint8_t channel = status & 0x0f;
-    const std::uint8_t a = reader_.data();
+    const std::uint8_t a = data();
     const bool short_message = (status & 0xe0) == 0xc0;  // program change and channel pressure
-    const std::uint8_t b = short_message ? std::uint8_t{0} : reader_.data();
-    using Kind = ChannelChange::Kind;
+    const std::uint8_t b = short_message ? std::uint8_t{0} : data();
     switch (status & 0xf0) {
         case 0x80:
             note_off(channel, a);
@@ -73,14 +64,20 @@ void TrackParser::channel_message(std::uint8_t status, std::uint32_t position) {
         case 0xb0:
             controller(channel, a, b, position);
             break;
+        case 0xa0:
+            change(KeyPressure, channel, a << 7 | b, position);
+            break;
         case 0xc0:
-            change(Kind::Program, channel, a, position);
+            change(ChannelChange::Program, channel, a, position);
+            break;
+        case 0xd0:
+            change(ChannelPressure, channel, a, position);
             break;
         case 0xe0:
-            change(Kind::Bend, channel, a | b << 7, position);
+            change(ChannelChange::Bend, channel, a | b << 7, position);
             break;
         default:
-            ++file_.ignored_messages;
+            break;
     }
 }
 
@@ -107,49 +104,116 @@ void TrackParser::note_off(std::uint8_t channel, std::uint8_t key) {
     note.end = tick_;
 }
 
-void TrackParser::change(ChannelChange::Kind kind, std::uint8_t channel, int value, std::uint32_t position) {
-    track_.changes.push_back({tick_, position, kind, channel, static_cast<std::uint16_t>(value)});
+void TrackParser::end_all(std::uint8_t channel) {
+    for (std::uint8_t key = 0; key < 128; ++key)
+        while (sounding_[channel * 128u + key].first != none) note_off(channel, key);
 }
 
-// Of the controllers only those count that set the bend range, and the one that lets the wheel go.
+// A byte that is too large for what it says stands for the largest. A few of these are slips of whoever wrote
+// the file; many are another kind of file.
+std::uint8_t TrackParser::data() {
+    const std::size_t position = reader_.position();
+    const std::uint8_t value = reader_.u8();
+    if (value < 0x80) return value;
+    if (++file_.left_out.repaired > 8 + file_.messages / 100)
+        throw MidiError("a status byte where a data byte belongs", position);
+    return 0x7f;
+}
+
+void TrackParser::change(int what, std::uint8_t channel, int value, std::uint32_t position) {
+    track_.changes.push_back(
+        {tick_, position, static_cast<std::uint16_t>(value), static_cast<std::uint8_t>(what), channel});
+}
+
 void TrackParser::controller(std::uint8_t channel, std::uint8_t number, std::uint8_t value,
                              std::uint32_t position) {
     DataEntry& entry = data_entries_[channel];
     switch (number) {
         case ParameterFine:
-            entry.selected = (entry.selected & 0x3f80) | value;
+            entry.selected = (entry.selected & ~0x7f) | value;
             break;
         case ParameterCoarse:
             entry.selected = (entry.selected & 0x7f) | value << 7;
             break;
         case OwnParameterFine:
         case OwnParameterCoarse:
-            entry.selected = DataEntry::nothing;
+            entry.selected = DataEntry::Nothing;
             break;
         case DataCoarse:
-            data_entry(channel, value, entry.cents, position);
-            break;
         case DataFine:
-            data_entry(channel, entry.semitones, value, position);
+            data_entry(channel, number == DataCoarse, value, position);
+            break;
+        case DataIncrement:
+        case DataDecrement:
+            ++file_.left_out.parameters;
+            break;
+        case BankCoarse:
+            banks_[channel] = {value, 0};
+            change(ChannelChange::Bank, channel, value << 7, position);
+            break;
+        case BankFine:
+            banks_[channel].fine = value;
+            change(ChannelChange::Bank, channel, banks_[channel].coarse << 7 | value, position);
             break;
         case ResetAll:
-            entry.selected = DataEntry::nothing;
-            change(ChannelChange::Kind::Bend, channel, 8192, position);
+            reset(channel, position);
             break;
+        case LocalControl:
+            break;  // means the keyboard that somebody sat at
         default:
-            ++file_.ignored_messages;
+            if (number == AllSoundOff || number >= AllNotesOff)
+                end_all(channel);
+            else if (controller_makes_curve(number))
+                change(number, channel, value, position);
+            else
+                ++file_.left_out.fine;
     }
 }
 
-void TrackParser::data_entry(std::uint8_t channel, int semitones, int cents, std::uint32_t position) {
+// Which controllers are reset, and which keep what they are at, is the recommended practice for this message.
+void TrackParser::reset(std::uint8_t channel, std::uint32_t position) {
+    data_entries_[channel].selected = DataEntry::Nothing;
+    change(ChannelChange::Bend, channel, 8192, position);
+    for (const int controller : {int{Modulation}, int{Expression}, int{Sustain}, int{Portamento},
+                                 int{Sostenuto}, int{SoftPedal}, int{ChannelPressure}})
+        change(controller, channel, controller_initial(controller), position);
+}
+
+void TrackParser::data_entry(std::uint8_t channel, bool coarse, int value, std::uint32_t position) {
     DataEntry& entry = data_entries_[channel];
-    if (entry.selected != DataEntry::bend_range) {
-        ++file_.ignored_messages;
-        return;
+    switch (entry.selected) {
+        case DataEntry::BendRange:
+            (coarse ? entry.semitones : entry.cents) = value;
+            change(ChannelChange::Range, channel, entry.semitones * 100 + entry.cents, position);
+            return;
+        case DataEntry::FineTuning:
+            entry.tuned_fine =
+                coarse ? value << 7 | (entry.tuned_fine & 0x7f) : (entry.tuned_fine & ~0x7f) | value;
+            break;
+        case DataEntry::CoarseTuning:
+            if (coarse) entry.tuned_semitones = value;
+            break;
+        default:
+            if (entry.selected != DataEntry::Nothing || coarse) ++file_.left_out.parameters;
+            return;
     }
-    entry.semitones = semitones;
-    entry.cents = cents;
-    change(ChannelChange::Kind::Range, channel, semitones * 100 + cents, position);
+    const int fine_cents = (entry.tuned_fine - 8192) * 100 / 8192;
+    change(ChannelChange::Tuning, channel, std::max(entry.tuned_semitones * 100 + fine_cents, 0), position);
+}
+
+// The resets of the kinds of instruments stand at the beginning, where everything is reset already.
+void TrackParser::exclusive(std::string_view data) {
+    using namespace std::string_view_literals;
+    constexpr std::string_view resets[] = {
+        "\x7e\x7f\x09\x01\xf7"sv,                      // the general one
+        "\x7e\x7f\x09\x03\xf7"sv,                      // its second level
+        "\x41\x10\x42\x12\x40\x00\x7f\x00\x41\xf7"sv,  // banks as variations
+    };
+    constexpr std::string_view extended = "\x43\x10\x4c\x00\x00\x7e\x00\xf7"sv;
+    if (data == extended)
+        file_.extended = true;
+    else if (std::ranges::find(resets, data) == std::end(resets))
+        ++file_.left_out.exclusives;
 }
 
 bool TrackParser::meta() {
@@ -168,6 +232,10 @@ bool TrackParser::meta() {
             break;
         case TrackName:
             if (track_.name.empty()) track_.name = midi_text(data);
+            break;
+        case Own:
+            if (data == part_begins) track_.mark = PartMark::Begins;
+            if (data == part_goes_on) track_.mark = PartMark::GoesOn;
             break;
         case Port:
             if (length == 1) track_.port = byte(data, 0) & 0x7f;

@@ -46,8 +46,10 @@ void TrackWriter::message(std::int64_t tick, Order order, int status, int first,
                         static_cast<std::uint8_t>(second)}});
 }
 
-void TrackWriter::meta(int type, std::string_view data) {
-    append_number(metas_, static_cast<std::uint64_t>(0xff00 | type), 3);  // with a delta of zero before it
+void TrackWriter::meta(int type, std::string_view data, std::int64_t tick) {
+    append_delta(metas_, tick - meta_tick_);
+    meta_tick_ = tick;
+    append_number(metas_, static_cast<std::uint64_t>(0xff00 | type), 2);
     append_variable(metas_, data.size());
     append_text(metas_, data);
 }
@@ -60,7 +62,7 @@ void TrackWriter::write(std::vector<std::byte>& file) {
     const std::size_t length_at = file.size();
     append_number(file, 0, 4);
     file.insert(file.end(), metas_.begin(), metas_.end());
-    std::int64_t tick = 0;
+    std::int64_t tick = meta_tick_;
     for (const Event& event : events_) {
         append_delta(file, event.tick - tick);
         tick = event.tick;

@@ -16,8 +16,8 @@ class TrackWriter {
 
     /// A message of a channel; a program change has no second data byte.
     void message(std::int64_t tick, Order order, int status, int first, int second = 0);
-    /// A meta event at the beginning of the track; `data` has 65535 bytes at most.
-    void meta(int type, std::string_view data);
+    /// A meta event before all messages, at a tick that does not fall; `data` has 65535 bytes at most.
+    void meta(int type, std::string_view data, std::int64_t tick = 0);
     /// Appends the track chunk to `file`.
     void write(std::vector<std::byte>& file);
 
@@ -29,6 +29,7 @@ class TrackWriter {
     };
     std::vector<Event> events_;
     std::vector<std::byte> metas_;
+    std::int64_t meta_tick_ = 0;  // of the last one
 };
 
 /// Appends a number, high byte first.

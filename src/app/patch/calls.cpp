@@ -164,7 +164,7 @@ bool make(Session& session, const OpenCall& call) {
 }
 
 bool make(Session& session, const ImportCall& call) {
-    return import_midi_file(session.box(), call.file).has_value();
+    return import_midi_file(session.box(), call.file, {.pedal_as_curve = call.pedal_as_curve}).has_value();
 }
 
 }  // namespace

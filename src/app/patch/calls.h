@@ -125,6 +125,7 @@ struct OpenCall {
 };
 struct ImportCall {
     std::string file;
+    bool pedal_as_curve = false;  ///< else the sustain pedal lengthens notes
     friend bool operator==(const ImportCall&, const ImportCall&) = default;
 };
 
@@ -189,7 +190,7 @@ line_row<CloseCall>(".close", Word{&CloseCall::name, "an inspector"}, PlaceOfWin
     line_row<SoundCall>(".sound", Word{&SoundCall::name, "a name"}, SoundOfFormat{}),
     line_row<SeedCall>(".seed", Number{&SeedCall::seed, "seed", 0, 4294967295.}),
     line_row<OpenCall>(".open", Word{&OpenCall::file, "a file"}),
-    line_row<ImportCall>(".import", Word{&ImportCall::file, "a file"}),
+    line_row<ImportCall>(".import", Word{&ImportCall::file, "a file"}, Flag{&ImportCall::pedal_as_curve, "pedal"}),
 };
 // clang-format on
 

@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <span>
 
-#include "app/midi/reader.h"
+#include "app/midi/controllers.h"
+#include "app/patch/import_meter.h"
+#include "app/patch/receivers.h"
 #include "edits/track_edits.h"
 #include "file/document_writer.h"
 #include "file/new_document.h"
@@ -17,6 +19,7 @@
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "instance/utilities.h"
+#include "model/bars.h"
 #include "model/bpfs.h"
 #include "model/events.h"
 #include "model/track_info.h"
@@ -27,46 +30,95 @@ namespace tq {
 
 namespace {
 
-Symbol destination_of(const MidiTrack& track) {
-    return gensym(track.drums ? "gm:drums" : "gm:" + std::to_string(track.program));
+constexpr double full_controller = 127;
+
+/// One song's notes on their way onto one track.
+class TrackImport {
+ public:
+    TrackImport(Prseq& object, const MidiTrack& source)
+        : object_(object), source_(source), track_(*append_track(object, name_of(object, source))) {
+        activate_new_track(object, track_);
+        TQ_Prseq_Tracks_SetDestination(object, track_.index, gensym(receiver_of_voice(source.voice)));
+        for (const ControllerCurves& curves : source.controllers)
+            types_.push_back(TQ_Prseq_Tracks_AddBpfTypeToTrack(
+                object, track_.index, gensym(controller_name(curves.controller)), 0, full_controller,
+                controller_initial(curves.controller)));
+    }
+
+    void run() {
+        std::vector<EventRef> events;
+        events.reserve(source_.notes.size());
+        for (std::size_t i = 0; i < source_.notes.size(); ++i) events.push_back(event_of(i));
+        TQ_Prseq_Tracks_InsertAllEvents(object_, track_, std::move(events));
+    }
+
+ private:
+    static Symbol name_of(Prseq& object, const MidiTrack& source) {
+        return gensym(source.name.empty() ? fmt::sprintf("Track %ld", ++object.tracknamecounter)
+                                          : source.name);
+    }
+
+    /// Start and end are rounded to whole ms each, so that rounding does not add up in the duration.
+    EventRef event_of(std::size_t index) {
+        const MidiNote& note = source_.notes[index];
+        const double start = jgraphics_round(note.start_ms),
+                     end = jgraphics_round(note.start_ms + note.duration_ms);
+        EventRef event = TQ_Prseq_Events_MakeEvent(object_, whole_ms(start), note.pitch, note.velocity,
+                                                   whole_ms(end - start), Symbol(), Symbol());
+        TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track_, *event);
+        if (event->duration <= 0) return event;
+        set(*event, tq_sym_Pitch, note, source_.bend(note), 1);
+        for (std::size_t i = 0; i < types_.size(); ++i)
+            set(*event, types_[i]->name, note, MidiTrack::curve(source_.controllers[i], index),
+                full_controller);
+        return event;
+    }
+
+    /// Times are those of the song, whatever the event's start was rounded to.
+    static void set(Event& event, Symbol name, const MidiNote& note, std::span<const CurvePoint> curve,
+                    double full) {
+        if (curve.size() < 2) return;
+        BpfPoints points;
+        for (const CurvePoint& point : curve) {
+            const double ms = note.start_ms + point.ms - event.start;
+            points.push_back({std::clamp(ms / event.duration, 0.0, 1.0), point.value / full});
+        }
+        points.front().x = 0;
+        points.back().x = 1;
+        TQ_Prseq_Events_GetBpfWithGivenName(event, name)->points = std::move(points);
+    }
+
+    Prseq& object_;
+    const MidiTrack& source_;
+    Track& track_;
+    std::vector<BpfType*> types_;  ///< of the controllers, in their order
+};
+
+void set_tempo(Prseq& object, const MidiSong& song) {
+    if (!song.tempos.empty()) itm_settempo(*object.transport, 60e6 / song.tempos.front().quarter_us);
 }
 
-BpfPoints curve_of(std::span<const BendPoint> bend, double duration_ms) {
-    BpfPoints points;
-    for (const BendPoint& point : bend)
-        points.push_back({std::clamp(point.ms / duration_ms, 0.0, 1.0), point.semitones});
-    points.front().x = 0;
-    points.back().x = 1;
-    return points;
+/// Bars up to the end of the timeline, which must be settled.
+void set_meter(Prseq& object, const ImportedMeter& meter) {
+    for (const BarRegion& region : meter.regions)
+        prseq_bar(object, region.measure + object.meter.firstbarnumber, region.beats, region.notevalue);
+    if (meter.regions.empty()) TQ_Prseq_Meter_CalculateMeasures(object.meter, object.timelinelength);
 }
 
-/// Start and end are rounded to whole ms each, so that rounding does not add up in the duration.
-EventRef event_of(Prseq& object, const Track& track, const MidiTrack& source, const MidiNote& note) {
-    double start = jgraphics_round(note.start_ms), end = jgraphics_round(note.start_ms + note.duration_ms);
-    EventRef event = TQ_Prseq_Events_MakeEvent(object, whole_ms(start), note.pitch, note.velocity,
-                                               whole_ms(end - start), Symbol(), Symbol());
-    TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
-    std::span<const BendPoint> bend = source.bend(note);
-    if (bend.size() >= 2 && note.duration_ms > 0)
-        TQ_Prseq_Events_GetBpfWithGivenName(*event, tq_sym_Pitch)->points = curve_of(bend, note.duration_ms);
-    return event;
+/// What the song had that the document has not, in one line.
+void post_losses(Prseq& object, const std::string& path, const MidiSong& song, const ImportedMeter& meter) {
+    std::string text = text_of(song.left_out);
+    if (song.tempos.size() > 1)
+        text += (text.empty() ? "" : "; ") +
+                fmt::sprintf("the tempo changes %zu times, all times are kept", song.tempos.size() - 1);
+    if (!meter.off.empty()) text += (text.empty() ? "" : "; ") + meter.off;
+    if (!text.empty()) object_post(object, std::filesystem::path(path).filename().string() + ": " + text);
 }
 
-void add_track(Prseq& object, const MidiTrack& source) {
-    const Symbol name =
-        gensym(source.name.empty() ? fmt::sprintf("Track %ld", ++object.tracknamecounter) : source.name);
-    Track& track = *append_track(object, name);
-    activate_new_track(object, track);
-    TQ_Prseq_Tracks_SetDestination(object, track.index, destination_of(source));
-    std::vector<EventRef> events;
-    events.reserve(source.notes.size());
-    for (const MidiNote& note : source.notes) events.push_back(event_of(object, track, source, note));
-    TQ_Prseq_Tracks_InsertAllEvents(object, track, std::move(events));
-}
-
-std::optional<MidiSong> song_of(const Prseq& object, const std::string& path, std::string_view bytes) {
+std::optional<MidiSong> song_of(const Prseq& object, const std::string& path, std::string_view bytes,
+                                const MidiReading& reading) {
     try {
-        return read_midi_file(std::as_bytes(std::span(bytes)));
+        return read_midi_file(std::as_bytes(std::span(bytes)), reading);
     } catch (const MidiError& error) {
         object_error(object, fmt::sprintf("could not read \"%s\": %s", path, error.what()));
         return {};
@@ -83,30 +135,36 @@ bool is_midi_file(const std::string& path, std::string_view bytes) {
     return ending == ".mid" || ending == ".midi";
 }
 
-std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& path) {
+std::optional<MidiImport> import_midi_file(Prseq& object, const std::string& path,
+                                           const MidiReading& reading) {
     std::string fault;
     if (FileBytes bytes = object.host().patch.read(path, fault))
-        return import_midi_bytes(object, path, *bytes);
+        return import_midi_bytes(object, path, *bytes, reading);
     object_error(object, fmt::sprintf("could not read \"%s\": %s", path, fault));
     return {};
 }
 
-std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& path, std::string_view bytes) {
-    std::optional<MidiSong> song = song_of(object, path, bytes);
+std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& path, std::string_view bytes,
+                                            const MidiReading& reading) {
+    std::optional<MidiSong> song = song_of(object, path, bytes, reading);
     if (!song) return {};
     if (prseq_getdirtyflag(object))
         object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
     TQ_Prseq_NewFile(object);
-    MidiImport import{.tracks = song->tracks.size(), .ignored_messages = song->ignored_messages};
+    MidiImport import{.tracks = song->tracks.size()};
     for (MidiTrack& track : song->tracks) {
-        add_track(object, track);
+        TrackImport(object, track).run();
         import.notes += track.notes.size();
         track = MidiTrack();  // its memory is needed for the next
     }
     settle_timeline_length(object);
+    set_tempo(object, *song);
+    const ImportedMeter meter = meter_of(*song);
+    set_meter(object, meter);
     TQ_Prseq_Tracks_OutputTrackInfo(object);
     prseq_setdirtyflag(object, false);
     prseq_show(object, Change::Everything);
+    post_losses(object, path, *song, meter);
     return import;
 }
 

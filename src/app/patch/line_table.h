@@ -65,6 +65,21 @@ struct LastWord {
 template <typename Record>
 LastWord(std::string Record::*, const char*) -> LastWord<Record>;
 
+/// A word that is there or not.
+template <typename Record>
+struct Flag {
+    bool Record::*member;
+    const char* word;
+
+    void write(const Record& record, std::string& line) const {
+        if (record.*member) line += std::string(" ") + word;
+    }
+    void read(Record& record, Words& words) const { record.*member = words.take(word); }
+};
+
+template <typename Record>
+Flag(bool Record::*, const char*) -> Flag<Record>;
+
 /// All words that follow.
 template <typename Record>
 struct LastWords {

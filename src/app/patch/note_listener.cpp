@@ -1,17 +1,35 @@
 #include "app/patch/note_listener.h"
 
-#include <charconv>
+#include <algorithm>
 
+#include "app/midi/controllers.h"
+#include "app/patch/receivers.h"
 #include "app/sound/event_message.h"
 #include "instance/symbols.h"
+#include "model/tracks.h"
 
 namespace tq {
 
 namespace {
 
-constexpr Voice voice_without_destination{.program = 0, .drums = false};  // a piano
+constexpr Voice voice_without_destination{};  // a piano
+constexpr double full_controller = 127;
 
 std::string source_of_track(long index) { return "track " + std::to_string(index); }
+
+/// Controllers are told in their curve types' own ranges.
+void scale_controllers(const Track& track, PlayedNote& note) {
+    for (ControllerCurve& curve : note.controllers) {
+        const auto is_of = [&](const BpfTypeRef& t) {
+            return controller_named(t->name.text()) == curve.controller;
+        };
+        const auto found = std::ranges::find_if(track.bpftypes, is_of);
+        if (found == track.bpftypes.end()) continue;
+        const double low = (*found)->minimum, range = (*found)->maximum - low;
+        for (CurvePoint& point : curve.points)
+            point.value = range == 0 ? 0 : (point.value - low) / range * full_controller;
+    }
+}
 
 }  // namespace
 
@@ -35,6 +53,7 @@ void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::strin
     note->voice = voice;
     note->source = source;
     note->track = track;
+    if (const Track* found = track_at(session_.box(), track)) scale_controllers(*found, *note);
     for (Player* player : players_) player->note(*note);
 }
 
@@ -73,22 +92,10 @@ void NoteListener::receiver(Symbol name, Symbol selector, AtomSpan atoms) {
         for (Player* player : players_) player->stop(name.text(), now());
 }
 
-std::map<std::string, std::string> NoteListener::source_names() const {
-    std::map<std::string, std::string> names;
-    for (const TrackRef& track : session_.box().tracks)
-        names.emplace(track->destination.empty() ? source_of_track(track->index) : track->destination.text(),
-                      track->name);
+std::map<long, std::string> NoteListener::track_names() const {
+    std::map<long, std::string> names;
+    for (const TrackRef& track : session_.box().tracks) names.emplace(track->index, track->name);
     return names;
-}
-
-std::optional<Voice> voice_of_receiver(const std::string& name) {
-    if (!name.starts_with("gm:")) return {};
-    if (name == "gm:drums") return Voice{.program = 0, .drums = true};
-    int program = -1;
-    const char *first = name.data() + 3, *last = name.data() + name.size();
-    auto [end, fault] = std::from_chars(first, last, program);
-    bool valid = fault == std::errc() && end == last && program >= 0 && program <= 127;
-    return valid ? std::optional(Voice{.program = program, .drums = false}) : std::nullopt;
 }
 
 }  // namespace tq

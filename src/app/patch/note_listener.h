@@ -23,8 +23,8 @@ class NoteListener : public SessionListener {
     void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
     void receiver(Symbol name, Symbol selector, AtomSpan atoms) override;
 
-    /// What the sources of notes are called: the tracks' names.
-    std::map<std::string, std::string> source_names() const;
+    /// The names of the tracks that notes come from.
+    std::map<long, std::string> track_names() const;
 
  private:
     double now() const { return session_.host().scheduler.now(); }
@@ -36,8 +36,5 @@ class NoteListener : public SessionListener {
     Session& session_;
     std::vector<Player*> players_;
 };
-
-/// The sound that a receiver's name stands for: "gm:0" to "gm:127" and "gm:drums"; none for other names.
-std::optional<Voice> voice_of_receiver(const std::string& name);
 
 }  // namespace tq

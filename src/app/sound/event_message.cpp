@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "app/midi/controllers.h"
+
 namespace tq {
 
 namespace {
@@ -23,18 +25,27 @@ AtomSpan curves(AtomSpan arguments) {
     return arguments.subspan(begin, arguments.size() - 1 - begin);
 }
 
-// The pairs of value and time step that follow the name "Pitch".
-std::vector<PitchPoint> pitch_curve(AtomSpan curves) {
-    std::vector<PitchPoint> points;
-    auto atom = std::ranges::find_if(curves, [](const Atom& a) { return is(a, "Pitch"); });
-    if (atom == curves.end()) return points;
+// The pairs of value and time step that `atoms` begin with.
+std::vector<CurvePoint> leading_points(AtomSpan atoms) {
+    std::vector<CurvePoint> points;
     double ms = 0;
-    for (++atom; curves.end() - atom >= 2 && is_finite_number(atom[0]) && is_finite_number(atom[1]);
-         atom += 2) {
-        ms += std::max(atom[1].as_double(), 0.0);
-        points.push_back({ms, atom[0].as_double()});
+    for (; atoms.size() >= 2 && is_finite_number(atoms[0]) && is_finite_number(atoms[1]);
+         atoms = atoms.subspan(2)) {
+        ms += std::max(atoms[1].as_double(), 0.0);
+        points.push_back({ms, atoms[0].as_double()});
     }
     return points;
+}
+
+// Each curve is a name and its points.
+void add_curves(PlayedNote& note, AtomSpan curves) {
+    for (; !curves.empty(); curves = curves.subspan(1)) {
+        if (!curves[0].is_symbol()) continue;
+        if (is(curves[0], "Pitch"))
+            note.curve = leading_points(curves.subspan(1));
+        else if (const auto controller = controller_named(curves[0].as_symbol().text()))
+            note.controllers.push_back({*controller, leading_points(curves.subspan(1))});
+    }
 }
 
 // "<buffer>", a name, three numbers, "</buffer>".
@@ -75,8 +86,8 @@ std::optional<PlayedNote> parse_event_note(AtomSpan arguments) {
     note.duration_ms = std::max(duration.as_double(), 0.0);
     note.pitch = pitch.as_double();
     note.velocity = velocity.as_double();
-    note.curve = pitch_curve(curves(arguments));
-    const auto stays = [&](const PitchPoint& point) { return point.pitch == note.pitch; };
+    add_curves(note, curves(arguments));
+    const auto stays = [&](const CurvePoint& point) { return point.value == note.pitch; };
     if (std::ranges::all_of(note.curve, stays)) note.curve.clear();
     return note;
 }

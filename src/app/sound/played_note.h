@@ -10,13 +10,6 @@
 
 namespace tq {
 
-/// What a note sounds like: a General MIDI program, or a drum kit.
-struct Voice {
-    int program = 0;  ///< 0…127
-    bool drums = false;
-    friend auto operator<=>(const Voice&, const Voice&) = default;
-};
-
 /// A part of a sampled sound.
 struct PlayedSample {
     SoundRef sound;
@@ -29,7 +22,8 @@ struct PlayedNote {
     double duration_ms = 0;
     double pitch = 60;                ///< semitones, 60 is middle C
     double velocity = 100;            ///< 1…127; at 0 and under nothing sounds
-    std::vector<PitchPoint> curve{};  ///< the pitch while the note lasts; empty when it stays
+    std::vector<CurvePoint> curve{};  ///< the pitch while the note lasts; empty when it stays
+    std::vector<ControllerCurve> controllers{};
     Voice voice{};
     std::string source{};                  ///< whom a stop stops: the track's number, or the receiver's name
     long track = -1;                       ///< whose muting ends it; −1: nobody's

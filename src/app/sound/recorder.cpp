@@ -1,6 +1,7 @@
 #include "app/sound/recorder.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "app/midi/programs.h"
 
@@ -11,18 +12,18 @@ namespace {
 double end_of(const PlayedNote& note) { return note.ms + note.duration_ms; }
 
 // Keeps the curve up to a time, with a point there.
-void cut_curve(std::vector<PitchPoint>& curve, double ms) {
-    const auto after = std::ranges::upper_bound(curve, ms, {}, &PitchPoint::ms);
+void cut_curve(std::vector<CurvePoint>& curve, double ms) {
+    const auto after = std::ranges::upper_bound(curve, ms, {}, &CurvePoint::ms);
     if (after == curve.begin() || after == curve.end()) return;
-    const PitchPoint& before = after[-1];
+    const CurvePoint& before = after[-1];
     const double part = (ms - before.ms) / (after->ms - before.ms);
-    const PitchPoint last{ms, before.pitch + part * (after->pitch - before.pitch)};
+    const CurvePoint last{ms, before.value + part * (after->value - before.value)};
     curve.erase(after, curve.end());
     curve.push_back(last);
 }
 
-std::string name_of(const PlayedNote& note, const std::map<std::string, std::string>& names) {
-    if (const auto given = names.find(note.source); given != names.end() && !given->second.empty())
+std::string name_of(const PlayedNote& note, const std::map<long, std::string>& names) {
+    if (const auto given = names.find(note.track); given != names.end() && !given->second.empty())
         return given->second;
     if (note.voice.drums) return "Drums";
     return std::string(midi_program_name(std::clamp(note.voice.program, 0, 127)));
@@ -59,6 +60,7 @@ void Recorder::cut(std::vector<std::size_t>& notes, double ms) {
         if (end_of(note) <= ms) continue;
         note.duration_ms = std::max(ms - note.ms, 0.0);
         cut_curve(note.curve, note.duration_ms);
+        for (ControllerCurve& curve : note.controllers) cut_curve(curve.points, note.duration_ms);
     }
     notes.clear();
 }
@@ -69,17 +71,19 @@ double Recorder::end_ms() const {
     return end;
 }
 
-std::vector<MidiPart> Recorder::midi_parts(const std::map<std::string, std::string>& names) const {
+std::vector<MidiPart> Recorder::midi_parts(const std::map<long, std::string>& names) const {
     std::vector<MidiPart> parts;
-    std::map<std::pair<std::string, Voice>, std::size_t> places;
+    std::map<std::tuple<long, std::string, Voice>, std::size_t> places;
     for (const PlayedNote& note : notes_) {
         if (note.only_sample) continue;
-        const auto [place, added] = places.try_emplace({note.source, note.voice}, parts.size());
-        if (added) parts.push_back({name_of(note, names), note.voice.program, note.voice.drums, {}});
+        const auto [place, added] = places.try_emplace({note.track, note.source, note.voice}, parts.size());
+        if (added) parts.push_back({name_of(note, names), note.voice, {}});
         parts[place->second].notes.push_back(
-            {note.ms, note.duration_ms, note.pitch, note.velocity, note.curve});
+            {note.ms, note.duration_ms, note.pitch, note.velocity, note.curve, note.controllers});
     }
-    return parts;
+    std::vector<MidiPart> in_order;
+    for (const auto& [source, place] : places) in_order.push_back(std::move(parts[place]));
+    return in_order;
 }
 
 }  // namespace tq

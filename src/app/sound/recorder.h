@@ -19,9 +19,9 @@ class Recorder : public Player {
     const std::vector<PlayedNote>& notes() const { return notes_; }
     /// When the last note ends, in ms.
     double end_ms() const;
-    /// The notes by source and sound, in the order in which these were first heard, for write_midi_file(). A
-    /// part has the name that `names` gives its source, else that of its sound.
-    std::vector<MidiPart> midi_parts(const std::map<std::string, std::string>& names = {}) const;
+    /// The notes by track, source and sound, in that order, for write_midi_file(). A part has the name that
+    /// `names` gives its track, else that of its sound.
+    std::vector<MidiPart> midi_parts(const std::map<long, std::string>& names = {}) const;
 
  private:
     void cut(std::vector<std::size_t>& notes, double ms);

@@ -106,18 +106,26 @@ void Synth::start(SynthNote& note) {
     }
     playing.sounds = true;
     playing.place = sounding_.size();
-    playing.move = 1;
+    const auto later =
+        std::ranges::find_if(note.moves, [](const SampleMove& move) { return move.sample > 0; });
+    playing.move = static_cast<std::size_t>(later - note.moves.begin());
     sounding_.push_back(&note);
     push({std::max(note.start + note.duration, position_), handed_in_++, Kind::End, &note, {}});
-    if (note.moves.size() > 1) push({note.start + note.moves[1].sample, handed_in_++, Kind::Move, &note, {}});
+    push_next_move(note);
 }
 
 void Synth::move(SynthNote& note) {
     auto& playing = note.playing;
     if (!playing.sounds) return;
-    pool_.bend(handle(note), note.moves[playing.move].wheel);
-    if (++playing.move == note.moves.size()) return;
-    push({note.start + note.moves[playing.move].sample, handed_in_++, Kind::Move, &note, {}});
+    const std::int64_t sample = note.moves[playing.move].sample;
+    for (; playing.move < note.moves.size() && note.moves[playing.move].sample == sample; ++playing.move)
+        pool_.move(handle(note), note, note.moves[playing.move]);
+    push_next_move(note);
+}
+
+void Synth::push_next_move(SynthNote& note) {
+    if (note.playing.move == note.moves.size()) return;
+    push({note.start + note.moves[note.playing.move].sample, handed_in_++, Kind::Move, &note, {}});
 }
 
 void Synth::end(SynthNote& note) {

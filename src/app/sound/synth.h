@@ -67,6 +67,7 @@ class Synth {
     void run(const Event& event);
     void start(SynthNote& note);
     void move(SynthNote& note);
+    void push_next_move(SynthNote& note);
     void end(SynthNote& note);
     void stop_now(const SynthStop& what);
     void mix(float* left, float* right, int frames);

@@ -27,6 +27,18 @@ SynthSample synth_sample(const PlayedSample& played, double velocity, std::int64
     return sample;
 }
 
+std::vector<ControllerCurve> heard_controllers(const PlayedNote& note) {
+    std::vector<ControllerCurve> heard;
+    for (const ControllerCurve& curve : note.controllers)
+        if (controller_is_heard(curve.controller) && !stays_initial(curve)) heard.push_back(curve);
+    return heard;
+}
+
+bool is_finite(std::span<const CurvePoint> curve) {
+    return std::ranges::all_of(
+        curve, [](const CurvePoint& point) { return std::isfinite(point.ms) && std::isfinite(point.value); });
+}
+
 }  // namespace
 
 std::int64_t sample_at(double ms, double rate) { return std::llround(ms * rate / 1000); }
@@ -44,10 +56,11 @@ SynthNote synth_note(const PlayedNote& note, int source, double rate) {
         return result;
     }
     result.bend = key_bend(note.pitch, note.curve, widest_range);
-    if (!result.bend.bent) return result;
-    for (const WheelMove& move :
-         wheel_moves(result.bend, note.pitch, note.curve, note.duration_ms, step_ms)) {
-        result.moves.push_back({sample_at(move.ms, rate), move.wheel});
+    const std::vector<ControllerCurve> heard = heard_controllers(note);
+    if (!result.bend.bent && heard.empty()) return result;
+    for (const ChannelMove& move :
+         channel_moves({result.bend, note.pitch, note.curve, heard, note.duration_ms}, step_ms)) {
+        result.moves.push_back({sample_at(move.ms, rate), move.what, move.value});
     }
     return result;
 }
@@ -60,9 +73,9 @@ bool is_audible(const PlayedNote& note) {
     };
     if (note.sample && !plays(*note.sample)) return false;
     return time(note.ms) && time(note.duration_ms) && std::isfinite(note.pitch) && note.velocity > 0 &&
-           std::isfinite(note.velocity) && std::ranges::all_of(note.curve, [](const PitchPoint& point) {
-               return std::isfinite(point.ms) && std::isfinite(point.pitch);
-           });
+           std::isfinite(note.velocity) && is_finite(note.curve) &&
+           std::ranges::all_of(note.controllers,
+                               [](const ControllerCurve& curve) { return is_finite(curve.points); });
 }
 
 }  // namespace tq

@@ -6,14 +6,15 @@
 #include <optional>
 #include <vector>
 
-#include "app/midi/key_bend.h"
+#include "app/midi/channel_moves.h"
 #include "app/sound/played_note.h"
 
 namespace tq {
 
 struct SampleMove {
     std::int64_t sample;  ///< from the note's start
-    int wheel;            ///< 0…16383
+    int what;             ///< as of a ChannelMove
+    int value;
 };
 
 struct SynthSample {
@@ -33,7 +34,7 @@ struct SynthNote {
     Voice voice;
     int velocity = 0;  ///< 1…127
     KeyBend bend{};
-    std::vector<SampleMove> moves;      ///< of a bent note; the first at 0
+    std::vector<SampleMove> moves;      ///< by time, the first ones at 0; empty: as every channel begins
     std::optional<SynthSample> sample;  ///< plays this, and no voice
 
     // Kept by the synthesiser while it has the note.

@@ -40,8 +40,8 @@ void VoiceEngine::wake() {
     used_ = block_samples;
 }
 
-bool VoiceEngine::has_room(bool bent) const {
-    return voices() + voices_of_a_note <= polyphony && (!bent || own_channel() >= 0);
+bool VoiceEngine::has_room(bool alone) const {
+    return voices() + voices_of_a_note <= polyphony && (!alone || own_channel() >= 0);
 }
 
 bool VoiceEngine::sounds(unsigned id) const {
@@ -60,14 +60,45 @@ int VoiceEngine::own_channel() const {
 
 int VoiceEngine::start(const SynthNote& note, fluid_preset_t* preset, unsigned id) {
     int channel = note.source % first_own_channel;
-    if (note.bend.bent) {
+    if (!note.moves.empty()) {
         channel = std::max(own_channel(), first_own_channel);
         owners_[static_cast<std::size_t>(channel)] = id;
+        make_as_new(channel);
         fluid_synth_pitch_wheel_sens(synth_.get(), channel, note.bend.range);
-        bend(channel, note.moves.front().wheel);
+        for (const SampleMove& first : note.moves) {
+            if (first.sample > 0) break;
+            move(channel, note.bend.key, first);
+        }
     }
     fluid_synth_start(synth_.get(), id, preset, 0, channel, note.bend.key, note.velocity);
     return channel;
+}
+
+void VoiceEngine::make_as_new(int channel) {
+    auto& moved = moved_[static_cast<std::size_t>(channel)];
+    for (int controller = 0; moved.any() && controller < 128; ++controller)
+        if (moved.test(static_cast<std::size_t>(controller)))
+            fluid_synth_cc(synth_.get(), channel, controller, controller_initial(controller));
+    moved.reset();
+    fluid_synth_channel_pressure(synth_.get(), channel, 0);
+}
+
+void VoiceEngine::move(int channel, int key, const SampleMove& move) {
+    fluid_synth_t* synth = synth_.get();
+    switch (move.what) {
+        case pitch_wheel:
+            fluid_synth_pitch_bend(synth, channel, move.value);
+            break;
+        case ChannelPressure:
+            fluid_synth_channel_pressure(synth, channel, move.value);
+            break;
+        case KeyPressure:
+            fluid_synth_key_pressure(synth, channel, key, move.value);
+            break;
+        default:
+            fluid_synth_cc(synth, channel, move.what, move.value);
+            moved_[static_cast<std::size_t>(channel)].set(static_cast<std::size_t>(move.what));
+    }
 }
 
 int VoiceEngine::exclusive_class(unsigned id) const {

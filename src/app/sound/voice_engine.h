@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <string>
 #include <vector>
 
@@ -28,13 +29,13 @@ class VoiceEngine {
     void wake();
     /// Samples until the next block begins.
     int until_block() const { return block_samples - used_; }
-    /// Whether another note finds room, and a channel of its own if it bends.
-    bool has_room(bool bent) const;
+    /// Whether another note finds room, and a channel of its own if it is to be alone.
+    bool has_room(bool alone) const;
 
     /// Starts a note with the next block, under an id that no note before it had. Returns the channel.
     int start(const SynthNote& note, fluid_preset_t* preset, unsigned id);
     void release(unsigned id) { fluid_synth_stop(synth_.get(), id); }
-    void bend(int channel, int wheel) { fluid_synth_pitch_bend(synth_.get(), channel, wheel); }
+    void move(int channel, int key, const SampleMove& move);
     /// The group of sounds that cut each other off to which a note belongs; 0 for none.
     int exclusive_class(unsigned id) const;
     /// Ends a note as fast as goes without a click.
@@ -46,11 +47,13 @@ class VoiceEngine {
 
  private:
     // Channels below are shared, one for the notes of a source (sounds cut each other off within a channel);
-    // from here on each belongs to one bent note, until its last voice is silent.
+    // from here on each belongs to one note that moves its wheel or controllers, until its last voice is
+    // silent.
     static constexpr int first_own_channel = 16;
-    static constexpr int channels = 32;
+    static constexpr int channels = 64;
 
     int own_channel() const;
+    void make_as_new(int channel);
     bool sounds(unsigned id) const;
 
     FluidSynth synth_;
@@ -59,6 +62,7 @@ class VoiceEngine {
     std::array<float, block_samples> left_{};
     std::array<float, block_samples> right_{};
     std::array<unsigned, channels> owners_{};
+    std::array<std::bitset<128>, channels> moved_{};  // controllers
 };
 
 }  // namespace tq

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <string_view>
 
 #include "app/sound/error.h"
@@ -56,27 +57,38 @@ void VoicePool::load(const std::string& sound_font) {
     for (std::size_t i = 1; i < engines_.size(); ++i) fluid_synth_add_sfont(engines_[i]->synth(), font_);
 }
 
-// Where the font lacks a sound, its nearest relative or else its first sound stands in.
 void VoicePool::find_presets() {
-    for (int program = 0; program < 128; ++program) {
-        programs_[static_cast<std::size_t>(program)] = any_preset(0, program);
-        kits_[static_cast<std::size_t>(program)] = any_preset(drum_bank, program);
-    }
+    fluid_sfont_iteration_start(font_);
+    while (fluid_preset_t* preset = fluid_sfont_iteration_next(font_))
+        presets_.push_back({fluid_preset_get_banknum(preset), fluid_preset_get_num(preset), preset});
+    std::ranges::stable_sort(presets_, std::less<>());
 }
 
-fluid_preset_t* VoicePool::any_preset(int bank, int program) {
-    if (auto* preset = fluid_sfont_get_preset(font_, bank, program)) return preset;
-    if (auto* preset = fluid_sfont_get_preset(font_, bank, 0)) return preset;
-    fluid_sfont_iteration_start(font_);
-    return fluid_sfont_iteration_next(font_);
+fluid_preset_t* VoicePool::find_preset(int bank, int program) const {
+    const auto found = std::lower_bound(presets_.begin(), presets_.end(), Preset{bank, program, nullptr});
+    return found != presets_.end() && found->bank == bank && found->program == program ? found->preset
+                                                                                       : nullptr;
+}
+
+// Where the font lacks a sound, its nearest relative or else its first sound stands in.
+fluid_preset_t* VoicePool::preset_of(const Voice& voice) const {
+    const int program = std::clamp(voice.program, 0, 127);
+    const std::pair<int, int> wanted[] = {
+        {voice.drums ? drum_bank : voice.bank, program},
+        {voice.drums ? drum_bank : voice.fine_bank, program},
+        {voice.drums ? drum_bank : 0, voice.drums ? 0 : program},
+        {0, 0},
+    };
+    for (const auto& [bank, number] : wanted)
+        if (fluid_preset_t* preset = find_preset(bank, number)) return preset;
+    return presets_.empty() ? nullptr : presets_.front().preset;
 }
 
 VoicePool::Handle VoicePool::start(const SynthNote& note) {
-    const auto program = static_cast<std::size_t>(std::clamp(note.voice.program, 0, 127));
-    fluid_preset_t* preset = note.voice.drums ? kits_[program] : programs_[program];
+    fluid_preset_t* preset = preset_of(note.voice);
     if (!preset) return {};
     Handle handle;
-    handle.engine = choose(note.bend.bent);
+    handle.engine = choose(!note.moves.empty());
     if (++last_id_ > 0x7fffffff) last_id_ = 1;  // ids are ints in half of the library
     handle.id = last_id_;
     handle.channel = engine(handle).start(note, preset, handle.id);
@@ -85,7 +97,7 @@ VoicePool::Handle VoicePool::start(const SynthNote& note) {
 }
 
 // An engine whose block begins now; else one that sleeps and can begin it now; else the one that begins next.
-int VoicePool::choose(bool bent) {
+int VoicePool::choose(bool alone) {
     int sleeping = -1;
     int soonest = -1;
     const auto until = [&](int i) {
@@ -97,7 +109,7 @@ int VoicePool::choose(bool bent) {
             if (sleeping < 0) sleeping = i;
             continue;
         }
-        if (!candidate.has_room(bent)) continue;
+        if (!candidate.has_room(alone)) continue;
         if (until(i) == 0) return i;
         if (soonest < 0 || until(i) < until(soonest)) soonest = i;
     }
@@ -117,8 +129,8 @@ void VoicePool::cut_group(const SynthNote& note, const Handle& handle) {
     if (found == groups_.end()) {
         found = groups_.begin() + static_cast<std::ptrdiff_t>(next_group_);
         next_group_ = (next_group_ + 1) % groups_.size();
-    } else if (found->handle.engine != handle.engine) {
-        engine(found->handle).cut(found->handle.id);  // within an engine the library does it
+    } else if (found->handle.engine != handle.engine || found->handle.channel != handle.channel) {
+        engine(found->handle).cut(found->handle.id);  // within a channel the library does it
     }
     *found = {note.source, group, handle};
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/sound/voice_engine.h"
@@ -33,7 +34,9 @@ class VoicePool {
     Handle start(const SynthNote& note);
     /// Lets a note go; it fades as its sound does.
     void release(const Handle& handle) { engine(handle).release(handle.id); }
-    void bend(const Handle& handle, int wheel) { engine(handle).bend(handle.channel, wheel); }
+    void move(const Handle& handle, const SynthNote& note, const SampleMove& move) {
+        engine(handle).move(handle.channel, note.bend.key, move);
+    }
 
     /// Adds the next samples.
     void mix(float* left, float* right, int count);
@@ -50,16 +53,23 @@ class VoicePool {
 
     void load(const std::string& sound_font);
     void find_presets();
-    fluid_preset_t* any_preset(int bank, int program);
+    fluid_preset_t* find_preset(int bank, int program) const;
+    fluid_preset_t* preset_of(const Voice& voice) const;
     VoiceEngine& engine(const Handle& handle) { return *engines_[static_cast<std::size_t>(handle.engine)]; }
-    int choose(bool bent);
+    int choose(bool alone);
     void cut_group(const SynthNote& note, const Handle& handle);
 
     FluidSettings settings_;
     std::vector<std::unique_ptr<VoiceEngine>> engines_;
     fluid_sfont_t* font_ = nullptr;  // the first engine's; the others borrow it
-    std::array<fluid_preset_t*, 128> programs_{};
-    std::array<fluid_preset_t*, 128> kits_{};
+    struct Preset {
+        int bank, program;
+        fluid_preset_t* preset;
+        friend bool operator<(const Preset& a, const Preset& b) {
+            return std::pair(a.bank, a.program) < std::pair(b.bank, b.program);
+        }
+    };
+    std::vector<Preset> presets_;  // sorted, since looking for one must be quick and ask for no memory
     std::array<Exclusive, 32> groups_{};
     std::size_t next_group_ = 0;
     unsigned last_id_ = VoiceEngine::nothing;

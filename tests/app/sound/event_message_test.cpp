@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "app/midi/controllers.h"
+
 namespace tq {
 namespace {
 
 std::string spell(const std::optional<PlayedNote>& note) {
     if (!note) return "nothing";
     Atoms atoms = {note->duration_ms, note->pitch, note->velocity};
-    for (const PitchPoint& point : note->curve) {
+    for (const CurvePoint& point : note->curve) {
         atoms.push_back(point.ms);
-        atoms.push_back(point.pitch);
+        atoms.push_back(point.value);
     }
     return atom_gettext(atoms);
 }
@@ -49,6 +51,17 @@ TEST(EventMessage, givesItsNoteAndCurve) {
         const Atoms atoms = atom_setparse(row.arguments);
         EXPECT_EQ(spell(parse_event_note(atoms)), row.note) << row.arguments;
     }
+}
+
+TEST(EventMessage, givesControllersByName) {
+    const Atoms atoms = atom_setparse(
+        "duration 9 <note> 60. 1. </note> <bpf> Pitch 60. 0. 60. 9. Volume 100. 0. 20. 9. Gain 1. 0. 2. 9. "
+        "\"key "
+        "pressure\" 5. 0. \"Controller 3\" 7. 0. \"Controller 64\" 1. 0. </bpf>");
+    const PlayedNote note = parse_event_note(atoms).value();
+    const std::vector<ControllerCurve> expected = {
+        {Volume, {{0, 100}, {9, 20}}}, {KeyPressure, {{0, 5}}}, {3, {{0, 7}}}, {Sustain, {{0, 1}}}};
+    EXPECT_EQ(note.controllers, expected);
 }
 
 TEST(EventMessage, givesWhatItPlaysOfABuffer) {

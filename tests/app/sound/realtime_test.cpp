@@ -23,10 +23,10 @@ class Realtime : public testing::Test {
  protected:
     // A side stick: short and with a hard beginning.
     static PlayedNote click(double ms, double duration_ms = 20) {
-        return {ms, duration_ms, 37, 100, {}, {0, true}, "0"};
+        return {.ms = ms, .duration_ms = duration_ms, .pitch = 37, .voice = {.drums = true}, .source = "0"};
     }
     static PlayedNote held(double ms, const std::string& source) {
-        return {ms, 1e8, 60, 100, {}, {48, false}, source};
+        return {.ms = ms, .duration_ms = 1e8, .voice = {.program = 48}, .source = source};
     }
 
     void render(std::size_t frames) {
@@ -148,7 +148,7 @@ TEST(AudioOutput, opensOrSaysWhyNotWithoutAWord) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_TRUE(error.empty() || error == "no audio device can be opened") << error;
     output.start(0);
-    output.note({0, 10, 60, 1, {}, {}, "0"});
+    output.note({.duration_ms = 10, .velocity = 1, .source = "0"});
     output.close();
 }
 

@@ -5,8 +5,8 @@
 namespace tq {
 namespace {
 
-PlayedNote note(double ms, double duration_ms, const std::string& source, Voice voice = {}) {
-    return {ms, duration_ms, 60, 100, {}, voice, source};
+PlayedNote note(double ms, double duration_ms, const std::string& source, Voice voice = {}, long track = -1) {
+    return {.ms = ms, .duration_ms = duration_ms, .voice = voice, .source = source, .track = track};
 }
 
 TEST(Recorder, keepsStoppedNotesAsLongAsTheySounded) {
@@ -26,20 +26,21 @@ TEST(Recorder, keepsStoppedNotesAsLongAsTheySounded) {
     std::vector<double> durations;
     for (const PlayedNote& kept : notes) durations.push_back(kept.duration_ms);
     EXPECT_EQ(durations, (std::vector<double>{100, 350, 1000, 300, 100}));
-    EXPECT_EQ(notes[3].curve, (std::vector<PitchPoint>{{0, 60}, {300, 63}}));
+    EXPECT_EQ(notes[3].curve, (std::vector<CurvePoint>{{0, 60}, {300, 63}}));
     EXPECT_EQ(recorder.end_ms(), 1060);
 }
 
-TEST(Recorder, groupsNotesIntoPartsBySourceAndSound) {
+TEST(Recorder, groupsNotesIntoPartsByTrackAndSound) {
     Recorder recorder;
-    recorder.note(note(0, 10, "lead", {40, false}));
-    recorder.note(note(1, 10, "1", {0, true}));
-    recorder.note(note(2, 10, "lead", {73, false}));
-    recorder.note(note(3, 10, "lead", {40, false}));
+    recorder.note(note(0, 10, "lead", {.program = 40}));
+    recorder.note(note(1, 10, "1", {.drums = true}, 1));
+    recorder.note(note(2, 10, "lead", {.program = 73}));
+    recorder.note(note(3, 10, "lead", {.program = 40}));
+    recorder.note(note(4, 10, "1", {.drums = true}, 2));
     std::vector<std::string> parts;
-    for (const MidiPart& part : recorder.midi_parts({{"1", "Rhythm"}}))
+    for (const MidiPart& part : recorder.midi_parts({{1, "Rhythm"}, {2, "More"}}))
         parts.push_back(part.name + " " + std::to_string(part.notes.size()));
-    EXPECT_EQ(parts, (std::vector<std::string>{"Violin 2", "Rhythm 1", "Flute 1"}));
+    EXPECT_EQ(parts, (std::vector<std::string>{"Violin 2", "Flute 1", "Rhythm 1", "More 1"}));
 }
 
 }  // namespace

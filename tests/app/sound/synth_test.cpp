@@ -16,7 +16,7 @@ using test::hand_in, test::rate, test::render, test::Rendered;
 constexpr int drum_click = 37;  // a side stick: short, with a hard beginning
 
 PlayedNote note_at(double ms, double duration_ms = 100, double pitch = 60, Voice voice = {}) {
-    return {ms, duration_ms, pitch, 100, {}, voice, "0"};
+    return {.ms = ms, .duration_ms = duration_ms, .pitch = pitch, .voice = voice, .source = "0"};
 }
 
 Rendered sound_of(const std::vector<PlayedNote>& notes, std::size_t frames, std::size_t piece = 1000) {
@@ -47,14 +47,14 @@ double frequency(const std::vector<float>& samples, std::size_t begin, std::size
 
 double hertz(double pitch) { return 440 * std::exp2((pitch - 69) / 12); }
 
-constexpr Voice ocarina{79, false};  // of all the sounds, nearly a sine
+constexpr Voice ocarina{.program = 79};  // of all the sounds, nearly a sine
 
 TEST(Synth, aNoteBeginsOnItsSampleWhereverTheBlocksAre) {
-    const auto first = sound_of({note_at(0, 50, drum_click, {0, true})}, 4000);
+    const auto first = sound_of({note_at(0, 50, drum_click, {.drums = true})}, 4000);
     EXPECT_LE(first.first(), 2u);
     for (const double ms : {0.1, 1.0, 3.217, 17.77, 100.0, 333.333}) {
         const auto start = static_cast<std::size_t>(std::lround(ms * rate / 1000));
-        const auto sound = sound_of({note_at(ms, 50, drum_click, {0, true})}, 20000);
+        const auto sound = sound_of({note_at(ms, 50, drum_click, {.drums = true})}, 20000);
         for (std::size_t i = 0; i < 4000; ++i)
             ASSERT_EQ(sound.left[start + i], first.left[i]) << ms << " ms, sample " << i;
         EXPECT_EQ(sound.first(), start + first.first());
@@ -110,13 +110,23 @@ TEST(Synth, equalKeysThatOverlapDoNotEndEachOther) {
     EXPECT_LT(sound.loudness(80000, 88000), 0.001);
 }
 
+TEST(Synth, aBankThatTheFontLacksIsItsNearestRelative) {
+    const Rendered plain = sound_of({note_at(0, 100, 60, {.program = 40})}, 8820);
+    EXPECT_EQ(sound_of({note_at(0, 100, 60, {.program = 40, .bank = 99, .fine_bank = 98})}, 8820).left,
+              plain.left);
+    const Rendered kit = sound_of({note_at(0, 100, 38, {.drums = true})}, 8820);
+    EXPECT_NE(sound_of({note_at(0, 100, 38, {.program = 25, .drums = true})}, 8820).left, kit.left)
+        << "another kit";
+    EXPECT_EQ(sound_of({note_at(0, 100, 38, {.program = 99, .drums = true})}, 8820).left, kit.left);
+}
+
 TEST(Synth, closedHiHatCutsTheOpenOneOfItsSourceOnly) {
     constexpr double open = 46;
     constexpr double closed = 42;
     const auto rest = [](int source_of_closed) {
         Synth synth(find_sound_font(), rate);
-        hand_in(synth, note_at(0, 50, open, {0, true}));
-        hand_in(synth, note_at(100.5, 50, closed, {0, true}), source_of_closed);
+        hand_in(synth, note_at(0, 50, open, {.drums = true}));
+        hand_in(synth, note_at(100.5, 50, closed, {.drums = true}), source_of_closed);
         const auto sound = render(synth, 44100);
         return sound.loudness(15000, 22000);
     };
@@ -125,7 +135,7 @@ TEST(Synth, closedHiHatCutsTheOpenOneOfItsSourceOnly) {
 
 struct Tuning {
     double pitch;
-    std::vector<PitchPoint> curve;
+    std::vector<CurvePoint> curve;
     double ms;  // where to listen, for 100 ms
     double expected;
     double key;  // the one that is pressed: the samples of a font are a few cents out of tune
@@ -162,9 +172,36 @@ TEST(Synth, fractionsAndCurvesAreHeard) {
     }
 }
 
+TEST(Synth, controllersAreHeardUnderTheirOwnNoteOnly) {
+    const auto with = [](PlayedNote note, int controller, std::vector<CurvePoint> points) {
+        note.controllers = {{controller, std::move(points)}};
+        return note;
+    };
+    const PlayedNote plain = note_at(0, 1000, 60, ocarina);
+    const Rendered usual = sound_of({plain}, 44100);
+    const auto loudness = [&](const Rendered& r) {
+        return r.loudness(11025, 33075) / usual.loudness(11025, 33075);
+    };
+    EXPECT_NEAR(loudness(sound_of({with(plain, Volume, {{0, 50}, {1000, 50}})}, 44100)), 0.25, 0.01)
+        << "half the volume is a quarter of the level";
+    const Rendered fading =
+        sound_of({with(plain, Expression, {{0, 127}, {500, 127}, {500, 0}, {1000, 0}})}, 44100);
+    EXPECT_NEAR(fading.loudness(4410, 22000) / usual.loudness(4410, 22000), 1, 0.01);
+    EXPECT_LT(fading.loudness(24000, 40000) / usual.loudness(24000, 40000), 0.01);
+    const Rendered left = sound_of({with(plain, Pan, {{0, 0}, {1000, 0}})}, 44100);
+    EXPECT_GT(left.loudness(11025, 33075), 1.3 * usual.loudness(11025, 33075));
+    // The channel of a silent note is as new for the next one.
+    std::vector<PlayedNote> notes;
+    for (int i = 0; i < 200; ++i)
+        notes.push_back(with(note_at(i * 5, 4, 60, ocarina), Volume, {{0, 0}, {4, 0}}));
+    notes.push_back(with(note_at(3000, 1000, 60, ocarina), Modulation, {{0, 1}, {1000, 1}}));
+    const Rendered after = sound_of(notes, 4 * 44100);
+    EXPECT_NEAR(after.loudness(3 * 44100 + 11025, 3 * 44100 + 33075) / usual.loudness(11025, 33075), 1, 0.02);
+}
+
 TEST(Synth, neverExceedsOneAndFollowsTheVolume) {
     std::vector<PlayedNote> loud;
-    for (int i = 0; i < 60; ++i) loud.push_back(note_at(0, 300, 30 + i, {48, false}));
+    for (int i = 0; i < 60; ++i) loud.push_back(note_at(0, 300, 30 + i, {.program = 48}));
     for (PlayedNote& note : loud) note.velocity = 127;
     const auto sound = sound_of(loud, 20000);
     for (const float sample : sound.left) ASSERT_LE(std::abs(sample), 1.f);

@@ -33,7 +33,14 @@ struct WavFile {
 
 class Wav : public testing::Test {
  protected:
-    static PlayedNote click(double ms) { return {ms, 20, 37, 127, {}, {0, true}, "0"}; }
+    static PlayedNote click(double ms) {
+        return {.ms = ms,
+                .duration_ms = 20,
+                .pitch = 37,
+                .velocity = 127,
+                .voice = {.drums = true},
+                .source = "0"};
+    }
 
     const test::TemporaryFolder folder;
     const std::string path = folder.file("out.wav");
@@ -58,7 +65,7 @@ TEST_F(Wav, everyNoteIsAtItsSample) {
 TEST_F(Wav, lastsAsLongAsAskedForAndUntilTheSoundHasFaded) {
     render_wav({}, path, {1500, 1, ""});
     EXPECT_EQ(WavFile(path).info.frames, 66150);
-    const std::vector<PlayedNote> notes = {{0, 100, 60, 100, {}, {48, false}, "0"}};
+    const std::vector<PlayedNote> notes = {{.duration_ms = 100, .voice = {.program = 48}, .source = "0"}};
     render_wav(notes, path);
     const WavFile wav(path);
     EXPECT_GT(wav.info.frames, 4410 + 4410);
