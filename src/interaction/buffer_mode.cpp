@@ -23,9 +23,10 @@ namespace {
 
 enum class Handle { Start, End };
 
-/// A range's end is grabbed from 2 pixels before the line that shows it, up to the end of the event.
+constexpr double grip = 2;  // pixels
+
+/// A range's end is grabbed from 2 pixels before the line that shows it, up to 2 behind the end of the event.
 Handle handle_at(const Prseq& object, const Event& event, const Pointer& at) {
-    constexpr double grip = 2;
     const EventView view(object, 1);
     const auto shape = build_buffer_shape(view, event, view.rect_of(event));
     const double x = event_space(object, at).x;
@@ -88,7 +89,7 @@ class BufferRangeGesture final : public Gesture {
 }  // namespace
 
 void press_in_buffer_mode(Prseq& object, const Pointer& press) {
-    const EventRef event = event_under(object, press);
+    const EventRef event = event_or_end_under(object, press, grip);
     if (!event) return;
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     TQ_Prseq_Tracks_SelectEvent2(object, *event);
@@ -99,7 +100,7 @@ void press_in_buffer_mode(Prseq& object, const Pointer& press) {
 }
 
 void hover_in_buffer_mode(Prseq& object, const Pointer& at) {
-    const EventRef event = event_under(object, at);
+    const EventRef event = event_or_end_under(object, at, grip);
     const bool end = event && event->buffer() && handle_at(object, *event, at) == Handle::End;
     TQ_Prseq_SetMouseCursorFromIcon(object, end ? CursorBufferEnd : CursorBufferStart);
 }

@@ -64,6 +64,15 @@ EventRef event_under(const Prseq& object, const Pointer& pointer) {
     return track ? TQ_Prseq_Tracks_GetClickedEventInTrack(object, *track, at.x, at.y) : nullptr;
 }
 
+EventRef event_or_end_under(const Prseq& object, const Pointer& pointer, double grip) {
+    if (EventRef event = event_under(object, pointer)) return event;
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    if (!track || !track->visible) return nullptr;
+    const Point at = event_space(object, pointer);
+    const std::vector<Event*> ends = events_touching(object, *track, {at.x - grip, at.y, grip, 0});
+    return ends.empty() ? nullptr : ends.front();
+}
+
 Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, const Track& track, double x,
                                                        double y) {
     if (!(y >= 0 && y <= object.layout[Part::ParameterDisplay].height)) return nullptr;

@@ -21,6 +21,8 @@ Event* TQ_Prseq_Tracks_GetClickedEventInTrack(const Prseq& object, const Track& 
 long TQ_Prseq_Tracks_GetClickedEventIndexInTrack(const Prseq& object, const Track& track, double x, double y);
 /// The event of the active track that a pointer is on.
 EventRef event_under(const Prseq& object, const Pointer& pointer);
+/// The same, or else the first one that ends at most `grip` pixels left of the pointer.
+EventRef event_or_end_under(const Prseq& object, const Pointer& pointer, double grip);
 /// The first event whose left edge a press grabs in the parameter display: up to 5 pixels right of it.
 Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, const Track& track, double x,
                                                        double y);

@@ -36,7 +36,7 @@ void select_clicked(Event& event, bool toggle) {
 void press_in_select_mode(Prseq& object, const Pointer& press) {
     Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     const bool shift = press.modifiers & modifier_shift;
-    const EventRef event = event_under(object, press);
+    const EventRef event = event_or_end_under(object, press, edge_grip);
     if (!event) {
         if (track && !shift) track->events.deselect_all();
         list_selected_events(object);
@@ -54,7 +54,7 @@ void press_in_select_mode(Prseq& object, const Pointer& press) {
 }
 
 void hover_in_select_mode(Prseq& object, const Pointer& at) {
-    const EventRef event = event_under(object, at);
+    const EventRef event = event_or_end_under(object, at, edge_grip);
     const Edge edge =
         event ? edge_at(TQ_Prseq_Events_Rect(object, *event), event_space(object, at).x) : Edge::Inside;
     TQ_Prseq_SetMouseCursorFromIcon(object, edge == Edge::Start ? CursorResizeLeft

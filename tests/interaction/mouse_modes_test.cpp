@@ -194,7 +194,8 @@ TEST_F(SelectMode, TheCursorTellsWhatAPressTakesHoldOf) {
         const char* cursor;
     } const rows[] = {{edge(1000, -2), "cursor -1"}, {edge(1000, 2), "cursor 1"},
                       {edge(1000, 4), "cursor -1"},  {edge(2000, -4), "cursor -1"},
-                      {edge(2000, -2), "cursor 2"},  {edge(2000, 2), "cursor -1"}};
+                      {edge(2000, -2), "cursor 2"},  {edge(2000, 2), "cursor 2"},
+                      {edge(2000, 4), "cursor -1"}};
     for (const auto& row : rows) {
         mouse("move", row.ms, 60);
         EXPECT_EQ(cursor(), row.cursor) << row.ms;
@@ -218,6 +219,11 @@ TEST_F(SelectMode, EdgesResizeAndNeverTurnOver) {
               "Add Track, Insert Event, Insert Event, Change Event Start, Change Event Start, "
               "[Change Event Duration]");
     EXPECT_TRUE(comes_back());
+    drag(at(edge(3000, 5), 64), at(3500, 64));
+    EXPECT_EQ(events(), "1999+1@60 3000+500@64*") << "also where there is no place to grab it inside";
+    add(3500, 500, 64);
+    drag(at(edge(3500, 2), 64), at(3700, 64));
+    EXPECT_EQ(events(), "1999+1@60 3000+500@64 3700+300@64*") << "what is under the pointer comes first";
 }
 
 TEST_F(SelectMode, OptionDragsCopies) {
@@ -267,6 +273,8 @@ TEST_F(BufferMode, DragsTheStartAndTheEndOfWhatIsPlayed) {
     mouse("drag", 800, 60);
     release();
     EXPECT_EQ(range(1), "700-4000");
+    mouse("move", 3015, 60);
+    EXPECT_EQ(cursor(), "cursor 12") << "also a little behind the event";
     mouse("move", 2990, 60);
     EXPECT_EQ(cursor(), "cursor 12");
     mouse("down", 2990, 60);
