@@ -33,15 +33,25 @@ void press_in_insert_mode(Prseq& object, const Pointer& press) {
 
 void press_in_zoom_mode(Prseq& object, const Pointer& press) { object.gesture = zoom_gesture(press); }
 
+/// Where events are inspected, what was made takes the place of what was there.
+void inspect(Prseq& object, Event& made) {
+    if (!object.inspectors[InspectorKind::Event].open()) return;
+    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    TQ_Prseq_Tracks_SelectEvent2(object, made);
+}
+
 void press_in_slice_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_under(object, press);
     if (!event) return;
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-    slice_event(object, event, snapped(press.ms, snap_grid(object)));
+    const auto slices = slice_event(object, event, snapped(press.ms, snap_grid(object)));
+    if (slices) inspect(object, *slices->left);
 }
 
 void press_in_glue_mode(Prseq& object, const Pointer& press) {
-    if (const EventRef event = event_under(object, press)) glue_event_to_next(object, event);
+    const EventRef event = event_under(object, press);
+    if (!event) return;
+    if (const EventRef glued = glue_event_to_next(object, event)) inspect(object, *glued);
 }
 
 /// The whole ms under the pointer, on the grid.

@@ -173,6 +173,18 @@ TEST_F(SliceAndGlue, CutAndJoin) {
     EXPECT_TRUE(comes_back());
 }
 
+TEST_F(SliceAndGlue, WhatTheyMakeIsInspectedWhereTheInspectorIsOpen) {
+    click(1500, 60);
+    say("event_inspector_open\nmouse_mode slice");
+    click(1400, 60);
+    EXPECT_EQ(events(), "1000+400@60* 1400+1600@60 5000+1000@60");
+    EXPECT_EQ(say(".show fields", "field eventEd_duration"), (Lines{"field eventEd_duration 400."}));
+    say("mouse_mode glue\n.key 97");
+    click(1500, 60);
+    EXPECT_EQ(events(), "1000+400@60 1400+4600@60*") << "and nothing else";
+    EXPECT_EQ(say(".show fields", "field eventEd_duration"), (Lines{"field eventEd_duration 4600."}));
+}
+
 TEST_F(SliceAndGlue, TheGridOfSlicingIsThatOfTheMillisecondsAlsoInBars) {
     say("mouse_mode slice\nsnaptime 1");
     set_time_display_type(box(), TimeDisplayType::BarsBeats);
