@@ -8,9 +8,7 @@ namespace tq {
 void TQ_Prseq_LineCursor_SetLineCursorPositionInMsAndRedraw(Prseq& object, double ms) {
     object.linecursor.position = ms;
     prseq_show(object, Change::LineCursor);
-    // Two that scroll would fight.
-    const bool scrolled_by_hand = object.gesture && object.gesture->repeat;
-    if (object.playing && object.linecursor.follow && !scrolled_by_hand)
+    if (object.playing && object.linecursor.follow)
         TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(object);
 }
 

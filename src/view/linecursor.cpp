@@ -18,6 +18,9 @@ double TQ_Prseq_LineCursor_CalculateLineCursorPositionInDisplay(const Prseq& obj
 }
 
 void TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(Prseq& object) {
+    // Two that scroll would fight.
+    const bool scrolled_by_hand = object.gesture && object.gesture->repeat;
+    if (scrolled_by_hand) return;
     const double x = TQ_Prseq_LineCursor_CalculateLineCursorPositionInDisplay(object);
     const double page = TQ_Prseq_Maindisplay_GetSelectionPageSizeHorizontal(object.maindisplay);
     if (!(page > 0)) return;

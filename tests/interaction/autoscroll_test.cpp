@@ -108,9 +108,10 @@ TEST_F(Autoscrolling, TheLoopAndThePositionFollowInTheRulerAlsoWhilePlaying) {
     release();
     mouse("down", {ruler.x + 500, ruler.y + 3});
     mouse("drag", beside_ruler);
-    const double position = box().linecursor.position;
+    const double position = box().linecursor.position, now = scroll();
     say(".wait 100");
-    EXPECT_GT(box().linecursor.position, position + 100);
+    EXPECT_NEAR(box().linecursor.position, position + 100, 1e-3);
+    EXPECT_NEAR(scroll(), now + 5 * step, 1e-6) << "and not by pages, to where the position is";
 }
 
 TEST_F(Autoscrolling, NotWhereCurvesAreEditedAndNotWithoutADrag) {
