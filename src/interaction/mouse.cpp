@@ -31,6 +31,11 @@ void hover_at(Prseq& object, const Hover& hover) {
     if (lit_pitch(object) != lit) prseq_show(object, Change::KeyDisplay);
 }
 
+/// While a question is open, nothing of what is under it takes notice of the pointer.
+void hover_over(Prseq& object, double x, double y) {
+    if (!object.modaldialog) hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
+}
+
 void set_focus(Prseq& object, bool focus) {
     object.focus = focus;
     prseq_show(object, Change::UpperDisplay);
@@ -42,7 +47,7 @@ void prseq_mousedown(Prseq& object, double x, double y, unsigned modifiers) {
     commit_gesture(object);
     end_what_is_under_way(object);  // what a press begins comes after it in the history
     if (object.modaldialog) return TQ_Prseq_ModalDialog_HandleClickedButton(object, {x, y});
-    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
+    hover_over(object, x, y);
     const PartRow* part = part_under(object, x, y);
     if (part && part->press) part->press(object, pointer_at(object, x, y, modifiers));
     jbox_redraw(object);
@@ -73,7 +78,7 @@ void prseq_mousedoubleclick(Prseq& object, double x, double y, unsigned modifier
 
 void prseq_mousemove(Prseq& object, double x, double y, unsigned modifiers) {
     if (object.tiptool.visible) hide_tiptool(object);
-    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
+    hover_over(object, x, y);
     const PartRow* part = part_under(object, x, y);
     if (part)
         part->hover(object, pointer_at(object, x, y, modifiers));
@@ -87,7 +92,7 @@ void prseq_mouseleave(Prseq& object, double x, double y, unsigned) {
 }
 
 void prseq_mousewheel(Prseq& object, double x, double y, unsigned, double dx, double dy) {
-    hover_at(object, {whichpartisthemouse(object, x, y), {x, y}});
+    hover_over(object, x, y);
     const PartRow* part = part_under(object, x, y);
     if (part && part->wheel) part->wheel(object, {dx, dy});
     if (part && !part->wheel) TQ_Prseq_SetMouseCursorFromIcon(object, CursorArrow);

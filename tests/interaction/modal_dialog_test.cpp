@@ -91,9 +91,10 @@ TEST_F(ModalDialogTest, KeepsTheMouseForItself) {
     for (const char* call : {"down", "drag", "up", "move", "double"})
         for (const char* point : {"5 5", "390 290", "210 130"})
             say(std::string(".mouse ") + call + " " + point);
-    say(".wheel 210 130 0 1");
+    say(".paint\n.show layers\n.mouse move 250 150\n.wheel 210 130 0 1");
     EXPECT_EQ(say(".show events\n.show view"), before);
     EXPECT_TRUE(box().modaldialog) << "beside the buttons nothing happens";
+    EXPECT_TRUE(says(".paint\n.show layers", "layers")) << "no key is lit under the pointer";
     say(at_button("Cancel"));
     say(".mouse down 390 10");
     EXPECT_FALSE(box().modaldialog);
