@@ -31,12 +31,12 @@ template <typename Value>
 void change_routing(const Inspected& at, void (*set)(Prseq&, long, Value), Value value) {
     Edit edit(at.object, Edit::Unrecorded{Change::Tracks});
     set(at.object, at.track()->index, value);
-    TQ_Prseq_Tracks_OutputTrackInfo(at.object);
 }
 
 void show_destination(const Inspected& at, Field& field) { field.set({at.track()->destination}); }
 void change_destination(const Inspected& at, const Field& field, const std::string&) {
     change_routing(at, TQ_Prseq_Tracks_SetDestination, gensym(text_of(field)));
+    TQ_Prseq_Tracks_OutputTrackInfo(at.object);
 }
 
 template <bool Track::*flag>

@@ -227,8 +227,8 @@ TEST_F(TrackInspector, changesTheTrack) {
     EXPECT_EQ(field("trackcolor_jsui"), "0.5");
     EXPECT_FALSE(change("trackdestination", "value gm:12").empty()) << "the tracks are reported";
     EXPECT_EQ(box().tracks[0]->destination, gensym("gm:12"));
-    change("trackdiscardnoteoutput", "value 1");
-    change("trackdiscarddefaultpitchbpfoutput", "value 1");
+    EXPECT_EQ(change("trackdiscardnoteoutput", "value 1"), Lines());
+    EXPECT_EQ(change("trackdiscarddefaultpitchbpfoutput", "value 1"), Lines());
     EXPECT_TRUE(box().tracks[0]->discardnoteoutput && box().tracks[0]->discarddefaultpitchbpfoutput);
     say("undo\nundo");
     EXPECT_EQ(field("trackname"), "Piano");
