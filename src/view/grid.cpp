@@ -46,7 +46,7 @@ void add_bars(Lines& lines, const EventView& view, const MeasureSpan& span) {
     // Bars, or beats, closer than a pixel of the screen fill it however many of them are drawn.
     const double pixels = span.length * view.pixels_per_ms * view.ratio;
     const double step = std::max(1., std::floor(1 / pixels));
-    const long beats = std::clamp(static_cast<long>(pixels), 1L, span.beats);
+    const long beats = std::clamp(static_cast<long>(std::ceil(pixels)), 1L, span.beats);
     for (double bar = first; bar <= last; bar += step) {
         const double start = span.start + bar * span.length;
         lines.add(view.x_of(start), true);

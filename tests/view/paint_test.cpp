@@ -3,6 +3,7 @@
 #include <random>
 
 #include "host/graphics.h"
+#include "model/bars.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/linecursor.h"
@@ -192,6 +193,16 @@ TEST_F(PaintTest, LanesAndGrid) {
     double x = TQ_Prseq_Maindisplay_CalculateMouseFromPosition(box, md, 3 * md.mslabelincrement);
     EXPECT_EQ(pixel(md.rect.x + std::floor(x + 0.5), md.rect.y + 40),
               rgb(box.maindisplaymaindivisionlinecolor));
+}
+
+TEST_F(PaintTest, BeatsCloserThanAPixelLeaveNoGaps) {
+    set_time_display_type(box, TimeDisplayType::BarsBeats);
+    send("notelanes 0", "maxtime 600000", "zoom_hor 0");
+    prseq_bar(box, 1, 7, 8);
+    paint();
+    const Rect& display = box.maindisplay.rect;
+    for (double x = 4; x < display.width; ++x)
+        EXPECT_NE(pixel(display.x + x, display.y + 40), rgb(box.maindisplaywhitekeycolor)) << x;
 }
 
 TEST_F(PaintTest, TheBorderIsAllAround) {
