@@ -9,6 +9,7 @@
 #include "edits/type_edits.h"
 #include "file/document_messages.h"
 #include "history/undoredo.h"
+#include "instance/change.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
 #include "interaction/mouse_modes.h"
@@ -211,6 +212,7 @@ bool bpf_time_is(const Prseq& object) {
 template <bool absolute>
 void set_bpf_time(Prseq& object) {
     object.bpfediting.absolutetime = absolute;
+    prseq_show(object, Change::Nothing);  // fields tell times
 }
 
 bool has_cycle(const Prseq& object) { return object.cycle.active; }

@@ -101,7 +101,7 @@ void TQ_Prseq_Buffer_ModifyBuffer(Prseq& object, Symbol name) {
 void TQ_Prseq_Buffer_ModifyBufferOverview(Prseq& object, BufferOverview& overview) {
     overview.image.reset();
     for (LinkedBuffer& link : overview.links) follow_buffer(link.event());
-    if (object.showbuffers) prseq_show(object, Change::MainDisplay);
+    prseq_show(object, object.showbuffers ? Change::MainDisplay : Change::Nothing);  // fields show it too
 }
 
 }  // namespace tq

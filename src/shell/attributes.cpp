@@ -177,7 +177,7 @@ void attribute_modified(Prseq& object, Symbol name) {
         TQ_Prseq_Time_FollowTransport(object, itm_getnamed(object.host(), object.transportname));
     synchronise_view(object);
     auto change = changes().find(name);
-    if (change != changes().end() && change->second != Change::Nothing) prseq_show(object, change->second);
+    if (change != changes().end()) prseq_show(object, change->second);  // fields may show what layers do not
 }
 
 }  // namespace tq

@@ -158,6 +158,19 @@ TEST_F(EventInspector, followsTheSelectionAndTheDocument) {
     say("undo");
 }
 
+TEST_F(EventInspector, followsWhatIsNotDrawn) {
+    say("base_frequency 220.");
+    EXPECT_EQ(field("eventEd_freq_base"), "220.");
+    EXPECT_EQ(field("eventEd_frequency"), "130.81279");
+    say(".command bpf_time_absolute");
+    EXPECT_EQ(field("eventEd_bpfeditor"), "0 1000. 60., 1 3000. 60.");
+    say("showbuffers 0\n.buffer sound");
+    EXPECT_FALSE(box().inspectors[InspectorKind::Event].fields.at(gensym("eventEd_bufferend"))->enabled());
+    write_silence(folder.file("sound.wav"), 1500);
+    say(".buffer sound \"" + folder.file("sound.wav") + "\"");
+    EXPECT_EQ(field("eventEd_bufferend"), "1500.");
+}
+
 TEST_F(EventInspector, theTableOfPointsEditsTheCurve) {
     say("track_bpf_add Gain 0 10 5\nevent id 1 <bpf> Pitch 0 0 500 2 2000 0 </bpf>\n.wait 100");
     EXPECT_EQ(field("eventEd_bpfeditor"), "0 0. 60., 1 500. 62., 2 2000. 60.");
@@ -304,6 +317,8 @@ TEST_F(DocumentInspector, changesTheHeaderAndTheMeter) {
     EXPECT_EQ(field("documentEd_signature"), "0 1 3 4, 1 5 7 8");
     say("write \"" + folder.file("x.json") + "\"");
     EXPECT_TRUE(field("filename").ends_with("x.json"));
+    say("write \"" + folder.file("y.json") + "\"");
+    EXPECT_TRUE(field("filename").ends_with("y.json"));
     say(".command new\n.wait 10");
     EXPECT_EQ(field("documentEd_title"), "No Title");
     EXPECT_EQ(field("documentEd_memo"), "\"\"");
