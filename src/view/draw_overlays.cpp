@@ -22,8 +22,8 @@ constexpr Point bpf_label_offset{5, 3};
 /// The part of a rectangle that lies in a display of the given size.
 Rect cut_to(const Rect& rect, const Rect& display) {
     const double x = std::max(rect.x, 0.), y = std::max(rect.y, 0.);
-    return {x, y, std::min(rect.x + rect.width - x, display.width),
-            std::min(rect.y + rect.height - y, display.height)};
+    return {x, y, std::max(std::min(rect.x + rect.width, display.width) - x, 0.),
+            std::max(std::min(rect.y + rect.height, display.height) - y, 0.)};
 }
 
 }  // namespace

@@ -225,6 +225,15 @@ TEST_F(PaintTest, TheMarqueeIsCutToTheMainDisplay) {
     EXPECT_EQ(at(-5), outside);
     EXPECT_NE(at(20), inside);
     EXPECT_EQ(at(60), beyond);
+    const Point corner{display.x + display.width, display.y + display.height};
+    const auto scrollbars = [&] {
+        return std::pair(pixel(corner.x + 2, corner.y - 9), pixel(corner.x - 9, corner.y + 2));
+    };
+    const auto uncovered = scrollbars();
+    box.maindisplay.marquee = {20, 10, 2000, 2000};
+    see(Change::Marquee);
+    EXPECT_EQ(scrollbars(), uncovered);
+    EXPECT_NE(at(60), beyond);
 }
 
 struct LineCursorTest : PaintTest {
