@@ -4,6 +4,7 @@
 
 #include "history/edit.h"
 #include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 #include "instance/prseq.h"
 #include "model/bars.h"
 
@@ -18,7 +19,7 @@ void show_text(const Inspected& at, Field& field) {
 /// What stands in the header is no part of the history.
 template <std::string DocumentInfo::*text>
 void change_text(const Inspected& at, const Field& field, const std::string&) {
-    std::string changed = text_of(field);
+    std::string changed = TQ_Prseq_Utilities_GetTextAtomsFromSender(field);
     if (changed == at.object.info.*text) return;
     Edit edit(at.object, Edit::Unrecorded{Change::Nothing});
     at.object.info.*text = std::move(changed);

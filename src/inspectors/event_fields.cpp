@@ -9,6 +9,7 @@
 #include "inspectors/curve_field.h"
 #include "inspectors/field_gesture.h"
 #include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "instance/utilities.h"
@@ -30,7 +31,7 @@ void show_text(const Inspected& at, Field& field) {
 }
 template <Symbol Event::*text, void (*edit)(Prseq&, const EventRef&, Symbol)>
 void change_text(const Inspected& at, const Field& field, const std::string&) {
-    const Symbol changed = gensym(text_of(field));
+    const Symbol changed = gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
     if (changed != (*at.event()).*text) edit(at.object, at.event(), changed);
 }
 
@@ -106,7 +107,7 @@ void change_base(const Inspected& at, const Field& field, const std::string& wha
 
 void show_buffer(const Inspected& at, Field& field) { field.set({at.event()->link().name}); }
 void change_buffer(const Inspected& at, const Field& field, const std::string&) {
-    const Symbol name = gensym(text_of(field));
+    const Symbol name = gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
     if (name != at.event()->link().name) change_event_buffer(at.object, at.event(), name);
 }
 

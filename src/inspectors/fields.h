@@ -34,8 +34,6 @@ std::span<const FieldRow> event_fields();
 
 /// Most fields change nothing.
 void change_nothing(const Inspected&, const Field&, const std::string& what);
-/// The words of a text field; "<empty>" is the empty text.
-std::string text_of(const Field& field);
 /// The cell of a row, or this number.
 Atom cell_of(const Field& field, size_t row, size_t column, double otherwise = 0);
 

@@ -9,6 +9,7 @@
 #include "host/defer.h"
 #include "host/host.h"
 #include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
 #include "model/bpf_editor.h"
@@ -70,10 +71,7 @@ bool has_subject(const Inspector& inspector, InspectorKind kind) {
 }
 
 void hide_all(Inspector& inspector, bool hide) {
-    bool changed = false;
-    for_each_box(*inspector.patcher,
-                 [&](PatcherBox& box) { changed |= std::exchange(box.hidden, hide) != hide; });
-    if (changed) inspector.patcher->changed();
+    if (TQ_Prseq_Utilities_HideAllBoxesInPatcher(*inspector.patcher, hide)) inspector.patcher->changed();
 }
 
 void update(Prseq& object, InspectorKind kind) {
@@ -93,7 +91,7 @@ void create_objects(Prseq& object, Inspector& inspector) {
     for_each_box(*inspector.patcher, [&](PatcherBox& box) {
         if (!box.field || box.varname.empty()) return;
         if (inspector.fields.emplace(box.varname, box.field.get()).second)
-            object_attach_byptr(object, *box.field);
+            TQ_Prseq_Utilities_SetNotificationFromObject(object, *box.field, true);
     });
 }
 
@@ -104,11 +102,10 @@ void place(const Prseq& object, Inspector& inspector) {
 
 /// In the middle of the window, on the page that was chosen last.
 void prepare_selector(Inspector& inspector, const InspectorRow& row) {
-    for (PatcherBox& box : inspector.patcher->boxes)
-        if (box.varname == gensym(row.selector)) {
-            box.rect.x = (inspector.patcher->size.width - box.rect.width) / 2;
-            if (box.field) box.field->set({inspector.page});
-        }
+    PatcherBox* box = TQ_Prseq_Utilities_FindBoxFromVarname(*inspector.patcher, gensym(row.selector));
+    if (!box) return;
+    box->rect.x = (inspector.patcher->size.width - box->rect.width) / 2;
+    if (box->field) box->field->set({inspector.page});
 }
 
 void open(Prseq& object, InspectorKind kind) {

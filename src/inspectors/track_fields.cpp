@@ -4,6 +4,7 @@
 #include "edits/type_edits.h"
 #include "history/edit.h"
 #include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "model/bpfs.h"
@@ -17,7 +18,7 @@ namespace {
 
 void show_name(const Inspected& at, Field& field) { field.set({gensym(at.track()->name)}); }
 void change_name(const Inspected& at, const Field& field, const std::string&) {
-    const Symbol name = gensym(text_of(field));
+    const Symbol name = gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
     if (name.text() != at.track()->name) change_track_name(at.object, at.track(), name);
 }
 
@@ -35,7 +36,8 @@ void change_routing(const Inspected& at, void (*set)(Prseq&, long, Value), Value
 
 void show_destination(const Inspected& at, Field& field) { field.set({at.track()->destination}); }
 void change_destination(const Inspected& at, const Field& field, const std::string&) {
-    change_routing(at, TQ_Prseq_Tracks_SetDestination, gensym(text_of(field)));
+    change_routing(at, TQ_Prseq_Tracks_SetDestination,
+                   gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field)));
     TQ_Prseq_Tracks_OutputTrackInfo(at.object);
 }
 

@@ -65,6 +65,7 @@ TEST_F(EventInspector, changesAreEditsWithinTheirLimits) {
         {"eventEd_label", "bass", "bass", "Change Event Label"},
         {"eventEd_label", "", "\"\"", "Change Event Label"},
         {"eventEd_message", "set 1 two", "set 1 two", "Change Event Message"},
+        {"eventEd_message", "<empty>", "\"\"", "Change Event Message"},
         {"eventEd_start", "500", "500.", "Change Event Start"},
         {"eventEd_start", "-5", "0.", "Change Event Start"},
         {"eventEd_duration", "750.5", "750.5", "Change Event Duration"},

@@ -13,7 +13,7 @@
 #include "app/window/number_field.h"
 #include "app/window/table_field.h"
 #include "app/window/text_field.h"
-#include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 
 namespace tq {
 
@@ -27,7 +27,7 @@ class LabelControl final : public QLabel, public FieldControl {
  public:
     QWidget& widget() override { return *this; }
     void display(const Field& field) override {
-        const QString text = QString::fromStdString(text_of(field));
+        const QString text = QString::fromStdString(TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
         setTextFormat(Qt::PlainText);
         setToolTip(text.toHtmlEscaped());
         setText(text);

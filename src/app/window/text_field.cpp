@@ -5,7 +5,7 @@
 #include <QTextCursor>
 #include <algorithm>
 
-#include "inspectors/fields.h"
+#include "inspectors/patcher_helpers.h"
 
 namespace tq {
 
@@ -71,7 +71,7 @@ void TypedField<Edit>::finish() {
 
 template <typename Edit>
 QString TypedField<Edit>::text_to_show(const Field& field) const {
-    return QString::fromStdString(text_of(field));
+    return QString::fromStdString(TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
 }
 
 template <typename Edit>

@@ -1,5 +1,4 @@
-#include "shell/patcher_helpers.h"
-
+// What a box finds around it: its resources, the transport that it follows.
 #include <gtest/gtest.h>
 
 #include "app/script_fixture.h"
@@ -9,30 +8,7 @@
 namespace tq::test {
 namespace {
 
-TEST(PatcherHelpers, findTheFirstBoxOfANameAndReadItsText) {
-    Host host;
-    Patcher patcher(host);
-    FieldForm text;
-    text.kind = FieldKind::Text;
-    for (const char* name : {"label", "other", "label"}) {
-        PatcherBox box;
-        box.varname = gensym(name);
-        box.field = std::make_unique<Field>(host, text);
-        patcher.boxes.push_back(std::move(box));
-    }
-    patcher.boxes[0].field->set({gensym("a b"), 2L});
-    patcher.boxes[1].field->set({gensym("<empty>")});
-    EXPECT_EQ(TQ_Prseq_Utilities_FindBoxFromVarname(patcher, gensym("label")), &patcher.boxes[0]);
-    EXPECT_EQ(TQ_Prseq_Utilities_FindBoxFromVarname(patcher, gensym("none")), nullptr);
-    EXPECT_EQ(TQ_Prseq_Utilities_FindObjectFromVarname(patcher, gensym("none")), nullptr);
-    EXPECT_EQ(TQ_Prseq_Utilities_GetTextAtomsFromSender(patcher.boxes[0]), "\"a b\" 2");
-    EXPECT_EQ(TQ_Prseq_Utilities_GetTextAtomsFromSender(patcher.boxes[1]), "");
-    EXPECT_EQ(TQ_Prseq_Utilities_GetTextAtomsFromSender(patcher.boxes[2]), std::nullopt);
-    TQ_Prseq_Utilities_HideAllBoxesInPatcher(patcher, true);
-    for (const PatcherBox& box : patcher.boxes) EXPECT_TRUE(box.hidden);
-}
-
-TEST(PatcherHelpers, findResourcesInTheirFolderOrSayThereIsNone) {
+TEST(Resources, areFoundInTheirFolderOrThereIsNone) {
     TemporaryFolder folder;
     ::setenv("SORVO_RESOURCES", folder.path.c_str(), 1);
     EXPECT_TRUE(
