@@ -51,6 +51,13 @@ void write_chosen(Prseq& object, const std::string& name) {
     if (TQ_Prseq_Json_SaveDialog(object, name)) TQ_Prseq_Json_WriteDictionary(object);
 }
 
+/// Its file has another name from now on, whether it differs from it or not.
+void call_document(Prseq& object, const std::string& name, const std::string& folder) {
+    object.info.filename = name;
+    object.info.folder = folder;
+    prseq_show(object, Change::Nothing);
+}
+
 std::optional<LocatedFile> choice(DocumentInfo& info, const std::optional<std::string>& path) {
     info.dialogcancelled = !path;
     if (!path) return {};
@@ -94,7 +101,7 @@ void TQ_Prseq_Json_ReadFromOpen(Prseq& object) {
 
 void TQ_Prseq_Json_WriteFromWriteMessage(Prseq& object, OptionalSymbol name) {
     if (name.symbol.empty()) return TQ_Prseq_Json_WriteFromSaveAs(object);
-    object.info.filename = cut_text(name.symbol.text(), longest_located_name);
+    call_document(object, cut_text(name.symbol.text(), longest_located_name), object.info.folder);
     defer_low(object, [](Prseq& o) { TQ_Prseq_Json_WriteDictionary(o); });
 }
 
@@ -126,8 +133,7 @@ std::optional<LocatedFile> TQ_Prseq_Json_OpenDialog(Prseq& object) {
 bool TQ_Prseq_Json_SaveDialog(Prseq& object, const std::string& name) {
     std::optional<LocatedFile> file = choice(object.info, object.host().patch.save_dialog(name));
     if (!file) return false;
-    object.info.filename = file->name;
-    object.info.folder = file->folder;
+    call_document(object, file->name, file->folder);
     return true;
 }
 

@@ -4,7 +4,6 @@
 
 #include "host/dictionary.h"
 #include "host/files.h"
-#include "instance/change.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "instance/utilities.h"
@@ -173,7 +172,6 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
 }
 
 bool TQ_Prseq_Json_WriteDictionary(Prseq& object) {
-    prseq_show(object, Change::Nothing);  // the file may have another name than before
     std::string text = TQ_Prseq_Json_MakeDictionary(object, true) + "\n";
     if (!dictionary_write(object, path_in_folder(object.info.folder, object.info.filename), text))
         return false;

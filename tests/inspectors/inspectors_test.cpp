@@ -320,6 +320,8 @@ TEST_F(DocumentInspector, changesTheHeaderAndTheMeter) {
     EXPECT_TRUE(field("filename").ends_with("x.json"));
     say("write \"" + folder.file("y.json") + "\"");
     EXPECT_TRUE(field("filename").ends_with("y.json"));
+    say(".answer \"" + folder.file("y.json") + "\"\nwrite");
+    EXPECT_EQ(field("filename"), "y.json") << "of a document that does not differ from its file, too";
     say(".command new\n.wait 10");
     EXPECT_EQ(field("documentEd_title"), "No Title");
     EXPECT_EQ(field("documentEd_memo"), "\"\"");
