@@ -41,14 +41,16 @@ void delete_parameter_type(Prseq& object, const TrackRef& track, long index) {
 }
 
 void change_parameter_type(Prseq& object, const TrackRef& track, long index, const ParameterType& values) {
-    Edit edit(object, Change::Types);
     ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index);
-    if (!type) return edit.nothing();
-    ParameterTypeRef previous = TQ_Prseq_Parameters_CopyDictionary(*type);
+    if (!type) return;
+    ParameterTypeRef previous = TQ_Prseq_Parameters_CopyDictionary(*type),
+                     next = TQ_Prseq_Parameters_CopyDictionary(values);
     const ParameterType* of_that_name = TQ_Prseq_Parameters_GetDictionaryFromName(*track, values.name);
-    const Symbol name = !of_that_name || of_that_name == type ? values.name : type->name;
-    set_parameter_type(*type, values);
-    type->name = name;
+    if (of_that_name && of_that_name != type) next->name = type->name;
+    next->id = type->id;
+    if (same_parameter_type(*previous, *next)) return;
+    Edit edit(object, Change::Types);
+    set_parameter_type(*track, *type, *next);
     TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeParameterTypeOnTrack(edit, track, index, std::move(previous));
     report_types(object, *track);
 }
@@ -71,12 +73,14 @@ void delete_bpf_type(Prseq& object, const TrackRef& track, long index) {
 }
 
 void change_bpf_type(Prseq& object, const TrackRef& track, long index, const BpfTypeValues& values) {
-    Edit edit(object, Change::Types);
     BpfTypeRef type = TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*track, index);
-    if (!type) return edit.nothing();
+    if (!type) return;
     const BpfTypeValues previous = *type;
-    static_cast<BpfTypeValues&>(*type) = values;
-    type->name = free_bpf_type_name(*track, *type, values.name);
+    BpfTypeValues next = values;
+    next.name = free_bpf_type_name(*track, *type, values.name);
+    if (next == previous) return;
+    Edit edit(object, Change::Types);
+    static_cast<BpfTypeValues&>(*type) = next;
     TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(edit, track, std::move(type), previous);
     report_types(object, *track);
 }

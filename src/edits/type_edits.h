@@ -13,7 +13,8 @@ struct Prseq;
 /// A name that another type has adds nothing. Every event of the track gets a value.
 void add_parameter_type(Prseq& object, const TrackRef& track, const ParameterType& values);
 void delete_parameter_type(Prseq& object, const TrackRef& track, long index);
-/// The type takes these values; events keep theirs. A name that another type has is not taken.
+/// The type takes these values; events keep theirs. A name that another type has is not taken. Values that it
+/// has already change nothing, here as below.
 void change_parameter_type(Prseq& object, const TrackRef& track, long index, const ParameterType& values);
 /// See TQ_Prseq_Tracks_AddBpfTypeToTrack().
 void add_bpf_type(Prseq& object, const TrackRef& track, const BpfTypeValues& values);

@@ -54,7 +54,7 @@ struct ChangeParameterItem : TypesItem {
     void set(Prseq& object, const ParameterType& values) const {
         ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(*track, index);
         if (!type) return;
-        set_parameter_type(*type, values);
+        set_parameter_type(*track, *type, values);
         report_types(object, track);
     }
 };

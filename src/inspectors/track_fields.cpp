@@ -79,11 +79,8 @@ void change_bpfs(const Inspected& at, const Field& field, const std::string& wha
     const long index = static_cast<long>(row);
     if (what == "rowadded") add_bpf_type(at.object, at.track(), bpf_values(field, row));
     if (what == "rowdeleted" && index > 0) delete_bpf_type(at.object, at.track(), index);
-    if (what == "cell_mouseup" && index > 0) {
-        const BpfType* type = TQ_Prseq_Tracks_GetBpfTypeWithGivenIndex(*at.track(), index);
-        if (const BpfTypeValues values = bpf_values(field, row); type && !(*type == values))
-            change_bpf_type(at.object, at.track(), index, values);
-    }
+    if (what == "cell_mouseup" && index > 0)
+        change_bpf_type(at.object, at.track(), index, bpf_values(field, row));
     if (what == "cleared") TQ_Prseq_Tracks_OutputBpfInfo(at.object, *at.track());
 }
 
@@ -101,21 +98,13 @@ ParameterTypeRef parameter_values(const Field& field, size_t row) {
         cell_of(field, row, 4).as_long());
 }
 
-bool same(const ParameterType& a, const ParameterType& b) {
-    return a.name == b.name && a.minimum == b.minimum && a.maximum == b.maximum && a.default_ == b.default_ &&
-           a.steps == b.steps;
-}
-
 void change_params(const Inspected& at, const Field& field, const std::string& what) {
     const size_t row = field.touched().row;
     const long index = static_cast<long>(row);
     if (what == "rowadded") add_parameter_type(at.object, at.track(), *parameter_values(field, row));
     if (what == "rowdeleted") delete_parameter_type(at.object, at.track(), index);
-    if (what == "cell_mouseup") {
-        const ParameterType* type = TQ_Prseq_Parameters_GetDictionaryAtIndex(*at.track(), index);
-        if (const ParameterTypeRef values = parameter_values(field, row); type && !same(*type, *values))
-            change_parameter_type(at.object, at.track(), index, *values);
-    }
+    if (what == "cell_mouseup")
+        change_parameter_type(at.object, at.track(), index, *parameter_values(field, row));
     if (what == "cleared") TQ_Prseq_Tracks_OutputParameterInfo(at.object, *at.track());
 }
 

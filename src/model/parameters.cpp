@@ -64,13 +64,19 @@ ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type) {
     return copy;
 }
 
-void set_parameter_type(ParameterType& type, const ParameterType& values) {
+void set_parameter_type(Track& track, ParameterType& type, const ParameterType& values) {
+    if (track.displayedparameter == type.name) track.displayedparameter = values.name;
     type.name = values.name;
     type.minimum = values.minimum;
     type.maximum = values.maximum;
     type.default_ = values.default_;
     type.steps = values.steps;
     type.id = values.id;
+}
+
+bool same_parameter_type(const ParameterType& a, const ParameterType& b) {
+    return a.name == b.name && a.minimum == b.minimum && a.maximum == b.maximum && a.default_ == b.default_ &&
+           a.steps == b.steps;
 }
 
 void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event) {

@@ -17,8 +17,10 @@ void TQ_Prseq_Parameters_AddParameterTypeToAllEventsOnTrack(const Track& track, 
 ParameterType* TQ_Prseq_Parameters_GetDictionaryAtIndex(const Track& track, long index);
 ParameterType* TQ_Prseq_Parameters_GetDictionaryFromName(const Track& track, Symbol name);
 ParameterTypeRef TQ_Prseq_Parameters_CopyDictionary(const ParameterType& type);
-/// All that a type says, from another.
-void set_parameter_type(ParameterType& type, const ParameterType& values);
+/// All that a type of the track says, from another. What is displayed stays so, whatever its name.
+void set_parameter_type(Track& track, ParameterType& type, const ParameterType& values);
+/// Whether two types have one name and the same values.
+bool same_parameter_type(const ParameterType& a, const ParameterType& b);
 
 /// Appends a value for each of the track's types, at its default.
 void TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(const Track& track, Event& event);

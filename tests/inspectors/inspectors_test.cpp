@@ -276,6 +276,7 @@ TEST_F(TrackInspector, addsChangesAndDeletesTypes) {
         say("redo");
         EXPECT_EQ(field(row.name), row.shown);
     }
+    box().tracks[0]->parametertypes[0]->id = 7;  // a file may say so
     change("trackbpfs", "cellchanged 1 0 Level");
     EXPECT_EQ(box().tracks[0]->bpftypes[1]->name, gensym("Gain")) << "not before the cell is left";
     change("trackbpfs", "cell_mouseup 1 0");
@@ -285,7 +286,11 @@ TEST_F(TrackInspector, addsChangesAndDeletesTypes) {
     change("trackparams", "cell_mouseup 0 2");
     EXPECT_EQ(last(), "Change Parameter Type On Track");
     EXPECT_EQ(field("trackparams"), "0 Cutoff 0. 200. 50. 11");
+    change("trackparams", "rowadded Width 0 1 0 0");
     const size_t items = box().history.items.size();
+    change("trackparams", "cellchanged 1 0 Cutoff");
+    change("trackparams", "cell_mouseup 1 0");
+    EXPECT_EQ(field("trackparams"), "0 Cutoff 0. 200. 50. 11, 1 Width 0. 1. 0. 0") << "the name is taken";
     change("trackparams", "cell_mouseup 0 2");
     change("trackbpfs", "rowdeleted 0");
     change("trackbpfs", "cellchanged 0 0 Bend");
@@ -294,6 +299,15 @@ TEST_F(TrackInspector, addsChangesAndDeletesTypes) {
     EXPECT_EQ(field("trackbpfs"), "0 Pitch 0. 131. 0., 1 Level 0. 2. 1.");
     change("trackparams", "rowdeleted 0");
     EXPECT_EQ(last(), "Delete Parameter Type From Track");
+    say("undo\nparameterdisplay 1\n.choose Cutoff");
+    const Rect& lane = box().layout[Part::ParameterDisplay];
+    click({lane.x + 9, lane.y + 9}, " right");
+    change("trackparams", "cellchanged 0 0 Filter");
+    change("trackparams", "cell_mouseup 0 0");
+    EXPECT_EQ(box().tracks[0]->parametertypes[0]->id, 7) << "no table shows it";
+    EXPECT_EQ(box().tracks[0]->displayedparameter, gensym("Filter"));
+    say("undo");
+    EXPECT_EQ(box().tracks[0]->displayedparameter, gensym("Cutoff"));
     EXPECT_FALSE(change("trackbpfs", "cleared").empty()) << "the curves are reported";
     EXPECT_EQ(field("trackbpfs"), "0 Pitch 0. 131. 0., 1 Level 0. 2. 1.");
 }
