@@ -46,8 +46,10 @@ void write_duration(Prseq&, Event& event, double value) {
 void write_pitch(Prseq&, Event& event, double value) {
     event.pitch = std::clamp(value, 0., Prseq::maximumpitch);
 }
+/// No frequency is a pitch where that of the base is none.
 void write_frequency(Prseq& object, Event& event, double value) {
-    if (value > 0) write_pitch(object, event, TQ_Utilities_ConvertHzToMidi(object, value));
+    if (value > 0 && object.base_frequency > 0)
+        write_pitch(object, event, TQ_Utilities_ConvertHzToMidi(object, value));
 }
 void write_velocity(Prseq&, Event& event, double value) { event.velocity = std::clamp(value, 0., 127.); }
 /// A range lies within its buffer, and begins before it ends.

@@ -170,6 +170,11 @@ TEST_F(EventInspector, followsWhatIsNotDrawn) {
     write_silence(folder.file("sound.wav"), 1500);
     say(".buffer sound \"" + folder.file("sound.wav") + "\"");
     EXPECT_EQ(field("eventEd_bufferend"), "1500.");
+    for (const char* base : {"0", "-3"}) {
+        say(std::string("base_frequency ") + base);
+        change("eventEd_frequency", "value 440");
+        EXPECT_EQ(event().pitch, 60) << base;
+    }
 }
 
 TEST_F(EventInspector, theTableOfPointsEditsTheCurve) {
