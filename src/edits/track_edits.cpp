@@ -150,6 +150,25 @@ void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms) {
     TQ_Prseq_Tracks_OutputDone(object);
 }
 
+void change_track_destination(Prseq& object, const TrackRef& track, Symbol destination) {
+    if (destination == track->destination) return;
+    Edit edit(object, Edit::Unrecorded{Change::Tracks});
+    TQ_Prseq_Tracks_SetDestination(object, track->index, destination);
+    TQ_Prseq_Tracks_OutputTrackInfo(object);
+}
+
+void prseq_trackdestination(Prseq& object, Symbol message, AtomSpan atoms) {
+    long index = object.activetrack;
+    if (!atoms.empty() && atoms.front().is_number()) {
+        index = atoms.front().as_long();
+        atoms = atoms.subspan(1);
+    }
+    const TrackRef track = track_at(object, index);
+    if (!track || atoms.size() > 1 || (atoms.size() == 1 && !atoms.front().is_symbol()))
+        return object_error(object, fmt::sprintf("%s: [INDEX] NAME, of a track that exists", message.text()));
+    change_track_destination(object, track, atoms.empty() ? Symbol() : atoms.front().as_symbol());
+}
+
 void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximum, double default_) {
     Edit edit(object, Edit::Unrecorded{Change::Types});
     if (!TQ_Prseq_Tracks_AddBpfTypeToTrack(object, object.activetrack, name, minimum, maximum, default_))

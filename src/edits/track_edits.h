@@ -26,6 +26,11 @@ void prseq_trackcolor(Prseq& object, double hue);
 /// "track_visible" and "track_mute": a value for the active track, or an index and a value.
 void prseq_trackvisible(Prseq& object, Symbol message, AtomSpan atoms);
 void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms);
+/// "track_destination": a receiver's name for the active track, or an index and a name; no name: outlet 0.
+/// What it is already stays without a word.
+void prseq_trackdestination(Prseq& object, Symbol message, AtomSpan atoms);
+/// The same, of a track that exists; no part of the history.
+void change_track_destination(Prseq& object, const TrackRef& track, Symbol destination);
 /// "track_bpf_add": a curve type on the active track.
 void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximum, double default_);
 /// "track_parameter_add": a parameter type on the active track.

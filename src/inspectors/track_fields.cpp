@@ -36,9 +36,7 @@ void change_routing(const Inspected& at, void (*set)(Prseq&, long, Value), Value
 
 void show_destination(const Inspected& at, Field& field) { field.set({at.track()->destination}); }
 void change_destination(const Inspected& at, const Field& field, const std::string&) {
-    change_routing(at, TQ_Prseq_Tracks_SetDestination,
-                   gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field)));
-    TQ_Prseq_Tracks_OutputTrackInfo(at.object);
+    change_track_destination(at.object, at.track(), gensym(TQ_Prseq_Utilities_GetTextAtomsFromSender(field)));
 }
 
 template <bool Track::*flag>

@@ -5,14 +5,12 @@
 #include "app/commands/faults.h"
 #include "app/commands/named_sounds.h"
 #include "app/commands/size.h"
-#include "app/midi/writer.h"
-#include "app/patch/export_meter.h"
+#include "app/patch/export.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/paint_offscreen.h"
 #include "app/patch/perform.h"
 #include "app/sound/recorder.h"
 #include "app/sound/wav.h"
-#include "host/files.h"
 #include "host/graphics_runtime.h"
 #include "view/zoom_commands.h"
 
@@ -23,16 +21,6 @@ namespace {
 void complain(const std::string& reason) { std::fprintf(stderr, "sorvo: %s\n", reason.c_str()); }
 
 constexpr double longest_ms = 24 * 3600e3;
-
-bool write_midi(const Session& session, const NoteListener& notes, const Recorder& recorder,
-                const std::string& path) {
-    std::string fault;
-    const std::vector<MidiPart> parts = recorder.midi_parts(notes.track_names());
-    const std::vector<std::byte> bytes = write_midi_file(parts, meter_of(session.box()));
-    if (write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, fault)) return true;
-    complain("could not write \"" + path + "\": " + fault);
-    return false;
-}
 
 /// Lays the box out in the picture's size: a document's view is meant for the box that it is opened in.
 void lay_out(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
@@ -84,8 +72,12 @@ int run_render(const RenderCommand& command) {
     Recorder recorder;
     notes.add(recorder);
     play_through(session);
-    if (!command.midi.empty() && !write_midi(session, notes, recorder, command.midi)) return 1;
     try {
+        std::string fault;
+        if (!command.midi.empty() && !write_notes(session, notes, recorder, command.midi, fault)) {
+            complain("could not write \"" + command.midi + "\": " + fault);
+            return 1;
+        }
         if (!command.wav.empty()) render_wav(recorder.notes(), command.wav);
     } catch (const std::exception& error) {
         complain(error.what());

@@ -31,6 +31,7 @@ namespace tq {
 namespace {
 
 constexpr double full_controller = 127;
+constexpr size_t longest_title = 255;  // bytes
 
 /// One song's notes on their way onto one track.
 class TrackImport {
@@ -151,6 +152,7 @@ std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& pa
     if (prseq_getdirtyflag(object))
         object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
     TQ_Prseq_NewFile(object);
+    object.info.title = cut_text(std::filesystem::path(path).stem().string(), longest_title);
     MidiImport import{.tracks = song->tracks.size()};
     for (MidiTrack& track : song->tracks) {
         TrackImport(object, track).run();

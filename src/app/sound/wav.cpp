@@ -32,7 +32,7 @@ class WavWriter {
         SF_INFO info{};
         info.samplerate = rate;
         info.channels = 2;
-        info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+        info.format = (path.ends_with(".flac") ? SF_FORMAT_FLAC : SF_FORMAT_WAV) | SF_FORMAT_PCM_16;
         file_.reset(sf_open_fd(target_.descriptor(), SFM_WRITE, &info, SF_FALSE));
         if (!file_) fail(sf_strerror(nullptr));
         sf_command(file_.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
@@ -89,17 +89,19 @@ void render_piece(Synth& synth, WavWriter& file, int frames) {
 
 }  // namespace
 
-void render_wav(std::span<const PlayedNote> notes, const std::string& path, const WavOptions& options) {
+bool render_wav(std::span<const PlayedNote> notes, const std::string& path, const WavOptions& options) {
     Synth synth(options.sound_font.empty() ? find_sound_font() : options.sound_font, rate);
     synth.set_volume(std::clamp(options.volume, 0.0, 1.0));
     hand_in(synth, notes);
     const std::int64_t end = end_of(notes, options);
     WavWriter file(path);
     while (synth.position() < end) {
+        if (!options.progress(static_cast<double>(synth.position()) / static_cast<double>(end))) return false;
         render_piece(synth, file, static_cast<int>(std::min<std::int64_t>(piece, end - synth.position())));
     }
     while (!synth.silent() && synth.position() < end + longest_fade) render_piece(synth, file, piece);
     file.finish();
+    return true;
 }
 
 }  // namespace tq

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
@@ -18,12 +20,16 @@
 #include "app/window/attribute_inspector.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
+#include "app/window/export_dialog.h"
+#include "app/window/history_list.h"
 #include "app/window/keys_page.h"
 #include "app/window/pixmap.h"
 #include "app/window/transport_bar.h"
+#include "app/window/window_menus.h"
 #include "file/document_writer.h"
 #include "host/files.h"
 #include "instance/change.h"
+#include "model/tracks.h"
 
 namespace tq {
 
@@ -87,6 +93,7 @@ void MainWindow::build() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    make_menus();
     layout->addWidget(splitter_, 1);
     layout->addWidget(bar_);
     resize(first_width, first_height);
@@ -103,7 +110,7 @@ void MainWindow::connect_parts() {
     bar_->console = [this](bool open) { show_console(open); };
     bar_->settings = [this] { show_settings(); };
     bar_->open_file = [this] { choose_and_open(); };
-    bar_->open_recent = [this](const std::string& path) { open(path); };
+    bar_->open_recent = [this](const std::string& path) { open_another(path); };
     bar_->has_previous = [this] { return journal_ && has_previous_document(*journal_); };
     bar_->bring_previous_back = [this] { bring_previous_back(); };
     make_shortcuts(*this, *box_, [this](const Shortcut::What& what) { run(what); });
@@ -115,7 +122,10 @@ std::optional<std::string> MainWindow::open_dialog() {
 
 std::optional<std::string> MainWindow::save_dialog(const std::string& name) {
     return ask([this, &name] {
-        return QFileDialog::getSaveFileName(this, "Save", QString::fromStdString(name), document_files);
+        const DocumentInfo& info = session_.box().info;
+        const bool titled = info.filename.empty() && info.title != DocumentInfo().title;
+        return choose_file_to_write(*this, {"Save", document_files, "json"},
+                                    titled ? info.title + ".json" : name);
     });
 }
 
@@ -162,7 +172,99 @@ std::optional<std::string> MainWindow::ask(const std::function<QString()>& dialo
 /// Nothing happens to the document before a file is chosen.
 void MainWindow::choose_and_open() {
     const QString path = QFileDialog::getOpenFileName(this, "Open", {}, openable_files);
-    if (!path.isEmpty()) open(path.toStdString());
+    if (!path.isEmpty()) open_another(path.toStdString());
+}
+
+/// A document takes the place of another.
+void MainWindow::open_another(const std::string& path) {
+    if (may_lose_document()) open(path);
+}
+
+/// Whether what is not saved may go: it is saved first if that is wanted.
+bool MainWindow::may_lose_document() {
+    const auto changed = [this] { return prseq_getdirtyflag(session_.box()); };
+    if (!asks_ || !changed()) return true;
+    QMessageBox box(QMessageBox::Question, "sorvo", "Save the changes to \"" + document_name() + "\"?",
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setObjectName("save question");
+    box.setInformativeText("If they are not saved, a copy is kept; the console tells where.");
+    timer_.wake();
+    const int answer = box.exec();
+    timer_.pass_time();
+    if (answer == QMessageBox::Save) run(Command::Save);
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !changed());
+}
+
+void MainWindow::revert() {
+    const DocumentInfo& info = session_.box().info;
+    if (info.filename.empty()) return;
+    const std::string path = path_in_folder(info.folder, info.filename);
+    const auto answer =
+        !asks_
+            ? QMessageBox::Yes
+            : QMessageBox::question(this, "sorvo", "Go back to \"" + document_name() + "\" as it was saved?");
+    if (answer == QMessageBox::Yes) open(path);
+}
+
+void MainWindow::export_as(const ExportKind& kind) {
+    const QString path = choose_file_to_write(*this, kind.question,
+                                              QFileInfo(document_name()).completeBaseName().toStdString());
+    if (path.isEmpty()) return;
+    const std::string fault = export_with_progress(*this, session_, kind, path.toStdString());
+    if (!fault.empty()) tell("could not write \"" + path.toStdString() + "\": " + fault);
+}
+
+/// Its file's, or what it is called.
+QString MainWindow::document_name() const {
+    const DocumentInfo& info = session_.box().info;
+    const QString file = QFileInfo(QString::fromStdString(info.filename)).fileName();
+    return file.isEmpty() ? QString::fromStdString(info.title) : file;
+}
+
+void MainWindow::set_full_screen(bool on) {
+    if (on)
+        showFullScreen();
+    else
+        showNormal();
+}
+
+void MainWindow::make_menus() {
+    auto* menus = new QMenuBar;
+    make_window_menus(
+        *menus, session_.box(),
+        {.act = [this](const Shortcut::What& what) { run(what); },
+         .enabled = [this](const Shortcut::What& what) { return enabled(what); },
+         .checked = [this](const Shortcut::What& what) { return checked(what); },
+         .open = [this](const std::string& path) { open_another(path); },
+         .destination =
+             [this] {
+                 const Track* track = track_at(session_.box(), session_.box().activetrack);
+                 return track ? track->destination.text() : std::string();
+             },
+         .set_destination = [this](const std::string& receiver) { send("track_destination " + receiver); }});
+    layout()->setMenuBar(menus);
+}
+
+bool MainWindow::enabled(const Shortcut::What& what) const {
+    const Prseq& box = session_.box();
+    if (const Command* command = std::get_if<Command>(&what)) return can_run(*command, box);
+    switch (std::get<WindowAction>(what)) {
+        case WindowAction::Revert:
+            return !box.info.filename.empty();
+        case WindowAction::ExportSound:
+        case WindowAction::ExportMidi:
+            return command_row(Command::SaveAs).enabled(box);
+        case WindowAction::BringBack:
+            return journal_ && has_previous_document(*journal_);
+        default:
+            return true;
+    }
+}
+
+bool MainWindow::checked(const Shortcut::What& what) const {
+    return what == Shortcut::What(WindowAction::FullScreen) ? isFullScreen()
+           : what == Shortcut::What(WindowAction::Console)  ? !console_->isHidden()
+                                                            : false;
 }
 
 /// In a window of its own: what is in this one stays.
@@ -198,6 +300,7 @@ bool MainWindow::open(const std::string& path) {
     timer_.act([this, path] {
         opened_ = session_.open(path);
         if (opened_ && session_.box().info.filename.empty()) {  // a MIDI file, which has no view of its own
+            remember_file(path);
             const bool animation = session_.box().zoom_animation;
             session_.send("zoom_animation 0");
             session_.send("zoom_out_all");
@@ -231,6 +334,20 @@ void MainWindow::run(WindowAction action) {
     switch (action) {
         case WindowAction::Open:
             return choose_and_open();
+        case WindowAction::Revert:
+            return revert();
+        case WindowAction::ExportSound:
+            return export_as(sound_export);
+        case WindowAction::ExportMidi:
+            return export_as(midi_export);
+        case WindowAction::ExportPicture:
+            return export_as(picture_export);
+        case WindowAction::BringBack:
+            return bring_previous_back();
+        case WindowAction::History:
+            return show_history();
+        case WindowAction::FullScreen:
+            return set_full_screen(!isFullScreen());
         case WindowAction::Console:
             return show_console(console_->isHidden());
         case WindowAction::Settings:
@@ -270,6 +387,15 @@ void MainWindow::show_settings() {
     settings_->activateWindow();
 }
 
+void MainWindow::show_history() {
+    if (!history_)
+        history_ = new HistoryList(*this, session_.box(),
+                                   [this](long edit) { send("undoredo " + std::to_string(edit)); });
+    history_->show();
+    history_->raise();
+    history_->activateWindow();
+}
+
 void MainWindow::tell(const std::string& text) {
     object_post(session_.box(), text);
     show_console(true);
@@ -292,8 +418,8 @@ void MainWindow::refresh() {
                       .loop = box.cycle.active,
                       .position = box.linecursor.position,
                       .tempo = itm_gettempo(*box.transport)});
-    const QString file = QFileInfo(QString::fromStdString(box.info.filename)).fileName();
-    setWindowTitle((file.isEmpty() ? QString::fromStdString(box.info.title) : file) + "[*] – sorvo");
+    if (history_) history_->follow();
+    setWindowTitle(document_name() + "[*] – sorvo");
     setWindowModified(prseq_getdirtyflag(box));
 }
 
@@ -312,6 +438,7 @@ void MainWindow::measure_display() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!may_lose_document()) return event->ignore();
     inspectors_.close();
     if (settings_) settings_->close();
     Prseq& box = session_.box();
@@ -328,7 +455,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
     const QString file = dragged_file(event->mimeData());
-    if (!file.isEmpty()) open(file.toStdString());
+    if (!file.isEmpty()) open_another(file.toStdString());
 }
 
 }  // namespace tq

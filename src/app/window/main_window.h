@@ -21,6 +21,8 @@ namespace tq {
 class AttributeInspector;
 class BoxWidget;
 class Console;
+class HistoryList;
+struct ExportKind;
 struct Recovery;
 class TransportBar;
 
@@ -35,6 +37,9 @@ class MainWindow : public QWidget, private PatchFiles {
     void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
     /// Goes on with a session that was brought back, which stands still first: in its own journal.
     void go_on_with(Recovery& recovery);
+    /// From now on, what is not saved is asked about before it is closed or replaced by a file; until then, a
+    /// copy is kept in silence, as when nobody is there to answer.
+    void ask_before_losing() { asks_ = true; }
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     Session& session() { return session_; }
@@ -63,7 +68,16 @@ class MainWindow : public QWidget, private PatchFiles {
     void keep_copy(const Object& object, const std::string& text) override;
     std::optional<std::string> ask(const std::function<QString()>& dialog);
     void send(const std::string& message);
+    void make_menus();
+    bool enabled(const Shortcut::What& what) const;
+    bool checked(const Shortcut::What& what) const;
     void choose_and_open();
+    void open_another(const std::string& path);
+    bool may_lose_document();
+    void revert();
+    void export_as(const ExportKind& kind);
+    void set_full_screen(bool on);
+    QString document_name() const;
     void bring_previous_back();
     /// A command of the box.
     void run(Command command);
@@ -71,6 +85,7 @@ class MainWindow : public QWidget, private PatchFiles {
     void run(const Shortcut::What& what);
     void show_console(bool open);
     void show_settings();
+    void show_history();
     void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
@@ -83,12 +98,14 @@ class MainWindow : public QWidget, private PatchFiles {
     Console* console_;
     TransportBar* bar_;
     QSplitter* splitter_;
+    bool asks_ = false;
     bool opened_ = false;     ///< the last file that was to be opened
     bool kept_ = true;        ///< the last document that was not saved has a copy
     std::string remembered_;  ///< the document that was last put among the recent files
     std::unique_ptr<Journal> journal_;
     InspectorWindows inspectors_;
     std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
+    HistoryList* history_ = nullptr;                ///< likewise
 };
 
 }  // namespace tq

@@ -63,6 +63,7 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     if (!recovery && !options.lines) begin_by_hand(window.session());
     if (!options.prepare(window.session())) return 1;
     if (options.recover && !recovery) window.tell("there is no session to bring back");
+    if (can_ask && !options.lines) window.ask_before_losing();
     window.show();
     QApplication::processEvents();  // a document's view is meant for the box as it is laid out
     if (!options.file.empty() && recovery)

@@ -32,6 +32,8 @@ constexpr Shortcut rows[] = {
     {Qt::Key_Space, Command::PlayOrStop},
     {Qt::CTRL | Qt::Key_K, WindowAction::Console},
     {Qt::CTRL | Qt::Key_Comma, WindowAction::Settings},
+    {Qt::CTRL | Qt::Key_H, WindowAction::History},
+    {Qt::Key_F11, WindowAction::FullScreen},
     {Qt::Key_F1, WindowAction::Keys},
 
     {Qt::Key_Home, Command::GoToStart, Canvas},
@@ -67,7 +69,12 @@ constexpr Shortcut rows[] = {
 }  // namespace
 
 const char* text_of(WindowAction action) {
-    static constexpr const char* texts[] = {"Open...", "Console", "Settings", "Keys and Mouse", "Quit"};
+    static constexpr const char* texts[] = {"Open...",           "Revert to Saved",
+                                            "Export Sound...",   "Export MIDI File...",
+                                            "Export Picture...", "Bring Back the Previous Document",
+                                            "Console",           "Settings",
+                                            "History",           "Full Screen",
+                                            "Keys and Mouse",    "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 

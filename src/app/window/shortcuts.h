@@ -12,7 +12,20 @@ class QWidget;
 
 namespace tq {
 
-enum class WindowAction { Open, Console, Settings, Keys, Quit };
+enum class WindowAction {
+    Open,
+    Revert,
+    ExportSound,
+    ExportMidi,
+    ExportPicture,
+    BringBack,
+    Console,
+    Settings,
+    History,
+    FullScreen,
+    Keys,
+    Quit
+};
 const char* text_of(WindowAction action);
 
 enum class ShortcutScope {

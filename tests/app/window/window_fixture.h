@@ -3,14 +3,28 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
 
 #include "app/window/box_widget.h"
 #include "app/window/main_window.h"
 
 namespace tq::test {
+
+/// What a person does in the next file dialog.
+inline void answer_file_dialog(const QString& file) {
+    QTimer::singleShot(50, [file] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return answer_file_dialog(file);
+        if (file.isEmpty()) return dialog->reject();
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+}
 
 struct WindowTest : testing::Test {
     MainWindow window{Loudspeaker{nullptr, "not in a test"}};

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QLabel>
 #include <QTimer>
 #include <QToolButton>
@@ -18,7 +17,7 @@
 namespace tq {
 namespace {
 
-using test::WindowTest;
+using test::answer_file_dialog, test::WindowTest;
 
 TEST_F(WindowTest, TheBoxFillsTheWindowAndFollowsItsSize) {
     QSize size = box_widget().size();
@@ -112,17 +111,6 @@ TEST_F(WindowTest, AFileThatCannotBeOpenedIsSaidOnTheConsole) {
     EXPECT_FALSE(window.open("/nowhere/at/all.json"));
     EXPECT_TRUE(part<QPlainTextEdit>("console text").isVisible());
     EXPECT_TRUE(console_text().contains("all.json")) << console_text().toStdString();
-}
-
-/// What a person does in the next file dialog.
-void answer_file_dialog(const QString& file) {
-    QTimer::singleShot(50, [file] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog) return answer_file_dialog(file);
-        if (file.isEmpty()) return dialog->reject();
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
 }
 
 TEST_F(WindowTest, OpeningAsksFirstAndTakesMidiFiles) {

@@ -1,0 +1,62 @@
+#include "app/window/export_dialog.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QProgressDialog>
+#include <QRegularExpression>
+
+#include "app/patch/export.h"
+#include "app/patch/paint_offscreen.h"
+
+namespace tq {
+
+namespace {
+
+constexpr int full = 1000;
+constexpr int shown_after_ms = 300;
+
+/// The suffix of the kind that was chosen, where there are several.
+QString suffix_of(const QString& filter, const QString& otherwise) {
+    const qsizetype star = filter.indexOf("*.");
+    if (star < 0) return otherwise;
+    const QString rest = filter.mid(star + 2);
+    return rest.left(rest.indexOf(QRegularExpression("[ )]")));
+}
+
+}  // namespace
+
+QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name) {
+    QFileDialog dialog(&window, question.title, {}, question.filters);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(question.suffix);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        dialog.setDefaultSuffix(suffix_of(filter, question.suffix));
+    });
+    const QFileInfo wanted(QString::fromStdString(name));
+    if (wanted.isAbsolute()) dialog.setDirectory(wanted.absolutePath());
+    dialog.selectFile(wanted.fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().front();
+}
+
+std::string export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
+                                 const std::string& path) {
+    if (kind.picture) {
+        OffscreenPainter painter;
+        painter.ratio = window.devicePixelRatioF();
+        return painter.paint_to_png(session.box(), path).value_or("");
+    }
+    QProgressDialog dialog("Writing " + QFileInfo(QString::fromStdString(path)).fileName() + " …", "Cancel",
+                           0, full, &window);
+    dialog.setObjectName("export progress");
+    dialog.setWindowModality(Qt::WindowModal);  // setValue() lets the window live meanwhile
+    dialog.setMinimumDuration(shown_after_ms);
+    const ExportEnd end = export_document(session, path, [&](double done) {
+        dialog.setValue(static_cast<int>(done * (full - 1)));
+        return !dialog.wasCanceled();
+    });
+    dialog.setValue(full);
+    return end.fault;
+}
+
+}  // namespace tq

@@ -1,0 +1,35 @@
+// Choosing a file to write, and writing it while the user looks on.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+class QWidget;
+
+namespace tq {
+
+class Session;
+
+struct FileQuestion {
+    const char* title;
+    const char* filters;
+    const char* suffix;  ///< of a name that has none
+};
+/// Empty when the user cancels. What exists is only written over when the user says so.
+QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name);
+
+struct ExportKind {
+    FileQuestion question;
+    bool picture = false;
+};
+inline constexpr ExportKind sound_export{{"Export Sound", "WAV (*.wav);;FLAC (*.flac)", "wav"}};
+inline constexpr ExportKind midi_export{{"Export MIDI File", "Standard MIDI Files (*.mid *.midi)", "mid"}};
+inline constexpr ExportKind picture_export{{"Export Picture", "PNG (*.png)", "png"}, true};
+
+/// Writes it; a dialog shows how far that is, and can stop it. Why that failed; empty when it did not, or was
+/// stopped.
+std::string export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
+                                 const std::string& path);
+
+}  // namespace tq

@@ -1,0 +1,168 @@
+#include "app/window/window_menus.h"
+
+#include <QFileInfo>
+#include <QMenuBar>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "app/patch/recent_files.h"
+#include "app/window/sound_menu.h"
+
+namespace tq {
+
+namespace {
+
+/// What stands in a menu beside commands and actions.
+enum class Special { Separator, Recent, Sounds };
+using Item = std::variant<Command, WindowAction, Special>;
+
+struct MenuRow {
+    const char* title;
+    std::vector<Item> items;
+};
+
+const std::vector<MenuRow>& menus() {
+    using enum Special;
+    static const std::vector<MenuRow> rows = {
+        {"&File",
+         {Command::New, WindowAction::Open, Recent, WindowAction::BringBack, Separator, Command::Save,
+          Command::SaveAs, WindowAction::Revert, Separator, WindowAction::ExportSound,
+          WindowAction::ExportMidi, WindowAction::ExportPicture, Separator, Command::DocumentInspector,
+          Separator, WindowAction::Quit}},
+        {"&Edit",
+         {Command::Undo,
+          Command::Redo,
+          WindowAction::History,
+          Separator,
+          Command::Cut,
+          Command::Copy,
+          Command::Paste,
+          Command::Duplicate,
+          Command::Delete,
+          Separator,
+          Command::SelectAll,
+          Command::SelectNothing,
+          Separator,
+          Command::InsertEvent,
+          Command::MoveEarlier,
+          Command::MoveLater,
+          Command::Shorten,
+          Command::Lengthen,
+          Command::TransposeUp,
+          Command::TransposeDown,
+          Command::OctaveUp,
+          Command::OctaveDown,
+          Separator,
+          Command::EventInspector}},
+        {"&Track",
+         {Command::NewTrack, Command::DeleteTrack, Command::PreviousTrack, Command::NextTrack, Separator,
+          Sounds, Separator, Command::TrackInspector}},
+        {"&View",
+         {Command::TrackDisplay,
+          Command::KeyDisplay,
+          Command::ParameterDisplay,
+          Command::NoteLanes,
+          Separator,
+          Command::Milliseconds,
+          Command::MinutesSeconds,
+          Separator,
+          Command::ShowLabels,
+          Command::ShowMessages,
+          Command::ShowBpfs,
+          Command::ShowBuffers,
+          Separator,
+          Command::ZoomIn,
+          Command::ZoomOut,
+          Command::ZoomToSelection,
+          Command::ZoomOutAll,
+          Separator,
+          WindowAction::Console,
+          WindowAction::Settings,
+          WindowAction::FullScreen}},
+        {"&Play",
+         {Command::PlayOrStop, Command::GoToStart, Command::GoToEnd, Separator, Command::Cycle,
+          Command::FollowLineCursor}},
+        {"&Help", {WindowAction::Keys}},
+    };
+    return rows;
+}
+
+/// The first key that does the same, as menus show it.
+QString key_of(const Shortcut::What& what) {
+    for (const Shortcut& row : shortcuts())
+        if (row.what == what && !row.sequence().isEmpty())
+            return "\t" + row.sequence().toString(QKeySequence::NativeText);
+    return {};
+}
+
+/// One menu, which is filled anew whenever it is about to be shown.
+class MenuFiller {
+ public:
+    MenuFiller(QMenu& menu, const MenuRow& row, const Prseq& box, std::shared_ptr<WindowMenuActs> acts)
+        : menu_(menu), row_(row), box_(box), acts_(std::move(acts)) {}
+
+    void fill() {
+        menu_.clear();
+        for (const Item& item : row_.items) std::visit([this](auto what) { add(what); }, item);
+    }
+
+ private:
+    void add(Command command) {
+        const CommandRow& row = command_row(command);
+        add(Shortcut::What(command), QString::fromStdString(row.text(box_)), row.checked(box_));
+    }
+    void add(WindowAction action) { add(Shortcut::What(action), text_of(action), acts_->checked(action)); }
+    void add(Special special) {
+        if (special == Special::Separator) menu_.addSeparator();
+        if (special == Special::Recent) add_recent();
+        if (special == Special::Sounds) add_sounds();
+    }
+
+    /// Keys are the shortcuts' own: here they are only shown.
+    void add(const Shortcut::What& what, QString text, bool checked) {
+        QAction* action = menu_.addAction(text.replace("&", "&&") + key_of(what));
+        action->setEnabled(acts_->enabled(what));
+        action->setCheckable(checked);
+        action->setChecked(checked);
+        QObject::connect(action, &QAction::triggered, &menu_, [acts = acts_, what] { acts->act(what); });
+    }
+
+    void add_recent() {
+        QMenu* recent = menu_.addMenu("Open Recent");
+        const std::vector<std::string> paths = recent_files();
+        recent->setEnabled(!paths.empty());
+        for (const std::string& path : paths) {
+            QAction* action = recent->addAction(QString::fromStdString(path).replace("&", "&&"));
+            action->setEnabled(QFileInfo::exists(QString::fromStdString(path)));
+            QObject::connect(action, &QAction::triggered, &menu_, [acts = acts_, path] { acts->open(path); });
+        }
+    }
+
+    void add_sounds() {
+        QMenu* sounds = menu_.addMenu("Sound");
+        sounds->setEnabled(acts_->enabled(Command::DeleteTrack));  // there is a track
+        fill_sound_menu(*sounds, acts_->destination(),
+                        [acts = acts_](const std::string& receiver) { acts->set_destination(receiver); });
+    }
+
+    QMenu& menu_;
+    const MenuRow& row_;
+    const Prseq& box_;
+    std::shared_ptr<WindowMenuActs> acts_;
+};
+
+}  // namespace
+
+void make_window_menus(QMenuBar& bar, const Prseq& box, WindowMenuActs acts) {
+    const auto shared = std::make_shared<WindowMenuActs>(std::move(acts));
+    for (const MenuRow& row : menus()) {
+        QMenu* menu = bar.addMenu(row.title);
+        MenuFiller filler(*menu, row, box, shared);
+        filler.fill();  // some desktops ask for what is in a menu before they show it
+        QObject::connect(menu, &QMenu::aboutToShow, menu, [filler]() mutable { filler.fill(); });
+    }
+}
+
+}  // namespace tq
