@@ -34,11 +34,11 @@ inline long pixels_off(const Surface& a, const Surface& b) {
     return off;
 }
 
-/// Whether a picture looks as the one kept under that name. Where it does not, it is written beside the
+/// Whether a picture looks as the one that is kept in a file. Where it does not, it is written beside the
 /// tests' program, to be looked at. With SORVO_GOLDEN=write in the environment, the pictures are kept anew.
-inline testing::AssertionResult looks_like(const Surface& picture, const std::string& name) {
-    const std::string kept_path = std::string(SORVO_GOLDEN_FOLDER) + "/" + name + ".png",
-                      now = name + "-now.png";
+inline testing::AssertionResult looks_like_file(const Surface& picture, const std::string& name,
+                                                const std::string& kept_path) {
+    const std::string now = name + "-now.png";
     if (const char* mode = std::getenv("SORVO_GOLDEN"); mode && std::string(mode) == "write") {
         if (auto fault = surface_write_png(picture, kept_path)) return testing::AssertionFailure() << *fault;
         return testing::AssertionSuccess();
@@ -50,6 +50,11 @@ inline testing::AssertionResult looks_like(const Surface& picture, const std::st
     surface_write_png(picture, now);
     return testing::AssertionFailure()
            << name << ": " << off << " pixels differ; see " << now << " and " << kept_path;
+}
+
+/// The same with one of tests/golden/.
+inline testing::AssertionResult looks_like(const Surface& picture, const std::string& name) {
+    return looks_like_file(picture, name, std::string(SORVO_GOLDEN_FOLDER) + "/" + name + ".png");
 }
 
 }  // namespace tq::test

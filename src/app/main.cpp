@@ -19,7 +19,9 @@ static int run(int argc, char** argv) {
     app.set_version_flag("--version", "sorvo " SORVO_VERSION);
     app.footer("sorvo COMMAND --help tells more of a command.");
     WindowCommand window;
-    app.add_option("FILE", window.file, "a document (.json) or a Standard MIDI File to open in the window");
+    CLI::Option* file = app.add_option(
+        "FILE", window.file, "a document (.json, .sorvo) or a Standard MIDI File to open in the window");
+    app.add_flag("--demo", window.demo, "open the song that comes with the program")->excludes(file);
     add_buffers(app, window.buffers);
     app.add_flag("--recover", window.recover,
                  "bring back the latest session that ended unexpectedly, without asking");
@@ -30,7 +32,7 @@ static int run(int argc, char** argv) {
     CLI::App* recover_app =
         app.add_subcommand("recover", "sessions that ended unexpectedly: list them, or write the latest");
     recover_app->add_flag("--list", recover.list, "list them: when they ended, their files, their journals");
-    recover_app->add_option("OUT", recover.target, "the document to write (.json); the session stays");
+    recover_app->add_option("OUT", recover.target, "the document to write; the session stays");
 
     CLI::App* recent_app = app.add_subcommand("recent", "list the documents that were opened or saved last");
 
@@ -53,7 +55,7 @@ static int run(int argc, char** argv) {
     ImportCommand import;
     CLI::App* import_app = app.add_subcommand("import", "make a document of a Standard MIDI File");
     import_app->add_option("IN", import.source, "a Standard MIDI File")->required();
-    import_app->add_option("OUT", import.target, "the document to write (.json)")->required();
+    import_app->add_option("OUT", import.target, "the document to write")->required();
     import_app->add_flag("--pedal-curve", import.pedal_as_curve,
                          "keep the sustain pedal as a curve, rather than lengthen what sounds");
 

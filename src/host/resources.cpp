@@ -11,7 +11,7 @@ namespace {
 fs::path beside_program() {
     std::error_code fault;
     const fs::path program = fs::read_symlink("/proc/self/exe", fault);
-    for (const char* place : {"resources", "../share/sorvo/resources"}) {
+    for (const char* place : {"resources", SORVO_INSTALLED_RESOURCES}) {
         fs::path folder = (program.parent_path() / place).lexically_normal();
         if (fs::is_directory(folder, fault)) return folder;
     }

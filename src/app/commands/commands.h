@@ -50,6 +50,7 @@ int run_render(const RenderCommand& command);
 
 struct WindowCommand {
     std::string file;                  ///< empty: a new document
+    bool demo = false;                 ///< the song that comes with the program, instead of a file
     bool recover = false;              ///< bring back the latest session that ended unexpectedly
     bool lines = false;                ///< lines of standard input drive the window
     std::vector<std::string> buffers;  ///< "NAME=FILE"

@@ -4,15 +4,21 @@
 #include "app/commands/commands.h"
 #include "app/commands/named_sounds.h"
 #include "app/window/run.h"
+#include "host/resources.h"
 
 namespace tq {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+std::string file_of(const WindowCommand& command) {
+    return command.demo ? (resources_folder() / "first-steps.json").string() : command.file;
+}
+
 /// Sound and picture of a file, in a folder beside where the program was called.
 int render_instead(const WindowCommand& command) {
-    const std::string& file = command.file;
-    namespace fs = std::filesystem;
+    const std::string file = file_of(command);
     if (file.empty()) {
         std::fprintf(stderr, "sorvo: no display, and no FILE to render instead\n");
         return 1;
@@ -39,7 +45,7 @@ int run_window(const WindowCommand& command) {
         status = make_named_buffers(session, command.buffers);
         return status == 0;
     };
-    const WindowOptions options{command.file, command.recover, command.lines, prepare};
+    const WindowOptions options{file_of(command), command.recover, command.lines, prepare};
     if (std::optional<int> shown = show_main_window(options)) return status ? status : *shown;
     return render_instead(command);
 }

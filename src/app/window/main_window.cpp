@@ -37,8 +37,9 @@ namespace {
 
 constexpr int first_width = 1200, first_height = 740, console_height = 160;
 
-const char *const document_files = "Documents (*.json);;All files (*)",
-                  *const openable_files = "Documents and MIDI files (*.json *.mid *.midi);;All files (*)";
+const char *const document_files = "Documents (*.json *.sorvo);;All files (*)",
+                  *const openable_files =
+                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)";
 
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {

@@ -1,6 +1,7 @@
 #include "app/window/run.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <filesystem>
 
@@ -9,6 +10,7 @@
 #include "app/window/line_input.h"
 #include "app/window/main_window.h"
 #include "host/graphics_runtime.h"
+#include "host/resources.h"
 
 namespace tq {
 
@@ -43,11 +45,20 @@ void begin_by_hand(Session& session) {
     if (!fault.empty()) object_error(session.box(), "the settings were not read: " + fault);
 }
 
+/// Desktops find the icon by the name of the entry in their menu; others are given it.
+void show_icon() {
+    const std::string name = "tq.sorvo.sequencer";
+    QGuiApplication::setDesktopFileName(QString::fromStdString(name));
+    const std::filesystem::path picture = resources_folder() / "icons" / (name + ".png");
+    QGuiApplication::setWindowIcon(QIcon(QString::fromStdString(picture.string())));
+}
+
 }  // namespace
 
 std::optional<int> show_main_window(const WindowOptions& options) {
     GraphicsRuntime runtime(GraphicsRuntime::Screen::IfThere);
     if (!runtime.has_screen() && !options.lines) return {};
+    show_icon();
     const DeadSessions dead = find_dead_sessions();
     const bool can_ask = runtime.has_screen();
     std::optional<Recovery> recovery = wanted_recovery(dead.sessions, options, can_ask);
