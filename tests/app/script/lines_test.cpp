@@ -52,6 +52,10 @@ struct Filler {
         record.*field.member = below(2);
     }
     template <typename R>
+    void fill(R& record, const Flag<R>& field) {
+        record.*field.member = below(2);
+    }
+    template <typename R>
     void fill(R& record, const Modifiers<R>& field) {
         if (below(2)) record.*field.member = modifier_shift | modifier_option;
     }
