@@ -13,11 +13,13 @@ constexpr KindName inserted{"Insert Event", "Insert Events"}, pasted{"Paste Even
 
 /// Events that stand in for others; either side may be empty.
 struct ExchangeItem : UndoItem {
-    ExchangeItem(const KindName& k, std::vector<PlacedEvent> b, std::vector<PlacedEvent> a)
-        : kind(k), before(std::move(b)), after(std::move(a)) {}
-    KindName kind;
+    ExchangeItem(std::string t, std::vector<PlacedEvent> b, std::vector<PlacedEvent> a)
+        : text(std::move(t)), before(std::move(b)), after(std::move(a)) {}
+    ExchangeItem(const KindName& kind, std::vector<PlacedEvent> b, std::vector<PlacedEvent> a)
+        : ExchangeItem(kind.of(b.empty() ? a.size() : b.size()), std::move(b), std::move(a)) {}
+    std::string text;
     std::vector<PlacedEvent> before, after;
-    std::string name() const override { return kind.of(before.empty() ? after.size() : before.size()); }
+    std::string name() const override { return text; }
     void undo(Prseq& object) override {
         take_events(object, after);
         put_events(object, before);
@@ -68,6 +70,11 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Edit& edit, TrackRef track, Ev
                                                   EventRef second) {
     record<ExchangeItem>(edit, glued, std::vector<PlacedEvent>{{first, track}, {second, track}},
                          std::vector<PlacedEvent>{{event, track}});
+}
+
+void record_exchanged_events(Edit& edit, std::string name, const std::vector<EventRef>& before,
+                             const std::vector<EventRef>& after) {
+    record<ExchangeItem>(edit, std::move(name), placed_events(before), placed_events(after));
 }
 
 }  // namespace tq
