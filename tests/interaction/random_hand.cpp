@@ -133,7 +133,8 @@ void RandomHand::edit_by_command() {
         Cut,       Copy,          Copy,        Paste,          Paste,     Delete,      DeleteEvents,
         SelectAll, SelectAll,     SelectNext,  SelectPrevious, Duplicate, MoveEarlier, MoveLater,
         Shorten,   Lengthen,      TransposeUp, TransposeDown,  OctaveUp,  OctaveDown,  InsertEvent,
-        NextTrack, PreviousTrack, NewTrack,    SelectNothing};
+        NextTrack, PreviousTrack, NewTrack,    SelectNothing,  Quantise,  Legato,      HalfAsLong,
+        Reverse,   Humanise,      Split,       Join,           Louder,    Softer,      InvertSelection};
     command(command_row(some[below(std::size(some))]).name);
 }
 
