@@ -68,6 +68,7 @@ class Editing {
         if (box_.selection.size() != count()) std::abort();
     }
     void run(Command command) { run_command(box_, command); }
+    void say(const char* message) { session_->send(message); }
     void delete_selected() { prseq_deleteselectedevents(box_); }
     void undo() { session_->send(undo_, {}); }
     void redo() { session_->send(redo_, {}); }
@@ -125,6 +126,22 @@ const Operation operations[] = {
      [](Editing& e) { e.undo(), e.forget(); }},
     {"paste all", true, [](Editing& e) { e.select_all(), e.cut(); }, [](Editing& e) { e.paste(); },
      [](Editing& e) { e.forget(); }},
+    {"quantise all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.say("quantise 7"); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"undo quantising all", true, [](Editing& e) { e.select_all(), e.say("quantise 7"); },
+     [](Editing& e) { e.undo(); }, [](Editing& e) { e.forget(); }},
+    {"legato of all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.say("legato"); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"reverse all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.say("reverse"); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"humanise all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.say("humanise 30 10 1"); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"scale all velocities", true, [](Editing& e) { e.select_all(); },
+     [](Editing& e) { e.say("velocity_scale 0.9"); }, [](Editing& e) { e.undo(), e.forget(); }},
+    {"join all that touch", true, [](Editing& e) { e.select_all(), e.say("quantise 480 both"); },
+     [](Editing& e) { e.say("join"); }, [](Editing& e) { e.undo(), e.undo(), e.forget(); }},
+    {"select by pitch", true, nothing, [](Editing& e) { e.say("select_where pitch 0 70"); }, nothing},
+    {"invert the selection", true, nothing, [](Editing& e) { e.say("select_invert"); }, nothing},
     {"select one event", false, [](Editing& e) { e.choose(); }, [](Editing& e) { e.select_one(); }, nothing},
     {"press and drag one event by one step", false, [](Editing& e) { e.choose(), e.select_one(); },
      [](Editing& e) { e.move(); }, [](Editing& e) { e.forget(); }},

@@ -18,6 +18,13 @@ void prseq_deleteselectedevents(Prseq& object) {
     TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(object, object.activetrack);
 }
 
+void delete_events(Prseq& object, std::vector<EventRef> events) {
+    Edit edit(object, Change::Events);
+    if (events.empty()) return edit.nothing();
+    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(edit, events);
+    TQ_Prseq_Tracks_DeleteEventReferences(object, events);
+}
+
 EventRef insert_event(Prseq& object, long start, double pitch) {
     constexpr double velocity = 80;
     if (object.tracks.empty()) prseq_addtrack(object, {tq_sym_Untitled});

@@ -165,7 +165,7 @@ void prseq_trackdestination(Prseq& object, Symbol message, AtomSpan atoms) {
     }
     const TrackRef track = track_at(object, index);
     if (!track || atoms.size() > 1 || (atoms.size() == 1 && !atoms.front().is_symbol()))
-        return object_error(object, fmt::sprintf("%s: [INDEX] NAME, of a track that exists", message.text()));
+        return object_error(object, fmt::sprintf("bad arguments for message %s", message.text()));
     change_track_destination(object, track, atoms.empty() ? Symbol() : atoms.front().as_symbol());
 }
 

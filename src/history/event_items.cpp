@@ -13,11 +13,11 @@ constexpr KindName inserted{"Insert Event", "Insert Events"}, pasted{"Paste Even
 
 /// Events that stand in for others; either side may be empty.
 struct ExchangeItem : UndoItem {
-    ExchangeItem(const KindName& k, std::vector<PlacedEvent> b, std::vector<PlacedEvent> a)
-        : kind(k), before(std::move(b)), after(std::move(a)) {}
-    KindName kind;
+    ExchangeItem(std::string t, std::vector<PlacedEvent> b, std::vector<PlacedEvent> a)
+        : text(std::move(t)), before(std::move(b)), after(std::move(a)) {}
+    std::string text;
     std::vector<PlacedEvent> before, after;
-    std::string name() const override { return kind.of(before.empty() ? after.size() : before.size()); }
+    std::string name() const override { return text; }
     void undo(Prseq& object) override {
         take_events(object, after);
         put_events(object, before);
@@ -28,12 +28,18 @@ struct ExchangeItem : UndoItem {
     }
 };
 
+void record_exchange(Edit& edit, const KindName& kind, std::vector<PlacedEvent> before,
+                     std::vector<PlacedEvent> after) {
+    std::string text = kind.of(before.empty() ? after.size() : before.size());
+    record<ExchangeItem>(edit, std::move(text), std::move(before), std::move(after));
+}
+
 void record_coming(Edit& edit, const KindName& kind, const std::vector<EventRef>& events) {
-    record<ExchangeItem>(edit, kind, std::vector<PlacedEvent>(), placed_events(events));
+    record_exchange(edit, kind, {}, placed_events(events));
 }
 
 void record_going(Edit& edit, const KindName& kind, const std::vector<EventRef>& events) {
-    record<ExchangeItem>(edit, kind, placed_events(events), std::vector<PlacedEvent>());
+    record_exchange(edit, kind, placed_events(events), {});
 }
 
 }  // namespace
@@ -60,14 +66,17 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_CutEvents(Edit& edit, std::vector<EventRe
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_SliceEvent(Edit& edit, TrackRef track, EventRef event, EventRef left,
                                                   EventRef right) {
-    record<ExchangeItem>(edit, sliced, std::vector<PlacedEvent>{{event, track}},
-                         std::vector<PlacedEvent>{{left, track}, {right, track}});
+    record_exchange(edit, sliced, {{event, track}}, {{left, track}, {right, track}});
 }
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_GlueEvents(Edit& edit, TrackRef track, EventRef event, EventRef first,
                                                   EventRef second) {
-    record<ExchangeItem>(edit, glued, std::vector<PlacedEvent>{{first, track}, {second, track}},
-                         std::vector<PlacedEvent>{{event, track}});
+    record_exchange(edit, glued, {{first, track}, {second, track}}, {{event, track}});
+}
+
+void record_exchanged_events(Edit& edit, std::string name, const std::vector<EventRef>& before,
+                             const std::vector<EventRef>& after) {
+    record<ExchangeItem>(edit, std::move(name), placed_events(before), placed_events(after));
 }
 
 }  // namespace tq

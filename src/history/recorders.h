@@ -62,6 +62,21 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::ve
                                                              Symbol parameter,
                                                              std::optional<size_t> covered = {});
 
+/// What many events were before an edit, under the edit's own name; any of the lists may be empty.
+struct EventsBefore {
+    std::vector<UndoEventSnapshot> times;
+    std::vector<ValueChange> velocities;
+    struct Curve {
+        CurveOf curve;
+        BpfPoints points;
+    };
+    std::vector<Curve> curves;
+};
+void record_changed_events(Edit& edit, std::string name, EventsBefore before);
+/// Events for events, of any tracks; all of them are on their tracks now.
+void record_exchanged_events(Edit& edit, std::string name, const std::vector<EventRef>& before,
+                             const std::vector<EventRef>& after);
+
 // types on a track
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Edit& edit, TrackRef track, long index);
 void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteParameterType(Edit& edit, TrackRef track,
@@ -76,6 +91,7 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeBpfType(Edit& edit, TrackRef track,
 // points of a curve: `before` are its points before the edit
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfPoint(Edit& edit, CurveOf curve, BpfPoints before);
 void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, CurveOf curve, BpfPoints before);
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before, size_t moved);
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before,
+                                                     size_t moved);
 
 }  // namespace tq

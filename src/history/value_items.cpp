@@ -3,6 +3,7 @@
 #include "history/recorders.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
+#include "model/events.h"
 #include "model/parameters.h"
 #include "model/selected_events.h"
 
@@ -62,6 +63,36 @@ struct ParameterItem : UndoItem {
     }
     void redo(Prseq&) override {
         for (const ValueChange& change : changes) set_event_value(*change.event, parameter, change.next);
+    }
+};
+
+/// Many events' times, velocities and curves at once.
+struct EventsItem : UndoItem {
+    EventsItem(std::string t, EventsBefore b)
+        : text(std::move(t)),
+          times(moved, std::move(b.times)),
+          velocities(std::move(b.velocities), tq_sym_Velocity),
+          curves(std::move(b.curves)) {}
+    std::string text;
+    TimesItem times;
+    ParameterItem velocities;
+    std::vector<EventsBefore::Curve> curves;  ///< with the points that the curves do not have now
+    std::string name() const override { return text; }
+    void undo(Prseq& object) override {
+        times.undo(object);
+        velocities.undo(object);
+        exchange_points();
+    }
+    void redo(Prseq& object) override {
+        times.redo(object);
+        velocities.redo(object);
+        exchange_points();
+    }
+    void exchange_points() {
+        for (auto& [curve, points] : curves) {
+            std::swap(curve.bpf->points, points);
+            TQ_Prseq_Events_LookAgain(*curve.event);
+        }
     }
 };
 
@@ -126,6 +157,10 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::ve
                                                              Symbol parameter,
                                                              std::optional<size_t> covered) {
     record<ParameterItem>(edit, std::move(changes), parameter, covered);
+}
+
+void record_changed_events(Edit& edit, std::string name, EventsBefore before) {
+    record<EventsItem>(edit, std::move(name), std::move(before));
 }
 
 }  // namespace tq

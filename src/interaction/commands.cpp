@@ -4,6 +4,7 @@
 
 #include "edits/clipboard.h"
 #include "edits/event_edits.h"
+#include "edits/selection_edits.h"
 #include "edits/timeline_edits.h"
 #include "edits/track_edits.h"
 #include "edits/type_edits.h"
@@ -16,6 +17,7 @@
 #include "interaction/replace_document.h"
 #include "interaction/step_commands.h"
 #include "model/bpf_editor.h"
+#include "model/select_where.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/output.h"
@@ -121,6 +123,22 @@ void insert_at_position(Prseq& object) {
 bool can_insert(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     return !track || track->visible;
+}
+
+void quantise(Prseq& object) { quantise_selection(object, {}); }
+void legato(Prseq& object) { legato_selection(object, 0); }
+template <int times, int parts>
+void stretch(Prseq& object) {
+    stretch_selection(object, double{times} / parts);
+}
+void humanise(Prseq& object) { humanise_selection(object, {}); }
+void split_at_position(Prseq& object) { split_selection(object, {}); }
+template <int velocity>
+void louder(Prseq& object) {
+    scale_velocities(object, 1, velocity);
+}
+bool can_select_events(const Prseq& object) {
+    return has_events(object) && TQ_Prseq_Tracks_GetActiveTrack(object)->visible;
 }
 
 void go_to_start(Prseq& object) { prseq_position(object, 0); }
@@ -254,6 +272,18 @@ constexpr CommandRow rows[] = {
     {Command::OctaveDown, "octave_down", "Transpose Down by an Octave", has_selection, never, move<0, -12>},
     {Command::InsertEvent, "insert_event", "Insert Event at the Position", can_insert, never,
      insert_at_position},
+    {Command::Quantise, "quantise", "Quantise", has_selection, never, quantise},
+    {Command::Legato, "legato", "Legato", has_selection, never, legato},
+    {Command::HalfAsLong, "half_as_long", "Half as Long", has_selection, never, stretch<1, 2>},
+    {Command::TwiceAsLong, "twice_as_long", "Twice as Long", has_selection, never, stretch<2, 1>},
+    {Command::Reverse, "reverse", "Reverse", has_selection, never, reverse_selection},
+    {Command::Humanise, "humanise", "Humanise", has_selection, never, humanise},
+    {Command::Split, "split", "Split at the Position", has_selection, never, split_at_position},
+    {Command::Join, "join", "Join", has_selection, never, join_selection},
+    {Command::Louder, "louder", "Louder", has_selection, never, louder<5>},
+    {Command::Softer, "softer", "Softer", has_selection, never, louder<-5>},
+    {Command::InvertSelection, "select_invert", "Invert Selection", can_select_events, never,
+     invert_selection},
     {Command::ZoomIn, "zoom_in", "Zoom In", always, never, prseq_zoom_in},
     {Command::ZoomOut, "zoom_out", "Zoom Out", always, never, prseq_zoom_out},
     {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
@@ -273,6 +303,8 @@ constexpr CommandRow rows[] = {
      show_times_as<TimeDisplayType::Milliseconds>},
     {Command::MinutesSeconds, "minutes_seconds", "m:s.ms", always,
      shows_times_as<TimeDisplayType::MinutesSeconds>, show_times_as<TimeDisplayType::MinutesSeconds>},
+    {Command::BarsBeats, "bars_beats", "Bars+Beats", always, shows_times_as<TimeDisplayType::BarsBeats>,
+     show_times_as<TimeDisplayType::BarsBeats>},
     {Command::NewTrack, "new_track", "New Track", always, never, new_track},
     {Command::DeleteTrack, "delete_track", "Delete Track", has_tracks, never, delete_track},
     {Command::PreviousTrack, "previous_track", "Previous Track", has_tracks, never, activate_track<-1>},

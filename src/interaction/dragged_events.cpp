@@ -4,11 +4,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "model/buffers.h"
-#include "model/events.h"
-#include "model/selected_events.h"
 #include "model/selection.h"
-#include "model/timeline.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -45,24 +41,9 @@ std::vector<UndoEventSnapshot> DraggedEvents::in_document() const {
     return here;
 }
 
-void DraggedEvents::write_times(Prseq& object, const std::vector<EventTimes>& times) {
-    TQ_Prseq_Events_SetEventsTimes(times);
-    double end = 0;
-    for (const EventTimes& t : times) {
-        TQ_Prseq_Buffer_CalculateBufferRatio(*t.event);
-        end = std::max(end, t.start + t.duration);
-    }
-    extend_timeline(object, end);
-    object.timelinelengthasked = true;
-}
-
 void DraggedEvents::fit_buffer_ranges() {
-    for (const UndoEventSnapshot& s : snapshots_) {
-        if (!s.bufferend || !s.event->buffer() || !is_here(s)) continue;
-        BufferRange& now = s.event->make_link();
-        const bool fits = now.end - now.start <= s.event->duration;
-        now.end = fits ? *s.bufferend : now.start + s.event->duration;
-    }
+    for (const UndoEventSnapshot& s : snapshots_)
+        if (is_here(s)) fit_buffer_range(s);
 }
 
 void DraggedEvents::restore() { set_snapshots(in_document()); }

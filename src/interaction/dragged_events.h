@@ -6,6 +6,7 @@
 #include "history/edit.h"
 #include "instance/prseq.h"
 #include "instance/snapshot.h"
+#include "model/selected_events.h"
 
 namespace tq {
 
@@ -55,7 +56,7 @@ class DraggedEvents {
             times.push_back({s.event, values.start, values.duration});
             s.event->pitch = values.pitch;
         }
-        write_times(object, times);
+        write_event_times(object, times);
         changed_ = true;
     }
     void restore();
@@ -65,7 +66,6 @@ class DraggedEvents {
 
  private:
     bool is_here(const UndoEventSnapshot& s) const { return s.event->track == track_.get(); }
-    void write_times(Prseq& object, const std::vector<EventTimes>& times);
 
     TrackRef track_;
     std::vector<UndoEventSnapshot> snapshots_;

@@ -6,6 +6,7 @@
 #include "instance/prseq.h"
 #include "model/buffers.h"
 #include "model/events.h"
+#include "model/timeline.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -63,6 +64,24 @@ std::vector<UndoEventSnapshot> undo_snapshots(const Prseq& object) {
     snapshots.reserve(object.selection.size());
     for (const EventRef& event : object.selection) snapshots.push_back(undo_snapshot(*event));
     return snapshots;
+}
+
+void write_event_times(Prseq& object, std::span<const EventTimes> times) {
+    TQ_Prseq_Events_SetEventsTimes(times);
+    double end = 0;
+    for (const EventTimes& t : times) {
+        TQ_Prseq_Buffer_CalculateBufferRatio(*t.event);
+        end = std::max(end, t.start + t.duration);
+    }
+    extend_timeline(object, end);
+    object.timelinelengthasked = true;
+}
+
+void fit_buffer_range(const UndoEventSnapshot& before) {
+    if (!before.bufferend || !before.event->buffer()) return;
+    BufferRange& now = before.event->make_link();
+    const bool fits = now.end - now.start <= before.event->duration;
+    now.end = fits ? *before.bufferend : now.start + before.event->duration;
 }
 
 void set_snapshots(std::span<const UndoEventSnapshot> snapshots) {

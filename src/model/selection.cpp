@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "instance/prseq.h"
+#include "model/selected_events.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -84,6 +85,19 @@ size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long i
 
 size_t list_selected_events(Prseq& object) {
     return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
+}
+
+std::vector<EventRef> all_selected_events(const Prseq& object) {
+    std::vector<EventRef> all;
+    for (const TrackRef& track : object.tracks) {
+        if (!track->visible || track->events.selected().empty()) continue;
+        std::vector<EventRef> list = selected_in_order(*track);
+        if (all.empty())
+            all = std::move(list);
+        else
+            all.insert(all.end(), list.begin(), list.end());
+    }
+    return all;
 }
 
 }  // namespace tq

@@ -1,4 +1,6 @@
 // The two edits that turn events into other events: one into two, and two into one.
+#include "model/slice_glue.h"
+
 #include <algorithm>
 
 #include "instance/geometry.h"
@@ -55,13 +57,25 @@ void end_at_one(BpfPoints& points) {
 
 /// Takes away points that lie exactly on the line between their neighbours.
 void simplify(BpfPoints& points) {
-    for (size_t i = 2; i < points.size();) {
-        const BpfPoint &r = points[i - 2], &q = points[i - 1], &p = points[i];
-        if (TQ_Utilities_PointOnLine(r.x, r.y, p.x, p.y, q.x, q.y))
-            points.erase(points.begin() + static_cast<long>(i) - 1);
-        else
-            ++i;
+    size_t kept = 0;
+    for (const BpfPoint p : points) {
+        const bool straight =
+            kept >= 2 && TQ_Utilities_PointOnLine(points[kept - 2].x, points[kept - 2].y, p.x, p.y,
+                                                  points[kept - 1].x, points[kept - 1].y);
+        if (straight) --kept;
+        points[kept++] = p;
     }
+    points.erase(points.begin() + static_cast<long>(kept), points.end());
+}
+
+/// Appends the curves of a copy of an event, over the time of what they are glued to.
+void append_curves(Prseq& object, const Event& event, Event& glued) {
+    const EventRef tail = TQ_Prseq_Events_DuplicateEvent(object, event);
+    TQ_Prseq_Events_SetEventStart(*tail, glued.start);
+    TQ_Prseq_Events_ResizeEvent(*tail, glued.duration, event.start - glued.start);
+    for (const BpfRef& bpf : tail->bpfs)
+        if (Bpf* joined = TQ_Prseq_Events_GetBpfWithGivenName(glued, bpf->name()))
+            joined->points.insert(joined->points.end(), bpf->points.begin(), bpf->points.end());
 }
 
 }  // namespace
@@ -81,20 +95,20 @@ std::optional<Slices> TQ_Prseq_Events_SliceEvent(Prseq& object, const Event& eve
 }
 
 EventRef TQ_Prseq_Events_GlueEvents(Prseq& object, const Event& first, const Event& second) {
-    double start = std::min(first.start, second.start);
-    double span = std::max(first.end(), second.end()) - start;
-    EventRef glued = TQ_Prseq_Events_DuplicateEvent(object, first);
-    TQ_Prseq_Events_ResizeEvent(*glued, span, 0);
-    EventRef tail = TQ_Prseq_Events_DuplicateEvent(object, second);
-    TQ_Prseq_Events_SetEventStart(*tail, start);
-    TQ_Prseq_Events_ResizeEvent(*tail, span, second.start - start);
-    for (const BpfRef& bpf : tail->bpfs) {
-        Bpf* joined = TQ_Prseq_Events_GetBpfWithGivenName(*glued, bpf->name());
-        if (!joined) continue;
-        joined->points.insert(joined->points.end(), bpf->points.begin(), bpf->points.end());
-        sort_bpf_points(joined->points);
-        end_at_one(joined->points);
-        simplify(joined->points);
+    const Event* const both[] = {&first, &second};
+    return glue_events(object, both);
+}
+
+EventRef glue_events(Prseq& object, std::span<const Event* const> events) {
+    EventRef glued = TQ_Prseq_Events_DuplicateEvent(object, *events.front());
+    double end = glued->end();
+    for (const Event* event : events) end = std::max(end, event->end());
+    TQ_Prseq_Events_ResizeEvent(*glued, end - glued->start, 0);
+    for (const Event* event : events.subspan(1)) append_curves(object, *event, *glued);
+    for (const BpfRef& bpf : glued->bpfs) {
+        sort_bpf_points(bpf->points);
+        end_at_one(bpf->points);
+        simplify(bpf->points);
     }
     return glued;
 }

@@ -14,6 +14,7 @@
 #include "model/tracks.h"
 #include "playback/output.h"
 #include "playback/time.h"
+#include "shell/edit_messages.h"
 #include "shell/event_message.h"
 #include "view/reports.h"
 #include "view/zoom.h"
@@ -67,6 +68,7 @@ void add_messages(Class& c) {
     class_addmethod(c, "getmaxtime", TQ_Prseq_Output_Maxtime);
     class_addmethod(c, "getcycle", TQ_Prseq_Output_Cycle);
     class_addmethod(c, "getcyclerange", TQ_Prseq_Output_CycleRange);
+    add_edit_messages(c);
 }
 
 void prseq_getdirty_out(Prseq& object) {

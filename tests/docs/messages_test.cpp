@@ -30,7 +30,7 @@ struct MessagesDocument : ScriptTest {
     }
     std::vector<Usage> messages() const {
         std::vector<Usage> all;
-        for (const char* heading : {"Playing", "Events", "Tracks", "History", "Documents", "View and hand"})
+        for (const char* heading : {"Playing", "Events", "Edits of the selection", "Tracks", "History", "Documents", "View and hand"})
             for (Usage& usage : usages(heading, "message")) all.push_back(std::move(usage));
         return all;
     }

@@ -28,7 +28,7 @@ void wait(Session& session, double ms) {
     scheduler.run_until(scheduler.now() + ms);
 }
 
-constexpr unsigned runs = 1000;
+constexpr unsigned runs = 1500;
 
 void expect_to_read_back(const Session& session) {
     Session other;
@@ -50,7 +50,9 @@ const char* const kinds[] = {
     "Change Event MSP Buffer End", "Change Events Start", "Change Events Duration", "Change Events Velocity",
     "Change Event Parameter", "Add Parameter Type To Track", "Delete Parameter Type From Track",
     "Change Parameter Type On Track", "Add Bpf Type To Track", "Delete Bpf Type From Track",
-    "Change Bpf Type On Track", "Add Bpf Point", "Delete Bpf Points", "Move Bpf Points"};
+    "Change Bpf Type On Track", "Add Bpf Point", "Delete Bpf Points", "Move Bpf Points", "Quantise Events",
+    "Legato Events", "Stretch Events", "Reverse Events", "Humanise Events", "Split Event", "Join Events",
+    "Scale Events Velocity", "Ramp Events Velocity"};
 // clang-format on
 std::set<std::string> recorded;
 

@@ -33,10 +33,15 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "event id #40 <bpf> Pitch 0 0 #400 #5 </bpf> <message> m #9 </message>",
         "event id #40 duration #2000 <note> #131 </note>",
         "track_add",
+        "quantise #400", "quantise 1#99 0.#9 0.#9 both", "legato #30", "stretch 0.#9", "stretch 1.#4",
+        "reverse", "humanise #90 #40", "humanise #40 #9 #9", "split #5000", "split #1000", "join",
+        "velocity_scale #2.#9 -#40", "velocity_ramp #127 #127", "event_delete #40 #40",
+        "select_where pitch #99 131", "select_where time #3000 5000 add", "select_where velocity 0 #127 remove",
+        "select_where time 0 #5000 within", "select_where label l#9 add", "select_invert", "select_invert",
         "undo", "redo", "undoredo -#3", "undoredo #38", "track_bpf_add b#3 0 1 #2", "track_mute #3 1",
         "track_color 0.3", "int #2", "int #2", "undoredo_clear"};
     // clang-format on
-    return random_text(random, std::span(messages).first(undoable_only ? 14 : std::size(messages)));
+    return random_text(random, std::span(messages).first(undoable_only ? 35 : std::size(messages)));
 }
 
 }  // namespace tq::test

@@ -133,7 +133,8 @@ void RandomHand::edit_by_command() {
         Cut,       Copy,          Copy,        Paste,          Paste,     Delete,      DeleteEvents,
         SelectAll, SelectAll,     SelectNext,  SelectPrevious, Duplicate, MoveEarlier, MoveLater,
         Shorten,   Lengthen,      TransposeUp, TransposeDown,  OctaveUp,  OctaveDown,  InsertEvent,
-        NextTrack, PreviousTrack, NewTrack,    SelectNothing};
+        NextTrack, PreviousTrack, NewTrack,    SelectNothing,  Quantise,  Legato,      HalfAsLong,
+        Reverse,   Humanise,      Split,       Join,           Louder,    Softer,      InvertSelection};
     command(command_row(some[below(std::size(some))]).name);
 }
 
@@ -176,7 +177,7 @@ void RandomHand::change_field(const std::string& name, const Field& field) {
                 for (const TableColumn& of : form.columns) cells.push_back(any_cell(of));
                 return tell("rowadded", chance(2) ? cells : Atoms{});
             }
-            if (chance(6)) return tell("rowdeleted", {row});
+            if (chance(3)) return tell("rowdeleted", {row});
             if (chance(9)) return tell("cleared");
             const bool dragged = chance(2);
             if (dragged) tell("cell_mousedown", {row, column});

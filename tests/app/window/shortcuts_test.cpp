@@ -103,6 +103,27 @@ TEST_F(ShortcutsTest, WhatCannotBeDoneChangesNothing) {
     EXPECT_EQ(box.tracks[0]->events.size(), 2u) << "what was copied first is still there";
 }
 
+TEST_F(ShortcutsTest, KeysEditTheSelection) {
+    session.send("event start 0 duration 100 <note> 60 90 </note>");
+    session.send("event start 400 duration 400 <note> 60 90 </note>");
+    session.send("position 200");
+    press(Qt::Key_A);
+    const EventList& events = box.tracks[0]->events;
+    press(Qt::Key_L);
+    EXPECT_EQ(events.first()->duration, 400);
+    press(Qt::Key_S);
+    EXPECT_EQ(events.size(), 3u);
+    press(Qt::Key_J);
+    EXPECT_EQ(events.size(), 1u);
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(events.first()->velocity, 95);
+    press(Qt::Key_I, Qt::ControlModifier);
+    EXPECT_TRUE(events.selected().empty());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.history.items.back()->name(), "Scale Event Velocity");
+    EXPECT_EQ(events.first()->velocity, 90);
+}
+
 TEST_F(ShortcutsTest, APageListsTheKeys) {
     session.send("event start 0 <note> 60 90 </note>");
     press(Qt::Key_A);

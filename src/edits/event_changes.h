@@ -1,0 +1,40 @@
+// What an edit makes of many events.
+#pragma once
+
+#include <vector>
+
+#include "history/recorders.h"
+#include "instance/event_list.h"
+
+namespace tq {
+
+/// An edit's texts in the history: of one event, and of any other number.
+struct EditName {
+    const char *one, *many;
+};
+
+/// Other times, velocities and curves for events, gathered first and done at once. What an event is already
+/// is no change.
+class EventChanges {
+ public:
+    /// In ms. No start is brought below 0.
+    void times(Event& event, double start, double duration);
+    /// Held in 0 to 127.
+    void velocity(Event& event, double velocity);
+    /// Of one of the event's curves.
+    void points(Event& event, Bpf& bpf, BpfPoints points);
+
+    /// Does all of it as one step of the history; none when there is nothing to do.
+    void make(Edit& edit, const EditName& name);
+
+ private:
+    bool empty() const { return times_.empty() && velocities_.empty() && curves_.empty(); }
+    std::vector<UndoEventSnapshot> write_times(Prseq& object) const;
+    void exchange_points();
+
+    std::vector<EventTimes> times_;
+    std::vector<ValueChange> velocities_;
+    std::vector<EventsBefore::Curve> curves_;
+};
+
+}  // namespace tq

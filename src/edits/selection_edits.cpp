@@ -1,0 +1,176 @@
+#include "edits/selection_edits.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <span>
+#include <vector>
+
+#include "edits/event_changes.h"
+#include "edits/time_grid.h"
+#include "history/edit.h"
+#include "host/host.h"
+#include "instance/prseq.h"
+#include "model/selected_events.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double shortest = 1;             // ms
+constexpr double longest_timeline = 1e12;  // ms, about thirty years
+
+using Events = std::vector<EventRef>;
+
+/// An edit that changes the selected events, and its step of the history.
+template <typename Gather>
+void change_selection(Prseq& object, const EditName& name, Gather gather) {
+    Edit edit(object, Change::Events);
+    EventChanges changes;
+    if (const Events events = all_selected_events(object); !events.empty()) gather(events, changes);
+    changes.make(edit, name);
+}
+
+/// Calls visit(events) for those of each track.
+template <typename Visit>
+void for_each_track(std::span<const EventRef> events, Visit visit) {
+    while (!events.empty()) {
+        const Track* track = events.front()->track;
+        const auto end = std::ranges::find_if(events, [=](const EventRef& e) { return e->track != track; });
+        const auto count = static_cast<size_t>(end - events.begin());
+        visit(events.first(count));
+        events = events.subspan(count);
+    }
+}
+
+struct Span {
+    double first_start = HUGE_VAL, last_start = 0, end = 0;  ///< ms
+};
+Span span_of(const Events& events) {
+    Span span;
+    for (const EventRef& event : events) {
+        span.first_start = std::min(span.first_start, event->start);
+        span.last_start = std::max(span.last_start, event->start);
+        span.end = std::max(span.end, event->end());
+    }
+    return span;
+}
+
+/// A time that does not move stays what it is to the last bit.
+double towards(double from, double to, double strength) {
+    return from == to || strength == 0 ? from : std::round(std::lerp(from, to, strength));
+}
+
+double duration_until(double end, const Event& event, double start) {
+    return std::max(end - start, std::min(event.duration, shortest));
+}
+
+void quantise(Event& event, const TimeGrid& grid, const Quantisation& how, EventChanges& changes) {
+    using enum Quantisation::Ends;
+    const double line = how.what == Ends ? event.start : grid.nearest(event.start);
+    const double start = towards(event.start, line, how.strength);
+    if (how.what == Starts) return changes.times(event, start, event.duration);
+    double end = grid.nearest(event.end());
+    if (end <= line) end = grid.behind(line);
+    end = towards(event.end(), end, how.strength);
+    const bool stays = start == event.start && end == event.end();
+    changes.times(event, start, stays ? event.duration : duration_until(end, event, start));
+}
+
+}  // namespace
+
+void quantise_selection(Prseq& object, const Quantisation& how) {
+    change_selection(object, {"Quantise Event", "Quantise Events"}, [&](const Events& events, auto& changes) {
+        const TimeGrid grid(object, how.grid, how.swing);
+        for (const EventRef& event : events) quantise(*event, grid, how, changes);
+    });
+}
+
+void legato_selection(Prseq& object, double gap) {
+    const auto of_track = [=](std::span<const EventRef> events, EventChanges& changes) {
+        auto next = events.begin();
+        for (const EventRef& event : events) {
+            while (next != events.end() && (*next)->start <= event->start) ++next;
+            if (next == events.end()) return;
+            changes.times(*event, event->start, std::max((*next)->start - gap - event->start, shortest));
+        }
+    };
+    change_selection(object, {"Legato Event", "Legato Events"}, [&](const Events& events, auto& changes) {
+        for_each_track(events, [&](auto of_one) { of_track(of_one, changes); });
+    });
+}
+
+bool stretch_selection(Prseq& object, double factor) {
+    bool fits = true;
+    change_selection(object, {"Stretch Event", "Stretch Events"}, [&](const Events& events, auto& changes) {
+        const Span span = span_of(events);
+        const auto stretched = [&](double ms) {
+            return std::round(span.first_start + (ms - span.first_start) * factor);
+        };
+        fits = factor <= 1 || stretched(span.end) <= longest_timeline;
+        if (!fits || factor == 1) return;
+        for (const EventRef& event : events) {
+            const double start = stretched(event->start);
+            changes.times(*event, start, duration_until(stretched(event->end()), *event, start));
+        }
+    });
+    return fits;
+}
+
+void reverse_selection(Prseq& object) {
+    const auto reverse_curves = [](Event& event, EventChanges& changes) {
+        for (const BpfRef& bpf : event.bpfs) {
+            BpfPoints points(bpf->points.rbegin(), bpf->points.rend());
+            for (BpfPoint& point : points) point.x = 1 - point.x;
+            changes.points(event, *bpf, std::move(points));
+        }
+    };
+    change_selection(object, {"Reverse Event", "Reverse Events"}, [&](const Events& events, auto& changes) {
+        const Span span = span_of(events);
+        for (const EventRef& event : events) {
+            const double start = span.first_start + (span.end - event->end());
+            changes.times(*event, towards(event->start, start, 1), event->duration);
+            reverse_curves(*event, changes);
+        }
+    });
+}
+
+void humanise_selection(Prseq& object, const Humanisation& how) {
+    // Seeds that are next to each other begin with numbers that are; later ones are not.
+    constexpr unsigned alike = 8;
+    std::minstd_rand seeded(static_cast<unsigned>(how.seed.value_or(0)) + 1);
+    seeded.discard(alike);
+    std::minstd_rand& random = how.seed ? seeded : object.host().random;
+    const auto chance = [&](double most) {
+        constexpr double middle = std::minstd_rand::max() / 2.;
+        return std::round((static_cast<double>(random()) - middle) / middle * most);
+    };
+    change_selection(object, {"Humanise Event", "Humanise Events"}, [&](const Events& events, auto& changes) {
+        for (const EventRef& event : events) {
+            changes.times(*event, event->start + chance(how.time), event->duration);
+            changes.velocity(*event, event->velocity + chance(how.velocity));
+        }
+    });
+}
+
+void scale_velocities(Prseq& object, double factor, double offset) {
+    change_selection(object, {"Scale Event Velocity", "Scale Events Velocity"},
+                     [=](const Events& events, auto& changes) {
+                         for (const EventRef& event : events)
+                             changes.velocity(*event, event->velocity * factor + offset);
+                     });
+}
+
+void ramp_velocities(Prseq& object, double from, double to) {
+    change_selection(object, {"Ramp Event Velocity", "Ramp Events Velocity"},
+                     [=](const Events& events, auto& changes) {
+                         const Span span = span_of(events);
+                         const double length = span.last_start - span.first_start;
+                         for (const EventRef& event : events) {
+                             const double way = length > 0 ? (event->start - span.first_start) / length : 0;
+                             changes.velocity(*event, std::lerp(from, to, way));
+                         }
+                     });
+}
+
+}  // namespace tq

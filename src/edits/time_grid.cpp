@@ -1,0 +1,52 @@
+#include "edits/time_grid.h"
+
+#include <cmath>
+
+#include "instance/prseq.h"
+#include "model/bars.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double last_line = 1e12;  // ms; numbers of later lines would have no room in a double
+
+}  // namespace
+
+TimeGrid::TimeGrid(const Prseq& object, std::optional<double> ms, double swing)
+    : meter_(!ms && object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats) ? &object.meter
+                                                                                            : nullptr),
+      distance_(ms.value_or(object.maindisplay.mslabelincrement / 10)),
+      swing_(swing) {}
+
+std::optional<TimeGrid::Lines> TimeGrid::lines_at(double ms) const {
+    if (std::abs(ms) > last_line) return {};
+    if (!meter_) return Lines{0, distance_, HUGE_VAL};
+    const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(*meter_, ms);
+    if (!bar) return {};
+    const auto beats = static_cast<double>(bar->beats);
+    return Lines{bar->start, (bar->end - bar->start) / beats, beats};
+}
+
+double TimeGrid::line(const Lines& lines, double index) const {
+    const bool late = std::fmod(index, 2) != 0 && index < lines.count;
+    return std::round(lines.start + (index + (late ? swing_ / 2 : 0)) * lines.length);
+}
+
+double TimeGrid::nearest(double ms) const {
+    const std::optional<Lines> lines = lines_at(ms);
+    if (!lines) return ms;
+    const double index = std::floor((ms - lines->start) / lines->length);
+    const double before = line(*lines, index), after = line(*lines, index + 1);
+    return ms - before < after - ms ? before : after;
+}
+
+double TimeGrid::behind(double ms) const {
+    const std::optional<Lines> lines = lines_at(ms);
+    if (!lines) return ms;
+    double index = std::floor((ms - lines->start) / lines->length);
+    while (line(*lines, index) <= ms && index < lines->count) ++index;
+    return line(*lines, index);
+}
+
+}  // namespace tq

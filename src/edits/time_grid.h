@@ -1,0 +1,39 @@
+// The times that events are drawn to.
+#pragma once
+
+#include <optional>
+
+#include "instance/meter.h"
+
+namespace tq {
+
+struct Prseq;
+
+/// Lines that are equally far from each other, or the beats of the bars. Every second line comes later by
+/// `swing`, 0 to 1, of half of the distance. All are at whole ms.
+class TimeGrid {
+ public:
+    /// Lines from 0 on, `ms` from each other. Without: those of the ruler, beats or tenths of its main
+    /// divisions.
+    TimeGrid(const Prseq& object, std::optional<double> ms, double swing);
+
+    /// The nearest line, of two the later one. Where no bar is, and 30 years from now, the
+    /// time stays as it is.
+    double nearest(double ms) const;
+    /// The first line behind the one that the time lies on, or behind the time; the same where no bar is.
+    double behind(double ms) const;
+
+ private:
+    /// Lines from `start` on, `length` from each other. The last of a bar is the first of the next one, and
+    /// never late.
+    struct Lines {
+        double start, length, count;
+    };
+    std::optional<Lines> lines_at(double ms) const;
+    double line(const Lines& lines, double index) const;
+
+    const Meter* meter_;  ///< none: equally far
+    double distance_, swing_;
+};
+
+}  // namespace tq

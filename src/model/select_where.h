@@ -1,0 +1,30 @@
+// Selecting events by what they are.
+#pragma once
+
+#include "host/symbol.h"
+
+namespace tq {
+
+struct Event;
+struct Prseq;
+
+/// Which events are meant.
+struct EventsWhere {
+    enum class Quality { Pitch, Velocity, Time, Label } quality;
+    double low = 0,
+           high = 0;    ///< both included; of times in ms: those that start from `low` to before `high`
+    Symbol label = {};  ///< the whole of it
+
+    bool takes(const Event& event) const;
+};
+
+/// What becomes of the selection: these alone, these as well, without these, these of what is selected.
+enum class SelectHow { Only, Add, Remove, Within };
+
+/// Selects events of the active track while that is visible. Nothing but the selection is looked at where
+/// that is enough.
+void select_where(Prseq& object, const EventsWhere& where, SelectHow how);
+/// What was selected of the active track is not, and the other way round; nothing while it is invisible.
+void invert_selection(Prseq& object);
+
+}  // namespace tq

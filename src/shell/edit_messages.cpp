@@ -1,0 +1,173 @@
+#include "shell/edit_messages.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+#include "edits/event_edits.h"
+#include "edits/selection_edits.h"
+#include "instance/prseq.h"
+#include "model/events.h"
+#include "model/select_where.h"
+#include "shell/arguments.h"
+#include "view/layout.h"
+
+namespace tq {
+
+namespace {
+
+constexpr double day = 24 * 60 * 60 * 1000;  // ms
+constexpr double any = 1e12;                 // more than a timeline holds, in ms
+
+void quantise(Prseq& object, Arguments& arguments) {
+    static constexpr const char* whats[] = {"starts", "ends", "both"};
+    const Quantisation how{.grid = arguments.optional_number({"GRID_MS", 1, day}),
+                           .strength = arguments.optional_number({"STRENGTH", 0, 1}).value_or(1),
+                           .swing = arguments.optional_number({"SWING", 0, 1}).value_or(0),
+                           .what = Quantisation::Ends(arguments.optional_word("the last argument", whats))};
+    arguments.end();
+    quantise_selection(object, how);
+}
+
+void legato(Prseq& object, Arguments& arguments) {
+    const double gap = arguments.optional_number({"GAP_MS", 0, day}).value_or(0);
+    arguments.end();
+    legato_selection(object, gap);
+}
+
+void stretch(Prseq& object, Arguments& arguments) {
+    const double factor = arguments.number({"FACTOR", 0.001, 1000});
+    arguments.end();
+    if (!stretch_selection(object, factor)) throw BadArgument{"FACTOR leads beyond what a timeline can hold"};
+}
+
+void reverse(Prseq& object, Arguments& arguments) {
+    arguments.end();
+    reverse_selection(object);
+}
+
+void humanise(Prseq& object, Arguments& arguments) {
+    Humanisation how{.time = arguments.number({"TIME_MS", 0, day}),
+                     .velocity = arguments.number({"VELOCITY", 0, 127})};
+    if (const auto seed = arguments.optional_number({"SEED", 0, 1e9})) how.seed = static_cast<long>(*seed);
+    arguments.end();
+    humanise_selection(object, how);
+}
+
+void split(Prseq& object, Arguments& arguments) {
+    const std::optional<double> position = arguments.optional_number({"MS", 0, any});
+    arguments.end();
+    split_selection(object, position);
+}
+
+void join(Prseq& object, Arguments& arguments) {
+    arguments.end();
+    join_selection(object);
+}
+
+void velocity_scale(Prseq& object, Arguments& arguments) {
+    const double factor = arguments.number({"FACTOR", -127, 127});
+    const double offset = arguments.optional_number({"OFFSET", -16129, 16129}).value_or(0);
+    arguments.end();
+    scale_velocities(object, factor, offset);
+}
+
+void velocity_ramp(Prseq& object, Arguments& arguments) {
+    const double from = arguments.number({"FROM", 0, 127}), to = arguments.number({"TO", 0, 127});
+    arguments.end();
+    ramp_velocities(object, from, to);
+}
+
+struct QualityRow {
+    const char *low, *high;
+    double least, most;
+};
+
+void select_where(Prseq& object, Arguments& arguments) {
+    static constexpr const char* qualities[] = {"pitch", "velocity", "time", "label"};
+    static constexpr QualityRow numbers[] = {
+        {"LOW", "HIGH", -any, any}, {"LOW", "HIGH", -any, any}, {"FROM", "TO", -any, any}};
+    static constexpr const char* hows[] = {"only", "add", "remove", "within"};
+    const size_t quality = arguments.word("the first argument", qualities);
+    EventsWhere where{.quality = EventsWhere::Quality(quality)};
+    if (where.quality == EventsWhere::Quality::Label) {
+        where.label = gensym(arguments.text("TEXT"));
+    } else {
+        const QualityRow& row = numbers[quality];
+        where.low = arguments.number({row.low, row.least, row.most});
+        where.high = arguments.number({row.high, row.least, row.most});
+        if (where.low > where.high) throw BadArgument{fmt::format("{} is above {}", row.low, row.high)};
+    }
+    const auto how = SelectHow(arguments.optional_word("the last argument", hows));
+    arguments.end();
+    select_where(object, where, how);
+}
+
+void select_invert(Prseq& object, Arguments& arguments) {
+    arguments.end();
+    invert_selection(object);
+}
+
+void event_delete(Prseq& object, Arguments& arguments) {
+    constexpr double highest = 1L << 52;
+    std::vector<long> identifiers;
+    do identifiers.push_back(static_cast<long>(arguments.number({"ID", 1, highest})));
+    while (!arguments.empty());
+    std::vector<EventRef> events;
+    std::set<long> seen;
+    for (long id : identifiers) {
+        if (!seen.insert(id).second) continue;
+        if (Event* event = TQ_Prseq_Events_FindEventFromID(object, id))
+            events.emplace_back(event);
+        else
+            object_error(object, fmt::format("event_delete: no event with id {}", id));
+    }
+    delete_events(object, std::move(events));
+}
+
+void time_display_type(Prseq& object, Arguments& arguments) {
+    static constexpr const char* names[] = {"ms", "minutes", "bars"};
+    const std::optional<double> number = arguments.optional_number({"TYPE", 0, 2});
+    const size_t type = number ? static_cast<size_t>(*number) : arguments.word("TYPE", names);
+    arguments.end();
+    set_time_display_type(object, TimeDisplayType(type));
+}
+
+struct MessageRow {
+    const char* name;
+    void (*run)(Prseq&, Arguments&);
+};
+constexpr MessageRow rows[] = {{"quantise", quantise},
+                               {"quantize", quantise},
+                               {"legato", legato},
+                               {"stretch", stretch},
+                               {"reverse", reverse},
+                               {"humanise", humanise},
+                               {"humanize", humanise},
+                               {"split", split},
+                               {"join", join},
+                               {"velocity_scale", velocity_scale},
+                               {"velocity_ramp", velocity_ramp},
+                               {"select_where", select_where},
+                               {"select_invert", select_invert},
+                               {"event_delete", event_delete},
+                               {"time_display_type", time_display_type}};
+
+}  // namespace
+
+void add_edit_messages(Class& c) {
+    for (const MessageRow& row : rows)
+        c.add({gensym(row.name), [run = row.run](Object& object, Symbol message, AtomSpan atoms) {
+                   Arguments arguments(atoms);
+                   try {
+                       run(static_cast<Prseq&>(object), arguments);
+                   } catch (const BadArgument& fault) {
+                       object_error(object, message.text() + ": " + fault.text);
+                   }
+                   return true;
+               }});
+}
+
+}  // namespace tq
