@@ -67,6 +67,7 @@ enum class Command {
     BpfTimeAbsolute,
     BpfTimeRelative,
     Cycle,
+    LoopSelection,
     FollowLineCursor,
     PitchSnap,
     TimeSnap,
