@@ -62,12 +62,15 @@ constexpr Shortcut rows[] = {
     {Qt::CTRL | Qt::Key_Minus, Command::ZoomOut, Canvas, repeats},
     {Qt::CTRL | Qt::Key_0, Command::ZoomOutAll, Canvas},
     {Qt::CTRL | Qt::Key_E, Command::ZoomToSelection, Canvas},
+    {Qt::CTRL | Qt::Key_L, Command::LoopSelection, Canvas},
+    {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
 
 }  // namespace
 
 const char* text_of(WindowAction action) {
-    static constexpr const char* texts[] = {"Open...", "Console", "Settings", "Keys and Mouse", "Quit"};
+    static constexpr const char* texts[] = {"Open...",        "Console",       "Settings",
+                                            "Keys and Mouse", "Tap the Tempo", "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 

@@ -12,7 +12,7 @@ class QWidget;
 
 namespace tq {
 
-enum class WindowAction { Open, Console, Settings, Keys, Quit };
+enum class WindowAction { Open, Console, Settings, Keys, TapTempo, Quit };
 const char* text_of(WindowAction action);
 
 enum class ShortcutScope {
