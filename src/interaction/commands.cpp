@@ -175,7 +175,12 @@ void select_next(Prseq& object) {
     select_only(object, last.track->events.next(last));
 }
 
-void play_or_stop(Prseq& object) { prseq_int(object, !object.playing); }
+/// At the end there is nothing left to play: it begins again.
+void play_or_stop(Prseq& object) {
+    const double position = itm_tickstoms(*object.transport, itm_getticks(*object.transport));
+    if (!object.playing && position >= object.timelinelength) prseq_position(object, 0);
+    prseq_int(object, !object.playing);
+}
 bool is_playing(const Prseq& object) { return object.playing; }
 
 void send(Prseq& object, const char* message) { object_method_typed(object, gensym(message), {}); }
@@ -237,6 +242,18 @@ bool has_cycle(const Prseq& object) { return object.cycle.active; }
 void cycle_or_not(Prseq& object) {
     prseq_cycle(object, !object.cycle.active);
     TQ_Prseq_Output_Cycle(object);
+}
+/// From the first start to the last end of what is selected.
+void loop_selection(Prseq& object) {
+    if (!list_selected_events(object)) return;
+    double start = object.timelinelength, end = 0;
+    for (const EventRef& event : object.selection) {
+        start = std::min(start, event->start);
+        end = std::max(end, event->end());
+    }
+    prseq_cyclerange(object, start, end);
+    TQ_Prseq_Output_CycleRange(object);
+    if (!object.cycle.active) cycle_or_not(object);
 }
 bool follows_line_cursor(const Prseq& object) { return object.linecursor.follow; }
 void follow_line_cursor_or_not(Prseq& object) { object.linecursor.follow = !object.linecursor.follow; }
@@ -326,6 +343,7 @@ constexpr CommandRow rows[] = {
     {Command::BpfTimeRelative, "bpf_time_relative", "Bpf Point Time is Relative", has_active_track,
      bpf_time_is<false>, set_bpf_time<false>},
     {Command::Cycle, "cycle", "Cycle", always, has_cycle, cycle_or_not},
+    {Command::LoopSelection, "loop_selection", "Loop Selection", has_selection, never, loop_selection},
     {Command::FollowLineCursor, "follow_line_cursor", "Follow Line Cursor", always, follows_line_cursor,
      follow_line_cursor_or_not},
     toggle<&AttributeFields::snappitch>(Command::PitchSnap, "snappitch", "Pitch Snap"),

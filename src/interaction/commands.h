@@ -79,6 +79,7 @@ enum class Command {
     BpfTimeAbsolute,
     BpfTimeRelative,
     Cycle,
+    LoopSelection,
     FollowLineCursor,
     PitchSnap,
     TimeSnap,

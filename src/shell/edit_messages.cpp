@@ -164,7 +164,7 @@ void add_edit_messages(Class& c) {
                    try {
                        run(static_cast<Prseq&>(object), arguments);
                    } catch (const BadArgument& fault) {
-                       object_error(object, message.text() + ": " + fault.text);
+                       object_error(object, "bad argument for message " + message.text() + ": " + fault.text);
                    }
                    return true;
                }});

@@ -64,15 +64,21 @@ bool EventKeywords::Component::has_name() const {
 EventKeywords parse_event_keywords(AtomSpan atoms) {
     EventKeywords keywords;
     for (size_t i = 0; i < atoms.size(); ++i) {
-        if (!atoms[i].is_symbol()) continue;
+        if (!atoms[i].is_symbol()) {
+            keywords.passed_over.push_back(atoms[i]);
+            continue;
+        }
         Symbol symbol = atoms[i].as_symbol();
         if (const TagRow* tag = tag_opened_by(symbol)) {
             size_t end = i + 1;
             while (end < atoms.size() && !(atoms[end] == Atom(tag->close))) ++end;
+            if (end == atoms.size()) keywords.unclosed = tag->open;
             (keywords.*tag->component).add(atoms.subspan(i + 1, end - i - 1));
             i = end;
         } else if (i + 1 < atoms.size() && take_value(keywords, symbol, atoms[i + 1])) {
             ++i;
+        } else {
+            keywords.passed_over.push_back(atoms[i]);
         }
     }
     return keywords;

@@ -22,6 +22,8 @@ struct EventKeywords {
         bool has_name() const;
     };
     Component note, message, buffer, parameter, bpf;
+    Symbol unclosed;    ///< a tag that was opened and not closed: it has taken all that follows
+    Atoms passed_over;  ///< what is no keyword, and none's value
 };
 
 /// Reads the keywords in any order; atoms that are no keywords are passed over, later values override earlier

@@ -305,7 +305,7 @@ TEST_F(SelectionEdits, TellWhatIsWrongByName) {
     const std::string before = document();
     for (const auto& [line, fault] : faults) {
         const std::string name = std::string(line).substr(0, std::string(line).find(' '));
-        EXPECT_EQ(say(line, "error"), Lines{"error tq.sorvo: " + name + ": " + fault}) << line;
+        EXPECT_EQ(say(line, "error"), Lines{"error tq.sorvo: bad argument for message " + name + ": " + fault}) << line;
         EXPECT_EQ(document(), before) << line;
     }
     EXPECT_EQ(last_edit(), "Insert Event");

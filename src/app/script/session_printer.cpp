@@ -6,6 +6,14 @@
 
 namespace tq {
 
+std::string said_text(const std::string& from, Symbol selector, AtomSpan atoms) {
+    static const Symbol list = gensym("list");
+    Atoms words;
+    if (selector != list) words.push_back(selector);
+    words.insert(words.end(), atoms.begin(), atoms.end());
+    return from + " " + atom_gettext(words);
+}
+
 SessionPrinter::SessionPrinter(Session& session, std::ostream& out, bool times)
     : scheduler_(session.host().scheduler), out_(out), times_(times) {
     session.listen(*this);
@@ -15,13 +23,8 @@ void SessionPrinter::say(const std::string& line) {
     out_ << (times_ ? fmt::format("{:.3f} {}\n", scheduler_.now(), line) : line + '\n');
 }
 
-/// A plain list goes without its selector.
 void SessionPrinter::say_message(const std::string& from, Symbol selector, AtomSpan atoms) {
-    static const Symbol list = gensym("list");
-    Atoms words;
-    if (selector != list) words.push_back(selector);
-    words.insert(words.end(), atoms.begin(), atoms.end());
-    say(from + " " + atom_gettext(words));
+    say(said_text(from, selector, atoms));
 }
 
 void SessionPrinter::outlet(int outlet, Symbol selector, AtomSpan atoms) {

@@ -8,6 +8,9 @@
 
 namespace tq {
 
+/// A message as it is printed, behind where it comes from. A plain list goes without its selector.
+std::string said_text(const std::string& from, Symbol selector, AtomSpan atoms);
+
 class SessionPrinter : public SessionListener {
  public:
     /// With `times`, every line begins with the logical time in ms.

@@ -1,6 +1,7 @@
 #include "app/sound/realtime.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tq {
 
@@ -47,6 +48,16 @@ void RealtimePlayer::render(float* left, float* right, int frames) {
     synth_.set_volume(std::clamp(volume_.load(), 0.f, 1.f));
     synth_.render(left, right, frames);
     sounding_ = synth_.sounding();
+    note_peak(left, right, frames);
+}
+
+/// Whoever takes the peak meanwhile is not waited for.
+void RealtimePlayer::note_peak(const float* left, const float* right, int frames) {
+    float highest = 0;
+    for (int i = 0; i < frames; ++i) highest = std::max({highest, std::abs(left[i]), std::abs(right[i])});
+    float before = peak_.load(std::memory_order_relaxed);
+    while (highest > before && !peak_.compare_exchange_weak(before, highest, std::memory_order_relaxed))
+        continue;
 }
 
 void RealtimePlayer::run(Command& command) {

@@ -36,6 +36,8 @@ class RealtimePlayer : public Player {
     int late() const { return late_; }
     /// Notes that have not ended, as of the last render().
     int sounding() const { return sounding_; }
+    /// The highest level, 0…1, that was rendered since this was last asked.
+    float take_peak() { return peak_.exchange(0); }
 
     // The audio thread's side.
 
@@ -53,6 +55,7 @@ class RealtimePlayer : public Player {
 
     void send(Command command);
     void run(Command& command);
+    void note_peak(const float* left, const float* right, int frames);
     std::int64_t on_device(std::int64_t at);
     int source(const std::string& name);
 
@@ -64,6 +67,7 @@ class RealtimePlayer : public Player {
     std::atomic<float> volume_ = 1;
     std::atomic<int> late_ = 0;
     std::atomic<int> sounding_ = 0;
+    std::atomic<float> peak_ = 0;
 
     // The audio thread's own.
     Synth synth_;

@@ -12,6 +12,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <cmath>
 #include <cstdio>
 
 #include "app/journal/recovery.h"
@@ -20,6 +21,7 @@
 #include "app/window/attribute_inspector.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
+#include "app/window/console_lines.h"
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
@@ -55,6 +57,11 @@ bool can_run(Command command, const Prseq& box) {
     return looks_for_itself || command_row(command).enabled(box);
 }
 
+/// Whole numbers are exact as ints; floats are rounded to single precision.
+Atom exact_atom(double value) {
+    return value == std::floor(value) ? Atom(static_cast<long>(value)) : Atom(value);
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session)
@@ -66,11 +73,12 @@ MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session
       notes_(session_),
       box_(new BoxWidget(session_, timer_)),
       console_(new Console(session_)),
-      bar_(new TransportBar),
+      bar_(new TransportBar(session_.box().meter)),
       splitter_(new QSplitter(Qt::Vertical)),
       inspectors_(session_, *this,
                   {.calls = [this](const SessionCall& made) { call(made); },
                    .wants = [this](const Shortcut::What& what) { run(what); }}) {
+    console_lines_ = std::make_unique<ConsoleLines>(*this, *console_);
     measure_display();
     build();
     connect_parts();
@@ -104,10 +112,14 @@ void MainWindow::build() {
 
 void MainWindow::connect_parts() {
     box_->painted = [this] { refresh(); };
-    console_->entered = [this](const std::string& line) { send(line); };
-    bar_->play = [this](bool on) { send(on ? "int 1" : "int 0"); };
+    console_->entered = [this](const std::vector<std::string>& lines) { console_lines_->run(lines); };
+    bar_->play_or_stop = [this] { run(Command::PlayOrStop); };
+    bar_->go_to_start = [this] { run(Command::GoToStart); };
+    bar_->position = [this](double ms) { call(MessageCall{gensym("position"), {exact_atom(ms)}, {}}); };
+    bar_->loop_selection = [this] { run(Command::LoopSelection); };
+    bar_->leave = [this] { box_->setFocus(); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
-    bar_->tempo = [this](double bpm) { timer_.act([this, bpm] { session_.call(TempoCall{bpm}); }); };
+    bar_->tempo = [this](double bpm) { call(TempoCall{bpm}); };
     bar_->console = [this](bool open) { show_console(open); };
     bar_->settings = [this] { show_settings(); };
     bar_->open_file = [this] { choose_and_open(); };
@@ -293,7 +305,10 @@ void MainWindow::listen_to_loudspeaker() {
     }
     notes_.add(*loudspeaker_.output);
     loudspeaker_.output->start(session_.host().scheduler.now());
+    metronome_ = std::make_unique<Metronome>(session_, *loudspeaker_.output);
     bar_->volume = [this](double volume) { loudspeaker_.output->set_volume(volume); };
+    bar_->metronome = [this](bool on) { timer_.act([this, on] { metronome_->turn(on); }); };
+    bar_->show_sound([this] { return loudspeaker_.output->take_peak(); });
 }
 
 bool MainWindow::open(const std::string& path) {
@@ -355,6 +370,8 @@ void MainWindow::run(WindowAction action) {
             return show_settings();
         case WindowAction::Keys:
             return show_keys_page(*this);
+        case WindowAction::TapTempo:
+            return bar_->tap();
         case WindowAction::Quit:
             close();
     }
@@ -419,6 +436,7 @@ void MainWindow::refresh() {
                       .loop = box.cycle.active,
                       .position = box.linecursor.position,
                       .tempo = itm_gettempo(*box.transport)});
+    if (metronome_) metronome_->follow();
     if (history_) history_->follow();
     setWindowTitle(document_name() + "[*] – sorvo");
     setWindowModified(prseq_getdirtyflag(box));

@@ -7,6 +7,7 @@
 
 #include "app/journal/journal.h"
 #include "app/patch/loudspeaker.h"
+#include "app/patch/metronome.h"
 #include "app/patch/note_listener.h"
 #include "app/patch/session.h"
 #include "app/patch/sound_files.h"
@@ -21,6 +22,7 @@ namespace tq {
 class AttributeInspector;
 class BoxWidget;
 class Console;
+class ConsoleLines;
 class HistoryList;
 struct ExportKind;
 struct Recovery;
@@ -94,8 +96,10 @@ class MainWindow : public QWidget, private PatchFiles {
     SoundFiles sounds_{session_};
     SessionTimer timer_;
     NoteListener notes_;
+    std::unique_ptr<Metronome> metronome_;  ///< none without a loudspeaker
     BoxWidget* box_;
     Console* console_;
+    std::unique_ptr<ConsoleLines> console_lines_;
     TransportBar* bar_;
     QSplitter* splitter_;
     bool asks_ = false;

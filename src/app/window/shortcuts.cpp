@@ -73,6 +73,8 @@ constexpr Shortcut rows[] = {
     {Qt::CTRL | Qt::Key_Minus, Command::ZoomOut, Canvas, repeats},
     {Qt::CTRL | Qt::Key_0, Command::ZoomOutAll, Canvas},
     {Qt::CTRL | Qt::Key_E, Command::ZoomToSelection, Canvas},
+    {Qt::CTRL | Qt::Key_L, Command::LoopSelection, Canvas},
+    {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
 
 }  // namespace
@@ -83,7 +85,8 @@ const char* text_of(WindowAction action) {
                                             "Export Picture...", "Bring Back the Previous Document",
                                             "Console",           "Settings",
                                             "History",           "Full Screen",
-                                            "Keys and Mouse",    "Quit"};
+                                            "Keys and Mouse",    "Tap the Tempo",
+                                            "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 

@@ -24,6 +24,7 @@ enum class WindowAction {
     History,
     FullScreen,
     Keys,
+    TapTempo,
     Quit
 };
 const char* text_of(WindowAction action);

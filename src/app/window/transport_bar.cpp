@@ -2,35 +2,51 @@
 
 #include <QDoubleSpinBox>
 #include <QFileInfo>
-#include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
 #include <QToolButton>
-#include <cmath>
+#include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/patch/recent_files.h"
+#include "app/window/level_meter.h"
+#include "app/window/position_field.h"
 
 namespace tq {
 
 namespace {
 
 constexpr double slowest = 1, fastest = 10000;  // beats a minute
-constexpr int full_volume = 100, volume_width = 90;
+constexpr int full_volume = 100, volume_width = 80;
 
 }  // namespace
 
-QString position_text(double ms) {
-    const auto whole = static_cast<qint64>(std::floor(ms));
-    return QString("%1:%2.%3")
-        .arg(whole / 60000, 2, 10, QChar('0'))
-        .arg(whole / 1000 % 60, 2, 10, QChar('0'))
-        .arg(whole % 1000, 3, 10, QChar('0'));
+TransportBar::TransportBar(const Meter& meter) : position_(new PositionField(meter)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(6, 3, 6, 3);
+    row->setSpacing(4);
+    make_transport();
+    make_tempo();
+    make_loop();
+    make_volume();
+    status_ = new QLabel;
+    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    row->addWidget(status_, 1);
+    make_open();
+    add_button("Settings", "settings button", "What the box looks like and does (Ctrl+,)",
+               &TransportBar::settings);
+    console_ = add_switch("Console", "console", "Messages to and from the box (Ctrl+K)");
+    connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
+    tap_clock_.start();
 }
 
-QToolButton* TransportBar::button(const QString& text, const QString& name, const QString& hint) {
+QToolButton* TransportBar::add_switch(const QString& text, const QString& name, const QString& hint) {
     auto* made = new QToolButton;
     made->setText(text);
     made->setObjectName(name);
@@ -41,38 +57,106 @@ QToolButton* TransportBar::button(const QString& text, const QString& name, cons
     return made;
 }
 
-TransportBar::TransportBar() {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(6, 3, 6, 3);
-    play_ = button("Play", "play", "Start or stop (Space)");
-    position_ = new QLabel(position_text(0));
-    position_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    row->addWidget(position_);
-    row->addWidget(make_tempo());
-    loop_ = button("Loop", "loop", "Play the loop range over and over");
-    row->addWidget(new QLabel("Volume"));
-    row->addWidget(make_volume());
-    status_ = new QLabel;
-    row->addWidget(status_, 1);
-    make_open();
-    QToolButton* settings_button =
-        button("Settings", "settings button", "What the box looks like and does (Ctrl+,)");
-    settings_button->setCheckable(false);
-    console_ = button("Console", "console", "Messages to and from the box (Ctrl+K)");
-    connect(play_, &QToolButton::clicked, this, [this](bool on) { play(on); });
+QToolButton* TransportBar::add_button(const QString& text, const QString& name, const QString& hint,
+                                      std::function<void()> TransportBar::*asked) {
+    QToolButton* made = add_switch(text, name, hint);
+    made->setCheckable(false);
+    connect(made, &QToolButton::clicked, this, [this, asked] { (this->*asked)(); });
+    return made;
+}
+
+void TransportBar::make_transport() {
+    QToolButton* start =
+        add_button("Start", "go to start", "Go to the start (Home)", &TransportBar::go_to_start);
+    start->setIcon(style()->standardIcon(QStyle::SP_MediaSkipBackward));
+    play_ = add_switch("Play", "play", "Start or stop (Space); at the end, from the start");
+    connect(play_, &QToolButton::clicked, this, [this] { play_or_stop(); });
+    layout()->addWidget(position_);
+    position_->moved = [this](double ms) { position(ms); };
+    position_->line().installEventFilter(this);
+}
+
+void TransportBar::make_tempo() {
+    tempo_ = new QDoubleSpinBox;
+    tempo_->setObjectName("tempo");
+    tempo_->setRange(slowest, fastest);
+    tempo_->setDecimals(1);
+    tempo_->setSuffix(" bpm");
+    tempo_->setKeyboardTracking(false);
+    tempo_->setToolTip(
+        "Tempo: what ticks, beats and MIDI files are told by.\n"
+        "The events' times are in ms, and stay where they are.");
+    tempo_->installEventFilter(this);
+    connect(tempo_, &QDoubleSpinBox::valueChanged, this, [this](double bpm) { tempo(bpm); });
+    layout()->addWidget(tempo_);
+    QToolButton* tapped = add_switch("Tap", "tap", "Tap the tempo (T)");
+    tapped->setCheckable(false);
+    connect(tapped, &QToolButton::pressed, this, [this] { tap(); });
+    metronome_ = add_switch("Click", "metronome",
+                            "A click on each beat of the document's bars; it is only heard, never sent");
+    metronome_->setEnabled(false);
+    connect(metronome_, &QToolButton::clicked, this, [this](bool on) { metronome(on); });
+}
+
+void TransportBar::make_loop() {
+    loop_ = add_switch("Loop", "loop", "Play the loop range over and over");
     connect(loop_, &QToolButton::clicked, this, [this](bool on) { loop(on); });
-    connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
-    connect(settings_button, &QToolButton::clicked, this, [this] { settings(); });
+    add_button("Selection", "loop selection", "Loop the selected events (Ctrl+L)",
+               &TransportBar::loop_selection);
+}
+
+void TransportBar::make_volume() {
+    volume_ = new QSlider(Qt::Horizontal);
+    volume_->setRange(0, full_volume);
+    volume_->setValue(full_volume);
+    volume_->setFixedWidth(volume_width);
+    volume_->setFocusPolicy(Qt::NoFocus);
+    volume_->setToolTip("Volume of the synthesiser");
+    connect(volume_, &QSlider::valueChanged, this,
+            [this](int value) { volume(double(value) / full_volume); });
+    level_ = new LevelMeter;
+    level_->hide();
+    auto* sound = new QVBoxLayout;
+    sound->setSpacing(1);
+    sound->addWidget(volume_);
+    sound->addWidget(level_);
+    static_cast<QHBoxLayout*>(layout())->addLayout(sound);
+}
+
+void TransportBar::show_sound(std::function<float()> peak) {
+    level_->peak = std::move(peak);
+    level_->show();
+    metronome_->setEnabled(true);
+}
+
+void TransportBar::tap() {
+    if (const std::optional<double> bpm = taps_.tap(static_cast<double>(tap_clock_.elapsed())))
+        tempo(std::clamp(*bpm, slowest, fastest));
+}
+
+/// Return says what was typed, Escape takes it back; the keys go to the box again after either.
+bool TransportBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Escape) {
+        position_->take_back();
+        show_tempo();
+    } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        tempo_->interpretText();
+    } else {
+        return QWidget::eventFilter(watched, event);
+    }
+    leave();
+    return true;
 }
 
 void TransportBar::make_open() {
     QToolButton* open_button =
-        button("Open", "open", "Open a document or a MIDI file (Ctrl+O), a recent one, or the one before");
-    open_button->setCheckable(false);
+        add_button("Open", "open", "Open a document or a MIDI file (Ctrl+O), a recent one, or the one before",
+                   &TransportBar::open_file);
     recent_ = new QMenu(open_button);
     open_button->setMenu(recent_);
     open_button->setPopupMode(QToolButton::MenuButtonPopup);
-    connect(open_button, &QToolButton::clicked, this, [this] { open_file(); });
     connect(recent_, &QMenu::aboutToShow, this, [this] { fill_recent(); });
 }
 
@@ -90,40 +174,25 @@ void TransportBar::fill_recent() {
     if (recent_->actions().size() == 2) recent_->addAction("No recent documents")->setEnabled(false);
 }
 
-QWidget* TransportBar::make_tempo() {
-    tempo_ = new QDoubleSpinBox;
-    tempo_->setRange(slowest, fastest);
-    tempo_->setDecimals(1);
-    tempo_->setSuffix(" bpm");
-    tempo_->setKeyboardTracking(false);
-    tempo_->setToolTip("Tempo");
-    connect(tempo_, &QDoubleSpinBox::valueChanged, this, [this](double bpm) { tempo(bpm); });
-    return tempo_;
-}
-
-QWidget* TransportBar::make_volume() {
-    volume_ = new QSlider(Qt::Horizontal);
-    volume_->setRange(0, full_volume);
-    volume_->setValue(full_volume);
-    volume_->setFixedWidth(volume_width);
-    volume_->setFocusPolicy(Qt::NoFocus);
-    volume_->setToolTip("Volume of the synthesiser");
-    connect(volume_, &QSlider::valueChanged, this,
-            [this](int value) { volume(double(value) / full_volume); });
-    return volume_;
-}
-
 void TransportBar::show_state(const TransportState& state) {
     play_->setChecked(state.playing);
     play_->setText(state.playing ? "Stop" : "Play");
     loop_->setChecked(state.loop);
-    position_->setText(position_text(state.position));
-    if (tempo_->hasFocus()) return;  // not while a tempo is being typed
-    const QSignalBlocker quiet(tempo_);
-    tempo_->setValue(state.tempo);
+    position_->show_position(state.position);
+    tempo_shown_ = state.tempo;
+    if (!tempo_->hasFocus()) show_tempo();  // not while a tempo is being typed
 }
 
-void TransportBar::show_status(const QString& text) { status_->setText(text); }
+void TransportBar::show_tempo() {
+    const QSignalBlocker quiet(tempo_);
+    tempo_->setValue(tempo_shown_);
+}
+
+void TransportBar::show_status(const QString& text) {
+    status_->setText(text);
+    status_->setToolTip(text);  // where it is cut
+}
+
 void TransportBar::show_console_open(bool open) { console_->setChecked(open); }
 
 }  // namespace tq

@@ -1,9 +1,13 @@
 // The bar under the box: what the patch around it controls.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 #include <functional>
 #include <string>
+
+#include "app/window/tap_tempo.h"
+#include "instance/meter.h"
 
 class QDoubleSpinBox;
 class QLabel;
@@ -12,6 +16,9 @@ class QSlider;
 class QToolButton;
 
 namespace tq {
+
+class LevelMeter;
+class PositionField;
 
 /// What the bar shows.
 struct TransportState {
@@ -22,13 +29,23 @@ struct TransportState {
 
 class TransportBar : public QWidget {
  public:
-    TransportBar();
+    /// The position can be told in the bars of this meter.
+    explicit TransportBar(const Meter& meter);
     void show_state(const TransportState& state);
     void show_status(const QString& text);
     void show_console_open(bool open);
+    /// There is sound: a metronome and a level, which is what `peak` says (LevelMeter).
+    void show_sound(std::function<float()> peak);
+    /// A tap of the tempo, now; from the second on, it is asked for.
+    void tap();
 
     // What a person asks for.
-    std::function<void(bool)> play = [](bool) {};
+    std::function<void()> play_or_stop = [] {};
+    std::function<void()> go_to_start = [] {};
+    std::function<void(double)> position = [](double) {};  ///< ms
+    std::function<void()> loop_selection = [] {};
+    std::function<void(bool)> metronome = [](bool) {};
+    std::function<void()> leave = [] {};  ///< the keys are to go to the box again
     std::function<void(bool)> loop = [](bool) {};
     std::function<void(double)> tempo = [](double) {};   ///< beats a minute
     std::function<void(double)> volume = [](double) {};  ///< 0 to 1
@@ -39,21 +56,32 @@ class TransportBar : public QWidget {
     std::function<bool()> has_previous = [] { return false; };  ///< whether a document can be brought back
     std::function<void()> bring_previous_back = [] {};
 
- private:
-    QWidget* make_tempo();
-    QWidget* make_volume();
-    void make_open();
-    void fill_recent();
-    QToolButton* button(const QString& text, const QString& name, const QString& hint);
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
-    QToolButton *play_, *loop_, *console_;
-    QLabel *position_, *status_;
+ private:
+    void make_transport();
+    void make_tempo();
+    void make_loop();
+    void make_volume();
+    void make_open();
+    void show_tempo();
+    void fill_recent();
+    /// Adds a button that stays down, or one that does not.
+    QToolButton* add_switch(const QString& text, const QString& name, const QString& hint);
+    QToolButton* add_button(const QString& text, const QString& name, const QString& hint,
+                            std::function<void()> TransportBar::*asked);
+
+    PositionField* position_;
+    QToolButton *play_, *metronome_, *loop_, *console_;
+    QLabel* status_;
     QMenu* recent_;
     QDoubleSpinBox* tempo_;
+    double tempo_shown_ = 0;
     QSlider* volume_;
+    LevelMeter* level_;
+    TapTempo taps_;
+    QElapsedTimer tap_clock_;
 };
-
-/// "MM:SS.mmm" of a time in ms.
-QString position_text(double ms);
 
 }  // namespace tq

@@ -56,6 +56,10 @@ const std::vector<MenuRow>& menus() {
           Command::OctaveDown,
           Separator,
           Command::EventInspector}},
+        {"&Selection",
+         {Command::Quantise, Command::Humanise, Command::Legato, Command::HalfAsLong, Command::TwiceAsLong,
+          Command::Reverse, Separator, Command::Split, Command::Join, Separator, Command::Louder,
+          Command::Softer, Separator, Command::InvertSelection}},
         {"&Track",
          {Command::NewTrack, Command::DeleteTrack, Command::PreviousTrack, Command::NextTrack, Separator,
           Sounds, Separator, Command::TrackInspector}},
@@ -67,6 +71,7 @@ const std::vector<MenuRow>& menus() {
           Separator,
           Command::Milliseconds,
           Command::MinutesSeconds,
+          Command::BarsBeats,
           Separator,
           Command::ShowLabels,
           Command::ShowMessages,
@@ -83,7 +88,7 @@ const std::vector<MenuRow>& menus() {
           WindowAction::FullScreen}},
         {"&Play",
          {Command::PlayOrStop, Command::GoToStart, Command::GoToEnd, Separator, Command::Cycle,
-          Command::FollowLineCursor}},
+          Command::LoopSelection, Command::FollowLineCursor}},
         {"&Help", {WindowAction::Keys}},
     };
     return rows;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <thread>
@@ -94,6 +95,20 @@ TEST_F(Realtime, stopsEndTheNotesOfTheirSource) {
     player.note(senseless);
     render(44100);
     EXPECT_NEAR(sound.back(), 0, 1e-4);
+}
+
+TEST_F(Realtime, thePeakIsOfAllThatWasRenderedSinceItWasTaken) {
+    player.start(0);
+    player.note(click(0));
+    render(44100);
+    const float highest = *std::ranges::max_element(sound);
+    const float peak = player.take_peak();
+    EXPECT_GT(highest, 0.01f);
+    EXPECT_GE(peak, highest) << "of both sides, block by block";
+    EXPECT_LE(peak, 1);
+    EXPECT_EQ(player.take_peak(), 0);
+    render(44100);
+    EXPECT_LT(player.take_peak(), 1e-3f) << "silence by now";
 }
 
 TEST_F(Realtime, nothingIsLostBetweenTheThreads) {

@@ -32,7 +32,6 @@ void answer_question(QMessageBox::StandardButton button) {
 
 struct WindowFiles : WindowTest {
     WindowFiles() {
-        ::setenv("XDG_STATE_HOME", folder.path.c_str(), 1);
         window.ask_before_losing();
     }
 

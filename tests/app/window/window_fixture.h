@@ -12,6 +12,7 @@
 
 #include "app/window/box_widget.h"
 #include "app/window/main_window.h"
+#include "temporary_folder.h"
 
 namespace tq::test {
 
@@ -26,7 +27,13 @@ inline void answer_file_dialog(const QString& file) {
     });
 }
 
+/// What is kept between sessions is kept here.
+struct StateFolder : TemporaryFolder {
+    StateFolder() { ::setenv("XDG_STATE_HOME", path.c_str(), 1); }
+};
+
 struct WindowTest : testing::Test {
+    StateFolder state;
     MainWindow window{Loudspeaker{nullptr, "not in a test"}};
     Session& session = window.session();
     Prseq& box = session.box();

@@ -8,7 +8,6 @@
 #include <QWheelEvent>
 
 #include "app/midi/files.h"
-#include "app/window/transport_bar.h"
 #include "app/window/wheel.h"
 #include "app/window/window_fixture.h"
 #include "temporary_folder.h"
@@ -96,14 +95,12 @@ TEST_F(WindowTest, TheBarShowsAndSetsWhatTheBoxDoes) {
     EXPECT_TRUE(part<QToolButton>("loop").isChecked());
     QTest::mouseClick(&part<QToolButton>("loop"), Qt::LeftButton);
     EXPECT_FALSE(box.cycle.active);
-    itm_settempo(*box.transport, 90);
-    session.send("position 61234");
     session.send("maxtime 90000");
     session.send("position 61234");
     QTest::qWait(20);
     QStringList texts;
     for (QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
-    EXPECT_TRUE(texts.contains("01:01.234"));
+    EXPECT_EQ(part<QLineEdit>("position").text(), "01:01.234");
     EXPECT_FALSE(texts.filter("no audio device").isEmpty());
 }
 
@@ -193,12 +190,6 @@ TEST(Wheel, NotchesAndPixelsAreTurnedIntoUnits) {
     EXPECT_EQ(wheel_delta({0, 120}, {}, true, md), (WheelDelta{unit, 0}));
     EXPECT_EQ(wheel_delta({0, 40}, {0, 25}, false, md), (WheelDelta{0, unit * 2.5}));
     EXPECT_EQ(wheel_delta({40, 0}, {50, 0}, false, md), (WheelDelta{unit * 0.25, 0}));
-}
-
-TEST(TransportBarText, PositionsAreMinutesSecondsAndMilliseconds) {
-    EXPECT_EQ(position_text(0), "00:00.000");
-    EXPECT_EQ(position_text(61005.9), "01:01.005");
-    EXPECT_EQ(position_text(7200000), "120:00.000");
 }
 
 }  // namespace
