@@ -134,7 +134,7 @@ TEST_F(SelectionEdits, StretchesAboutItsStart) {
     add(5e11, 1000);
     select_all();
     EXPECT_TRUE(
-        says("stretch 3", "error", "error tq.sorvo: stretch: FACTOR leads beyond what a timeline can hold"));
+        says("stretch 3", "error", "error tq.sorvo: bad argument for message stretch: FACTOR leads beyond what a timeline can hold"));
     EXPECT_EQ(last_edit(), "Insert Event");
 }
 

@@ -101,6 +101,19 @@ TEST_F(TrackMessages, deleteTracksAndKeepAnotherActive) {
     EXPECT_TRUE(says("event id 2 start 5", "error", "error tq.sorvo: no event with id 2 "));
 }
 
+TEST_F(TrackMessages, sendTracksElsewhere) {
+    say("track_add A\ntrack_add B\nundoredo_clear\ntrack_destination gm:48:8\ntrack_destination 0 mine");
+    EXPECT_EQ(box().tracks[1]->destination.text(), "gm:48:8") << "the active track's";
+    EXPECT_EQ(box().tracks[0]->destination.text(), "mine");
+    EXPECT_EQ(box().history.items.size(), 0u);
+    EXPECT_EQ(say("track_destination 0 mine"), Lines()) << "nothing changes, nothing is said";
+    say("track_destination");
+    EXPECT_EQ(box().tracks[1]->destination, Symbol());
+    for (const char* wrong : {"track_destination 2 x", "track_destination 0 1", "track_destination a b"})
+        EXPECT_EQ(say(wrong), Lines{"error tq.sorvo: bad arguments for message track_destination"}) << wrong;
+    EXPECT_EQ(box().tracks[0]->destination.text(), "mine");
+}
+
 TEST_F(TrackMessages, colourTracks) {
     say("track_add A\ntrack_color 0");
     EXPECT_TRUE(says("track_dump", "out2 tracks color", "out2 tracks color 0 0.94 0.46 0.46"));

@@ -62,10 +62,6 @@ struct Filler {
     void fill(MouseCall& record, const MouseKind&) { record.kind = static_cast<MouseCall::Kind>(below(5)); }
     void fill(MouseCall& record, const MouseButton&) { record.right = below(2); }
     template <typename R>
-    void fill(R& record, const Flag<R>& field) {
-        record.*field.member = below(2);
-    }
-    template <typename R>
     void fill(R& record, const LastWords<R>& field) {
         for (size_t i = below(4); i > 0; --i)
             (record.*field.member).push_back(below(2) ? Atom(gensym(word())) : Atom(number(-1e6, 1e6)));

@@ -34,7 +34,7 @@ TEST_F(WindowTest, TheBoxFillsTheWindowAndFollowsItsSize) {
 TEST_F(WindowTest, TheWindowShowsThePictureOfTheBox) {
     session.send("upperdisplaycolor 1 0 0 1");
     QTest::qWait(20);
-    QImage picture = window.grab().toImage();
+    QImage picture = box_widget().grab().toImage();
     EXPECT_EQ(picture.pixelColor(picture.width() - 5, 5), QColor(Qt::red));
     EXPECT_EQ(picture.pixelColor(0, 100), QColor(Qt::black)) << "the border, to the edge";
 }
