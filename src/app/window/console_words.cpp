@@ -192,7 +192,7 @@ Names completions(std::string_view line) {
     }
     std::erase_if(names, [&](const std::string& name) { return !name.starts_with(word); });
     std::ranges::sort(names);
-    names.erase(std::ranges::unique(names).begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;
 }
 

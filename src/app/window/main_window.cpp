@@ -200,7 +200,7 @@ bool MainWindow::may_lose_document() {
     QMessageBox box(QMessageBox::Question, "sorvo", "Save the changes to \"" + document_name() + "\"?",
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setObjectName("save question");
-    box.setInformativeText("If they are not saved, a copy is kept; the console tells where.");
+    box.setInformativeText("A copy of what is not saved is kept among your state files.");
     timer_.wake();
     const int answer = box.exec();
     timer_.pass_time();
