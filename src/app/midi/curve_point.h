@@ -1,6 +1,9 @@
 // A point of a curve under a note.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+#include <span>
 #include <vector>
 
 namespace tq {
@@ -11,6 +14,12 @@ struct CurvePoint {
     double value;  ///< of pitches semitones, of controllers 0…127
     friend bool operator==(const CurvePoint&, const CurvePoint&) = default;
 };
+
+/// Whether all numbers of a curve are.
+inline bool is_finite(std::span<const CurvePoint> curve) {
+    return std::ranges::all_of(
+        curve, [](const CurvePoint& point) { return std::isfinite(point.ms) && std::isfinite(point.value); });
+}
 
 /// What a controller is at while a note lasts; it says nothing of what comes after the last point.
 struct ControllerCurve {

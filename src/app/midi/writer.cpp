@@ -25,11 +25,6 @@ constexpr double ringing_ms = 500;
 constexpr double slack_ms = 1;  // by so much rounding may set the curves of two notes apart
 constexpr double latest_ms = 1e10;
 
-bool is_finite(std::span<const CurvePoint> curve) {
-    return std::ranges::all_of(
-        curve, [](const CurvePoint& p) { return std::isfinite(p.ms) && std::isfinite(p.value); });
-}
-
 bool writable(const PartNote& note) {
     const auto time = [](double ms) { return ms >= 0 && ms <= latest_ms; };
     return time(note.start_ms) && time(note.duration_ms) && std::isfinite(note.pitch) &&

@@ -34,11 +34,6 @@ std::vector<ControllerCurve> heard_controllers(const PlayedNote& note) {
     return heard;
 }
 
-bool is_finite(std::span<const CurvePoint> curve) {
-    return std::ranges::all_of(
-        curve, [](const CurvePoint& point) { return std::isfinite(point.ms) && std::isfinite(point.value); });
-}
-
 }  // namespace
 
 std::int64_t sample_at(double ms, double rate) { return std::llround(ms * rate / 1000); }

@@ -124,7 +124,7 @@ void MainWindow::connect_parts() {
     bar_->settings = [this] { show_settings(); };
     bar_->open_file = [this] { choose_and_open(); };
     bar_->open_recent = [this](const std::string& path) { open_another(path); };
-    bar_->has_previous = [this] { return journal_ && has_previous_document(*journal_); };
+    bar_->has_previous = [this] { return enabled(WindowAction::BringBack); };
     bar_->bring_previous_back = [this] { bring_previous_back(); };
     make_shortcuts(*this, *box_, [this](const Shortcut::What& what) { run(what); });
 }

@@ -1,7 +1,6 @@
 #include "app/window/transport_bar.h"
 
 #include <QDoubleSpinBox>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -14,9 +13,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/patch/recent_files.h"
 #include "app/window/level_meter.h"
 #include "app/window/position_field.h"
+#include "app/window/recent_menu.h"
 
 namespace tq {
 
@@ -166,12 +165,8 @@ void TransportBar::fill_recent() {
     back->setEnabled(has_previous());
     connect(back, &QAction::triggered, this, [this] { bring_previous_back(); });
     recent_->addSeparator();
-    for (const std::string& path : recent_files()) {
-        QAction* row = recent_->addAction(QString::fromStdString(path));
-        row->setEnabled(QFileInfo::exists(QString::fromStdString(path)));
-        connect(row, &QAction::triggered, this, [this, path] { open_recent(path); });
-    }
-    if (recent_->actions().size() == 2) recent_->addAction("No recent documents")->setEnabled(false);
+    if (add_recent_files(*recent_, open_recent) == 0)
+        recent_->addAction("No recent documents")->setEnabled(false);
 }
 
 void TransportBar::show_state(const TransportState& state) {

@@ -1,13 +1,12 @@
 #include "app/window/window_menus.h"
 
-#include <QFileInfo>
 #include <QMenuBar>
 
 #include <memory>
 #include <optional>
 #include <vector>
 
-#include "app/patch/recent_files.h"
+#include "app/window/recent_menu.h"
 #include "app/window/sound_menu.h"
 
 namespace tq {
@@ -136,13 +135,7 @@ class MenuFiller {
 
     void add_recent() {
         QMenu* recent = menu_.addMenu("Open Recent");
-        const std::vector<std::string> paths = recent_files();
-        recent->setEnabled(!paths.empty());
-        for (const std::string& path : paths) {
-            QAction* action = recent->addAction(QString::fromStdString(path).replace("&", "&&"));
-            action->setEnabled(QFileInfo::exists(QString::fromStdString(path)));
-            QObject::connect(action, &QAction::triggered, &menu_, [acts = acts_, path] { acts->open(path); });
-        }
+        recent->setEnabled(add_recent_files(*recent, acts_->open) > 0);
     }
 
     void add_sounds() {
