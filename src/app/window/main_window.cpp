@@ -1,23 +1,15 @@
 #include "app/window/main_window.h"
 
 #include <QDragEnterEvent>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <cstdio>
 
-#include "app/journal/recovery.h"
-#include "app/patch/kept_copies.h"
-#include "app/patch/recent_files.h"
 #include "app/window/attribute_inspector.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
@@ -25,11 +17,8 @@
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
-#include "app/window/pixmap.h"
 #include "app/window/transport_bar.h"
 #include "app/window/window_menus.h"
-#include "file/document_writer.h"
-#include "host/files.h"
 #include "instance/change.h"
 #include "model/tracks.h"
 
@@ -38,10 +27,6 @@ namespace tq {
 namespace {
 
 constexpr int first_width = 1200, first_height = 740, console_height = 160;
-
-const char *const document_files = "Documents (*.json *.sorvo);;All files (*)",
-                  *const openable_files =
-                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)";
 
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
@@ -65,8 +50,7 @@ Atom exact_atom(double value) {
 }  // namespace
 
 MainWindow::MainWindow(Loudspeaker loudspeaker, std::unique_ptr<Session> session)
-    : PatchFiles(session->host().patch),
-      loudspeaker_(std::move(loudspeaker)),
+    : loudspeaker_(std::move(loudspeaker)),
       own_session_(std::move(session)),
       session_(*own_session_),
       timer_(session_.host().scheduler),
@@ -122,116 +106,11 @@ void MainWindow::connect_parts() {
     bar_->tempo = [this](double bpm) { call(TempoCall{bpm}); };
     bar_->console = [this](bool open) { show_console(open); };
     bar_->settings = [this] { show_settings(); };
-    bar_->open_file = [this] { choose_and_open(); };
-    bar_->open_recent = [this](const std::string& path) { open_another(path); };
-    bar_->has_previous = [this] { return enabled(WindowAction::BringBack); };
-    bar_->bring_previous_back = [this] { bring_previous_back(); };
+    bar_->open_file = [this] { files_.choose_and_open(); };
+    bar_->open_recent = [this](const std::string& path) { files_.open_another(path); };
+    bar_->has_previous = [this] { return files_.has_previous(); };
+    bar_->bring_previous_back = [this] { files_.bring_previous_back(); };
     make_shortcuts(*this, *box_, [this](const Shortcut::What& what) { run(what); });
-}
-
-std::optional<std::string> MainWindow::open_dialog() {
-    return ask([this] { return QFileDialog::getOpenFileName(this, "Open", {}, document_files); });
-}
-
-std::optional<std::string> MainWindow::save_dialog(const std::string& name) {
-    return ask([this, &name] {
-        const DocumentInfo& info = session_.box().info;
-        const bool titled = info.filename.empty() && info.title != DocumentInfo().title;
-        return choose_file_to_write(*this, {"Save", document_files, "json"},
-                                    titled ? info.title + ".json" : name);
-    });
-}
-
-/// A menu below a point of the box; what plays goes on while it is open.
-std::optional<size_t> MainWindow::popup(std::span<const PopupItem> items, Point at) {
-    QMenu menu(this);
-    for (size_t i = 0; i < items.size(); ++i) {
-        const PopupItem& item = items[i];
-        if (item.separator) {
-            menu.addSeparator();
-            continue;
-        }
-        QAction* action = menu.addAction(QString::fromStdString(item.text).replace("&", "&&"));
-        action->setData(QVariant::fromValue(static_cast<qulonglong>(i)));
-        action->setEnabled(!item.disabled);
-        action->setCheckable(item.checked);
-        action->setChecked(item.checked);
-        if (item.icon) action->setIcon(icon_of(*item.icon));
-    }
-    timer_.wake();
-    const QAction* chosen = menu.exec(box_->mapToGlobal(QPointF(at.x, at.y).toPoint()));
-    timer_.pass_time();
-    return chosen ? std::optional<size_t>(chosen->data().toULongLong()) : std::nullopt;
-}
-
-void MainWindow::keep_copy(const Object& object, const std::string& text) {
-    std::string fault;
-    const std::optional<std::string> path = tq::keep_copy(session_.box().info.filename, text, fault);
-    kept_ = path.has_value();
-    const std::string told =
-        path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
-    std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
-    object_post(object, told);
-}
-
-/// The box waits for what was chosen, and time goes on while its dialog is open.
-std::optional<std::string> MainWindow::ask(const std::function<QString()>& dialog) {
-    timer_.wake();
-    const QString path = dialog();
-    timer_.pass_time();
-    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
-}
-
-/// Nothing happens to the document before a file is chosen.
-void MainWindow::choose_and_open() {
-    const QString path = QFileDialog::getOpenFileName(this, "Open", {}, openable_files);
-    if (!path.isEmpty()) open_another(path.toStdString());
-}
-
-/// A document takes the place of another.
-void MainWindow::open_another(const std::string& path) {
-    if (may_lose_document()) open(path);
-}
-
-/// Whether what is not saved may go: it is saved first if that is wanted.
-bool MainWindow::may_lose_document() {
-    const auto changed = [this] { return prseq_getdirtyflag(session_.box()); };
-    if (!asks_ || !changed()) return true;
-    QMessageBox box(QMessageBox::Question, "sorvo", "Save the changes to \"" + document_name() + "\"?",
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setObjectName("save question");
-    box.setInformativeText("A copy of what is not saved is kept among your state files.");
-    timer_.wake();
-    const int answer = box.exec();
-    timer_.pass_time();
-    if (answer == QMessageBox::Save) run(Command::Save);
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !changed());
-}
-
-void MainWindow::revert() {
-    const DocumentInfo& info = session_.box().info;
-    if (info.filename.empty()) return;
-    const std::string path = path_in_folder(info.folder, info.filename);
-    const auto answer =
-        !asks_
-            ? QMessageBox::Yes
-            : QMessageBox::question(this, "sorvo", "Go back to \"" + document_name() + "\" as it was saved?");
-    if (answer == QMessageBox::Yes) open(path);
-}
-
-void MainWindow::export_as(const ExportKind& kind) {
-    const QString path = choose_file_to_write(*this, kind.question,
-                                              QFileInfo(document_name()).completeBaseName().toStdString());
-    if (path.isEmpty()) return;
-    const std::string fault = export_with_progress(*this, session_, kind, path.toStdString());
-    if (!fault.empty()) tell("could not write \"" + path.toStdString() + "\": " + fault);
-}
-
-/// Its file's, or what it is called.
-QString MainWindow::document_name() const {
-    const DocumentInfo& info = session_.box().info;
-    const QString file = QFileInfo(QString::fromStdString(info.filename)).fileName();
-    return file.isEmpty() ? QString::fromStdString(info.title) : file;
 }
 
 void MainWindow::set_full_screen(bool on) {
@@ -248,7 +127,7 @@ void MainWindow::make_menus() {
         {.act = [this](const Shortcut::What& what) { run(what); },
          .enabled = [this](const Shortcut::What& what) { return enabled(what); },
          .checked = [this](const Shortcut::What& what) { return checked(what); },
-         .open = [this](const std::string& path) { open_another(path); },
+         .open = [this](const std::string& path) { files_.open_another(path); },
          .destination =
              [this] {
                  const Track* track = track_at(session_.box(), session_.box().activetrack);
@@ -268,7 +147,7 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
         case WindowAction::ExportMidi:
             return command_row(Command::SaveAs).enabled(box);
         case WindowAction::BringBack:
-            return journal_ && has_previous_document(*journal_);
+            return files_.has_previous();
         default:
             return true;
     }
@@ -278,24 +157,6 @@ bool MainWindow::checked(const Shortcut::What& what) const {
     return what == Shortcut::What(WindowAction::FullScreen) ? isFullScreen()
            : what == Shortcut::What(WindowAction::Console)  ? !console_->isHidden()
                                                             : false;
-}
-
-/// In a window of its own: what is in this one stays.
-void MainWindow::bring_previous_back() {
-    std::optional<Recovery> recovery = journal_ ? recover_previous_document(*journal_) : std::nullopt;
-    if (!recovery) return tell("there is no document to bring back");
-    auto* window = new MainWindow(open_loudspeaker(), std::move(recovery->session));
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->go_on_with(*recovery);
-    window->show();
-}
-
-void MainWindow::go_on_with(Recovery& recovery) {
-    keep_journal(go_on(session_, recovery));
-    if (session_.box().playing) send("int 0");
-    if (const std::string& fault = recovery.replay.fault; !fault.empty())
-        tell("the session did not come back as a whole: " + fault);
-    refresh();
 }
 
 void MainWindow::listen_to_loudspeaker() {
@@ -309,23 +170,6 @@ void MainWindow::listen_to_loudspeaker() {
     bar_->volume = [this](double volume) { loudspeaker_.output->set_volume(volume); };
     bar_->metronome = [this](bool on) { timer_.act([this, on] { metronome_->turn(on); }); };
     bar_->show_sound([this] { return loudspeaker_.output->take_peak(); });
-}
-
-bool MainWindow::open(const std::string& path) {
-    opened_ = false;
-    timer_.act([this, path] {
-        opened_ = session_.open(path);
-        if (opened_ && session_.box().info.filename.empty()) {  // a MIDI file, which has no view of its own
-            remember_file(path);
-            const bool animation = session_.box().zoom_animation;
-            session_.send("zoom_animation 0");
-            session_.send("zoom_out_all");
-            session_.send(animation ? "zoom_animation 1" : "zoom_animation 0");
-        }
-        if (!opened_) show_console(true);
-        refresh();
-    });
-    return opened_;
 }
 
 void MainWindow::call(const SessionCall& call) {
@@ -349,17 +193,17 @@ void MainWindow::run(const Shortcut::What& what) {
 void MainWindow::run(WindowAction action) {
     switch (action) {
         case WindowAction::Open:
-            return choose_and_open();
+            return files_.choose_and_open();
         case WindowAction::Revert:
-            return revert();
+            return files_.revert();
         case WindowAction::ExportSound:
-            return export_as(sound_export);
+            return files_.export_as(sound_export);
         case WindowAction::ExportMidi:
-            return export_as(midi_export);
+            return files_.export_as(midi_export);
         case WindowAction::ExportPicture:
-            return export_as(picture_export);
+            return files_.export_as(picture_export);
         case WindowAction::BringBack:
-            return bring_previous_back();
+            return files_.bring_previous_back();
         case WindowAction::History:
             return show_history();
         case WindowAction::FullScreen:
@@ -419,18 +263,8 @@ void MainWindow::tell(const std::string& text) {
     show_console(true);
 }
 
-void MainWindow::remember_document() {
-    const DocumentInfo& info = session_.box().info;
-    std::string path = info.filename.empty() ? "" : path_in_folder(info.folder, info.filename);
-    if (path == remembered_) return;
-    remembered_ = std::move(path);
-    if (!remembered_.empty()) remember_file(remembered_);
-}
-
 void MainWindow::refresh() {
-    if (std::string fault = journal_ ? journal_->take_fault() : ""; !fault.empty())
-        object_post(session_.box(), "the journal of this session cannot be written: " + fault);
-    remember_document();
+    files_.refresh();
     const Prseq& box = session_.box();
     bar_->show_state({.playing = box.playing,
                       .loop = box.cycle.active,
@@ -438,7 +272,7 @@ void MainWindow::refresh() {
                       .tempo = itm_gettempo(*box.transport)});
     if (metronome_) metronome_->follow();
     if (history_) history_->follow();
-    setWindowTitle(document_name() + "[*] – sorvo");
+    setWindowTitle(files_.document_name() + "[*] – sorvo");
     setWindowModified(prseq_getdirtyflag(box));
 }
 
@@ -457,14 +291,10 @@ void MainWindow::measure_display() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (!may_lose_document()) return event->ignore();
+    if (!files_.may_lose_document()) return event->ignore();
     inspectors_.close();
     if (settings_) settings_->close();
-    Prseq& box = session_.box();
-    kept_ = true;
-    if (prseq_getdirtyflag(box))
-        session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
-    if (journal_ && kept_) journal_->finish();
+    files_.finish();
     QWidget::closeEvent(event);
 }
 
@@ -474,7 +304,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
     const QString file = dragged_file(event->mimeData());
-    if (!file.isEmpty()) open_another(file.toStdString());
+    if (!file.isEmpty()) files_.open_another(file.toStdString());
 }
 
 }  // namespace tq

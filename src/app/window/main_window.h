@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 
-#include "app/journal/journal.h"
 #include "app/patch/loudspeaker.h"
 #include "app/patch/metronome.h"
 #include "app/patch/note_listener.h"
@@ -14,6 +13,7 @@
 #include "app/window/inspector_windows.h"
 #include "app/window/session_timer.h"
 #include "app/window/shortcuts.h"
+#include "app/window/window_files.h"
 
 class QSplitter;
 
@@ -24,29 +24,24 @@ class BoxWidget;
 class Console;
 class ConsoleLines;
 class HistoryList;
-struct ExportKind;
-struct Recovery;
 class TransportBar;
 
-class MainWindow : public QWidget, private PatchFiles {
+class MainWindow : public QWidget {
  public:
     explicit MainWindow(Loudspeaker loudspeaker,
                         std::unique_ptr<Session> session = std::make_unique<Session>());
     ~MainWindow() override;
-    /// Opens a document or a Standard MIDI File. False when it is neither; the console then says why.
-    bool open(const std::string& path);
-    /// The session's journal, from now on; it goes when the window is closed and nothing can be lost.
-    void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
-    /// Goes on with a session that was brought back, which stands still first: in its own journal.
-    void go_on_with(Recovery& recovery);
-    /// From now on, what is not saved is asked about before it is closed or replaced by a file; until then, a
-    /// copy is kept in silence, as when nobody is there to answer.
-    void ask_before_losing() { asks_ = true; }
-    /// Says something on the console, and shows it.
-    void tell(const std::string& text);
     Session& session() { return session_; }
     SessionTimer& timer() { return timer_; }
     BoxWidget& box() { return *box_; }
+    WindowFiles& files() { return files_; }
+    /// Says something on the console, and shows it.
+    void tell(const std::string& text);
+    void show_console(bool open);
+    /// Sends the box a message in message text.
+    void send(const std::string& message);
+    /// Does what a menu or a key wants, if it can be done now.
+    void run(const Shortcut::What& what);
     /// Shows what the session has become.
     void refresh();
 
@@ -64,31 +59,15 @@ class MainWindow : public QWidget, private PatchFiles {
     void call(const SessionCall& call);
     void connect_parts();
     void listen_to_loudspeaker();
-    std::optional<std::string> open_dialog() override;
-    std::optional<std::string> save_dialog(const std::string& name) override;
-    std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
-    void keep_copy(const Object& object, const std::string& text) override;
-    std::optional<std::string> ask(const std::function<QString()>& dialog);
-    void send(const std::string& message);
     void make_menus();
     bool enabled(const Shortcut::What& what) const;
     bool checked(const Shortcut::What& what) const;
-    void choose_and_open();
-    void open_another(const std::string& path);
-    bool may_lose_document();
-    void revert();
-    void export_as(const ExportKind& kind);
     void set_full_screen(bool on);
-    QString document_name() const;
-    void bring_previous_back();
     /// A command of the box.
     void run(Command command);
     void run(WindowAction action);
-    void run(const Shortcut::What& what);
-    void show_console(bool open);
     void show_settings();
     void show_history();
-    void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
     std::unique_ptr<Session> own_session_;
@@ -98,15 +77,11 @@ class MainWindow : public QWidget, private PatchFiles {
     NoteListener notes_;
     std::unique_ptr<Metronome> metronome_;  ///< none without a loudspeaker
     BoxWidget* box_;
+    WindowFiles files_{*this};
     Console* console_;
     std::unique_ptr<ConsoleLines> console_lines_;
     TransportBar* bar_;
     QSplitter* splitter_;
-    bool asks_ = false;
-    bool opened_ = false;     ///< the last file that was to be opened
-    bool kept_ = true;        ///< the last document that was not saved has a copy
-    std::string remembered_;  ///< the document that was last put among the recent files
-    std::unique_ptr<Journal> journal_;
     InspectorWindows inspectors_;
     std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
     HistoryList* history_ = nullptr;                ///< likewise

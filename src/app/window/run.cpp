@@ -27,13 +27,13 @@ std::optional<Recovery> wanted_recovery(const std::vector<DeadSession>& dead, co
 void bring_back(MainWindow& window, Recovery& recovery) {
     std::error_code ignored;
     if (!recovery.working_folder.empty()) std::filesystem::current_path(recovery.working_folder, ignored);
-    window.go_on_with(recovery);
+    window.files().go_on_with(recovery);
 }
 
 void begin_journal(MainWindow& window) {
     std::string fault;
     if (std::optional<SessionFolder> folder = SessionFolder::make(fault))
-        window.keep_journal(std::make_unique<Journal>(window.session(), std::move(*folder), true));
+        window.files().keep_journal(std::make_unique<Journal>(window.session(), std::move(*folder), true));
     else
         window.tell("this session has no journal: " + fault);
 }
@@ -74,13 +74,13 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     if (!recovery && !options.lines) begin_by_hand(window.session());
     if (!options.prepare(window.session())) return 1;
     if (options.recover && !recovery) window.tell("there is no session to bring back");
-    if (can_ask && !options.lines) window.ask_before_losing();
+    if (can_ask && !options.lines) window.files().ask_before_losing();
     window.show();
     QApplication::processEvents();  // a document's view is meant for the box as it is laid out
     if (!options.file.empty() && recovery)
         window.tell("\"" + options.file + "\" was not opened: a session came back");
     else if (!options.file.empty())
-        window.open(options.file);
+        window.files().open(options.file);
     if (input) input->start();
     return QApplication::exec();
 }

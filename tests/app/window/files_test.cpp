@@ -31,9 +31,7 @@ void answer_question(QMessageBox::StandardButton button) {
 }
 
 struct WindowFiles : WindowTest {
-    WindowFiles() {
-        window.ask_before_losing();
-    }
+    WindowFiles() { window.files().ask_before_losing(); }
 
     /// The item of a menu, whose menus were opened one after the other.
     QAction* item(const QStringList& path) {
@@ -184,7 +182,7 @@ TEST_F(WindowFiles, AnExportThatIsCancelledWritesNothing) {
 TEST_F(WindowFiles, AMidiFileKeepsItsNameAndIsRemembered) {
     const std::string song = folder.file_with(
         "a song.mid", text_of(midi_file(1, 480, {"00 90 3c 40 83 60 80 3c 00 00 ff 2f 00"})));
-    ASSERT_TRUE(window.open(song));
+    ASSERT_TRUE(window.files().open(song));
     EXPECT_EQ(box.info.title, "a song");
     EXPECT_TRUE(window.windowTitle().startsWith("a song"));
     EXPECT_EQ(recent_files().at(0), song);

@@ -60,7 +60,7 @@ TEST_F(EarlierSessions, comeBackOrGoOrWaitAsTheUserSays) {
     EXPECT_EQ(find_dead_sessions().sessions.size(), 1u) << "one is gone, one is held";
 
     MainWindow window({nullptr, "not in a test"}, std::move(recovery->session));
-    window.keep_journal(go_on(window.session(), *recovery));
+    window.files().keep_journal(go_on(window.session(), *recovery));
     window.show();
     window.session().send("undo");
     EXPECT_TRUE(window.session().box().tracks.empty());
@@ -71,7 +71,7 @@ TEST_F(EarlierSessions, comeBackOrGoOrWaitAsTheUserSays) {
 TEST_F(EarlierSessions, leaveTheirDocumentsInTheMenu) {
     MainWindow window({nullptr, "not in a test"});
     window.show();
-    for (const char* name : {"a.json", "b.json"}) window.open(folder.file_with(name, good_document));
+    for (const char* name : {"a.json", "b.json"}) window.files().open(folder.file_with(name, good_document));
     std::filesystem::remove(folder.file("a.json"));
     QMenu& menu = *window.findChild<QToolButton*>("open")->menu();
     emit menu.aboutToShow();
@@ -88,14 +88,14 @@ TEST_F(EarlierSessions, leaveTheirDocumentsInTheMenu) {
 
 TEST_F(EarlierSessions, leaveADocumentThatCanBeBroughtBackWhenItWasReplaced) {
     MainWindow window({nullptr, "not in a test"});
-    window.keep_journal(begin(window.session()));
+    window.files().keep_journal(begin(window.session()));
     window.show();
     QMenu& menu = *window.findChild<QToolButton*>("open")->menu();
     const auto brings_back = [&] {
         emit menu.aboutToShow();
         return menu.actions().first()->isEnabled();
     };
-    window.open(folder.file_with("a.json", good_document));
+    window.files().open(folder.file_with("a.json", good_document));
     EXPECT_FALSE(brings_back()) << "nothing was there before";
     window.session().send("track_add unsaved");
     const std::string before = document_of(window.session());

@@ -105,7 +105,7 @@ TEST_F(WindowTest, TheBarShowsAndSetsWhatTheBoxDoes) {
 }
 
 TEST_F(WindowTest, AFileThatCannotBeOpenedIsSaidOnTheConsole) {
-    EXPECT_FALSE(window.open("/nowhere/at/all.json"));
+    EXPECT_FALSE(window.files().open("/nowhere/at/all.json"));
     EXPECT_TRUE(part<QPlainTextEdit>("console text").isVisible());
     EXPECT_TRUE(console_text().contains("all.json")) << console_text().toStdString();
 }

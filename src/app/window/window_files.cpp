@@ -1,0 +1,183 @@
+#include "app/window/window_files.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <cstdio>
+
+#include "app/journal/recovery.h"
+#include "app/patch/kept_copies.h"
+#include "app/patch/recent_files.h"
+#include "app/window/box_widget.h"
+#include "app/window/export_dialog.h"
+#include "app/window/main_window.h"
+#include "app/window/popup.h"
+#include "file/document_writer.h"
+#include "host/files.h"
+
+namespace tq {
+
+namespace {
+
+const char *const document_files = "Documents (*.json *.sorvo);;All files (*)",
+                  *const openable_files =
+                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)";
+
+}  // namespace
+
+WindowFiles::WindowFiles(MainWindow& window)
+    : PatchFiles(window.session().host().patch),
+      window_(window),
+      session_(window.session()),
+      timer_(window.timer()) {}
+
+/// The box waits for what is answered, and what plays goes on meanwhile.
+template <typename Question>
+auto WindowFiles::while_time_goes_on(Question question) {
+    timer_.wake();
+    auto answer = question();
+    timer_.pass_time();
+    return answer;
+}
+
+/// A path, or none where nothing was chosen.
+template <typename Dialog>
+std::optional<std::string> WindowFiles::ask(Dialog dialog) {
+    const QString path = while_time_goes_on(dialog);
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
+
+std::optional<std::string> WindowFiles::open_dialog() {
+    return ask([this] { return QFileDialog::getOpenFileName(&window_, "Open", {}, document_files); });
+}
+
+std::optional<std::string> WindowFiles::save_dialog(const std::string& name) {
+    return ask([this, &name] {
+        const DocumentInfo& info = session_.box().info;
+        const bool titled = info.filename.empty() && info.title != DocumentInfo().title;
+        return choose_file_to_write(window_, {"Save", document_files, "json"},
+                                    titled ? info.title + ".json" : name);
+    });
+}
+
+std::optional<size_t> WindowFiles::popup(std::span<const PopupItem> items, Point at) {
+    return while_time_goes_on([&] { return choose_below(window_.box(), at, items); });
+}
+
+void WindowFiles::keep_copy(const Object& object, const std::string& text) {
+    std::string fault;
+    const std::optional<std::string> path = tq::keep_copy(session_.box().info.filename, text, fault);
+    kept_ = path.has_value();
+    const std::string told =
+        path ? "the document was not saved; a copy is in " + *path : "no copy was kept: " + fault;
+    std::fprintf(stderr, "sorvo: %s\n", told.c_str());  // the console may be about to close
+    object_post(object, told);
+}
+
+bool WindowFiles::open(const std::string& path) {
+    opened_ = false;
+    timer_.act([this, path] {
+        opened_ = session_.open(path);
+        if (opened_ && session_.box().info.filename.empty()) {
+            remember_file(path);
+            show_all();
+        }
+        if (!opened_) window_.show_console(true);
+        window_.refresh();
+    });
+    return opened_;
+}
+
+/// A MIDI file has no view of its own.
+void WindowFiles::show_all() {
+    const bool animation = session_.box().zoom_animation;
+    session_.send("zoom_animation 0");
+    session_.send("zoom_out_all");
+    session_.send(animation ? "zoom_animation 1" : "zoom_animation 0");
+}
+
+void WindowFiles::choose_and_open() {
+    const QString path = QFileDialog::getOpenFileName(&window_, "Open", {}, openable_files);
+    if (!path.isEmpty()) open_another(path.toStdString());
+}
+
+void WindowFiles::open_another(const std::string& path) {
+    if (may_lose_document()) open(path);
+}
+
+bool WindowFiles::may_lose_document() {
+    const auto changed = [this] { return prseq_getdirtyflag(session_.box()); };
+    if (!asks_ || !changed()) return true;
+    QMessageBox box(QMessageBox::Question, "sorvo", "Save the changes to \"" + document_name() + "\"?",
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
+    box.setObjectName("save question");
+    box.setInformativeText("A copy of what is not saved is kept among your state files.");
+    const int answer = while_time_goes_on([&] { return box.exec(); });
+    if (answer == QMessageBox::Save) window_.run(Shortcut::What(Command::Save));
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !changed());
+}
+
+void WindowFiles::revert() {
+    const DocumentInfo& info = session_.box().info;
+    if (info.filename.empty()) return;
+    const std::string path = path_in_folder(info.folder, info.filename);
+    const auto answer =
+        !asks_ ? QMessageBox::Yes
+               : QMessageBox::question(&window_, "sorvo",
+                                       "Go back to \"" + document_name() + "\" as it was saved?");
+    if (answer == QMessageBox::Yes) open(path);
+}
+
+void WindowFiles::export_as(const ExportKind& kind) {
+    const QString path = choose_file_to_write(window_, kind.question,
+                                              QFileInfo(document_name()).completeBaseName().toStdString());
+    if (path.isEmpty()) return;
+    const std::string fault = export_with_progress(window_, session_, kind, path.toStdString());
+    if (!fault.empty()) window_.tell("could not write \"" + path.toStdString() + "\": " + fault);
+}
+
+void WindowFiles::bring_previous_back() {
+    std::optional<Recovery> recovery = journal_ ? recover_previous_document(*journal_) : std::nullopt;
+    if (!recovery) return window_.tell("there is no document to bring back");
+    auto* window = new MainWindow(open_loudspeaker(), std::move(recovery->session));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->files().go_on_with(*recovery);
+    window->show();
+}
+
+void WindowFiles::go_on_with(Recovery& recovery) {
+    keep_journal(go_on(session_, recovery));
+    if (session_.box().playing) window_.send("int 0");
+    if (const std::string& fault = recovery.replay.fault; !fault.empty())
+        window_.tell("the session did not come back as a whole: " + fault);
+    window_.refresh();
+}
+
+bool WindowFiles::has_previous() const { return journal_ && has_previous_document(*journal_); }
+
+void WindowFiles::refresh() {
+    if (std::string fault = journal_ ? journal_->take_fault() : ""; !fault.empty())
+        object_post(session_.box(), "the journal of this session cannot be written: " + fault);
+    const DocumentInfo& info = session_.box().info;
+    std::string path = info.filename.empty() ? "" : path_in_folder(info.folder, info.filename);
+    if (path == remembered_) return;
+    remembered_ = std::move(path);
+    if (!remembered_.empty()) remember_file(remembered_);
+}
+
+void WindowFiles::finish() {
+    Prseq& box = session_.box();
+    kept_ = true;
+    if (prseq_getdirtyflag(box))
+        session_.host().patch.keep_copy(box, TQ_Prseq_Json_MakeDictionary(box, true));
+    if (journal_ && kept_) journal_->finish();
+}
+
+QString WindowFiles::document_name() const {
+    const DocumentInfo& info = session_.box().info;
+    const QString file = QFileInfo(QString::fromStdString(info.filename)).fileName();
+    return file.isEmpty() ? QString::fromStdString(info.title) : file;
+}
+
+}  // namespace tq

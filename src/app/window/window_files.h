@@ -1,0 +1,77 @@
+// The window's dealings with files: what is opened, saved, exported and kept, and what is asked before.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "app/journal/journal.h"
+#include "host/patch_files.h"
+
+namespace tq {
+
+struct ExportKind;
+class MainWindow;
+struct Recovery;
+class Session;
+class SessionTimer;
+
+/// Answers what the box asks the user: for files, and for a line of a menu. What plays goes on meanwhile.
+class WindowFiles : private PatchFiles {
+ public:
+    explicit WindowFiles(MainWindow& window);
+    /// Opens a document or a Standard MIDI File, and loses what is there. False when it is neither; the
+    /// console then says why.
+    bool open(const std::string& path);
+    /// Asks first whether what is there may be lost.
+    void open_another(const std::string& path);
+    /// Asks for the file as well; nothing happens to the document before one is chosen.
+    void choose_and_open();
+    /// Goes back to the document as it was saved.
+    void revert();
+    void export_as(const ExportKind& kind);
+    /// In a window of its own: what is in this one stays.
+    void bring_previous_back();
+    bool has_previous() const;
+
+    /// From now on, what is not saved is asked about before it is lost; until then, a copy is kept in
+    /// silence, as when nobody is there to answer.
+    void ask_before_losing() { asks_ = true; }
+    /// Whether what is not saved may go: it is saved first if that is wanted.
+    bool may_lose_document();
+    /// The window closes. What is not saved is kept, and the journal goes when nothing can be lost.
+    void finish();
+
+    void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
+    /// Goes on with a session that was brought back, which stands still first: in its own journal.
+    void go_on_with(Recovery& recovery);
+    /// Follows what became of the document and its journal.
+    void refresh();
+    /// Its file's, or what it is called.
+    QString document_name() const;
+
+ private:
+    std::optional<std::string> open_dialog() override;
+    std::optional<std::string> save_dialog(const std::string& name) override;
+    std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
+    void keep_copy(const Object& object, const std::string& text) override;
+    template <typename Question>
+    auto while_time_goes_on(Question question);
+    template <typename Dialog>
+    std::optional<std::string> ask(Dialog dialog);
+    void show_all();
+
+    MainWindow& window_;
+    Session& session_;
+    SessionTimer& timer_;
+    bool asks_ = false;
+    bool opened_ = false;     ///< the last file that was to be opened
+    bool kept_ = true;        ///< the last document that was not saved has a copy
+    std::string remembered_;  ///< the document that was last put among the recent files
+    std::unique_ptr<Journal> journal_;
+};
+
+}  // namespace tq
