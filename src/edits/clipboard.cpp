@@ -117,7 +117,19 @@ void TQ_Prseq_Clipboard_PasteSelection(Prseq& object) {
     if (TQ_Prseq_Clipboard_GetItemToPaste(object)) TQ_Prseq_Clipboard_PasteEventsFromClipboard(object);
 }
 
-void TQ_Prseq_Clipboard_PasteEventsFromClipboard(Prseq& object) {
+std::optional<double> paste_events_at(Prseq& object, double ms) {
+    const std::vector<EventRef>* events = TQ_Prseq_Clipboard_GetItemToPaste(object);
+    if (!events) return {};
+    double first = events->front()->start, end = 0;
+    for (const EventRef& event : *events) {
+        first = std::min(first, event->start);
+        end = std::max(end, event->end());
+    }
+    TQ_Prseq_Clipboard_PasteEventsFromClipboard(object, ms - first);
+    return ms + end - first;
+}
+
+void TQ_Prseq_Clipboard_PasteEventsFromClipboard(Prseq& object, double later) {
     const std::vector<EventRef>& events = object.clipboard.events;
     Edit edit(object, Change::Events);
     if (object.tracks.empty()) prseq_addtrack(object, {tq_sym_Untitled});
@@ -130,6 +142,7 @@ void TQ_Prseq_Clipboard_PasteEventsFromClipboard(Prseq& object) {
     pasted.reserve(events.size());
     for (const EventRef& event : events) {
         EventRef copy = TQ_Prseq_Events_DuplicateEvent(object, *event);
+        copy->start += later;
         take_types(*copy, types);
         conform_event_to(*track, *copy);
         TQ_Prseq_Tracks_InsertEvent(object, *track, copy);

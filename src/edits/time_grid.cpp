@@ -13,19 +13,25 @@ constexpr double last_line = 1e12;  // ms; numbers of later lines would have no 
 
 }  // namespace
 
+bool divides_beats(const Prseq& object) {
+    return object.snap_division > 0 &&
+           object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats);
+}
+
 TimeGrid::TimeGrid(const Prseq& object, std::optional<double> ms, double swing)
     : meter_(!ms && object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats) ? &object.meter
                                                                                             : nullptr),
       distance_(ms.value_or(object.maindisplay.mslabelincrement / 10)),
-      swing_(swing) {}
+      swing_(swing),
+      division_(divides_beats(object) ? static_cast<double>(object.snap_division) : 1) {}
 
 std::optional<TimeGrid::Lines> TimeGrid::lines_at(double ms) const {
     if (std::abs(ms) > last_line) return {};
     if (!meter_) return Lines{0, distance_, HUGE_VAL};
     const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(*meter_, ms);
     if (!bar) return {};
-    const auto beats = static_cast<double>(bar->beats);
-    return Lines{bar->start, (bar->end - bar->start) / beats, beats};
+    const double count = static_cast<double>(bar->beats) * division_;
+    return Lines{bar->start, (bar->end - bar->start) / count, count};
 }
 
 double TimeGrid::line(const Lines& lines, double index) const {

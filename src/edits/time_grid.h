@@ -9,12 +9,15 @@ namespace tq {
 
 struct Prseq;
 
-/// Lines that are equally far from each other, or the beats of the bars. Every second line comes later by
-/// `swing`, 0 to 1, of half of the distance. All are at whole ms.
+/// Whether the ruler tells bars and beats, and beats are to be divided.
+bool divides_beats(const Prseq& object);
+
+/// Lines that are equally far from each other, or the beats of the bars, or parts of them. Every second line
+/// comes later by `swing`, 0 to 1, of half of the distance. All are at whole ms.
 class TimeGrid {
  public:
-    /// Lines from 0 on, `ms` from each other. Without: those of the ruler, beats or tenths of its main
-    /// divisions.
+    /// Lines from 0 on, `ms` from each other. Without: those of the ruler, beats (or the parts that they
+    /// are divided into) or tenths of its main divisions.
     TimeGrid(const Prseq& object, std::optional<double> ms, double swing);
 
     /// The nearest line, of two the later one. Where no bar is, and 30 years from now, the
@@ -33,7 +36,7 @@ class TimeGrid {
     double line(const Lines& lines, double index) const;
 
     const Meter* meter_;  ///< none: equally far
-    double distance_, swing_;
+    double distance_, swing_, division_;
 };
 
 }  // namespace tq

@@ -150,6 +150,13 @@ void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms) {
     TQ_Prseq_Tracks_OutputDone(object);
 }
 
+void prseq_tracksolo(Prseq& object, Symbol message, AtomSpan atoms) {
+    std::optional<TrackSwitch> wanted = parse_switch(object, message, atoms);
+    if (!wanted) return;
+    Edit edit(object, Edit::Unrecorded{Change::TrackDisplay});
+    TQ_Prseq_Tracks_SetSolo(object, wanted->index, wanted->on);
+}
+
 void change_track_destination(Prseq& object, const TrackRef& track, Symbol destination) {
     if (destination == track->destination) return;
     Edit edit(object, Edit::Unrecorded{Change::Tracks});
@@ -166,7 +173,13 @@ void prseq_trackdestination(Prseq& object, Symbol message, AtomSpan atoms) {
     const TrackRef track = track_at(object, index);
     if (!track || atoms.size() > 1 || (atoms.size() == 1 && !atoms.front().is_symbol()))
         return object_error(object, fmt::sprintf("bad arguments for message %s", message.text()));
-    change_track_destination(object, track, atoms.empty() ? Symbol() : atoms.front().as_symbol());
+    const Symbol destination = atoms.empty() ? Symbol() : atoms.front().as_symbol(),
+                 previous = track->destination;
+    if (destination == previous) return;
+    Edit edit(object, Change::Tracks);
+    TQ_Prseq_Tracks_SetDestination(object, track->index, destination);
+    record_track_destination(edit, track, previous);
+    TQ_Prseq_Tracks_OutputTrackInfo(object);
 }
 
 void prseq_trackbpfadd(Prseq& object, Symbol name, double minimum, double maximum, double default_) {

@@ -26,6 +26,9 @@ void prseq_trackcolor(Prseq& object, double hue);
 /// "track_visible" and "track_mute": a value for the active track, or an index and a value.
 void prseq_trackvisible(Prseq& object, Symbol message, AtomSpan atoms);
 void prseq_trackmute(Prseq& object, Symbol message, AtomSpan atoms);
+/// "track_solo", likewise: kept with the track. What is sent is the same; who plays it may leave the others
+/// out.
+void prseq_tracksolo(Prseq& object, Symbol message, AtomSpan atoms);
 /// "track_destination": a receiver's name for the active track, or an index and a name; no name: outlet 0.
 /// What it is already stays without a word.
 void prseq_trackdestination(Prseq& object, Symbol message, AtomSpan atoms);

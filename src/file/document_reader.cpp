@@ -57,10 +57,11 @@ void read_timeline(Prseq& object, const Dictionary& root) {
     });
 }
 
-/// A document that says nothing was made at the tempo that transports begin with.
+/// A document that says nothing was made at the tempo that transports begin with, on a grid that knows none.
 void read_tempo(Prseq& object, const Dictionary& root) {
     const double tempo = root.getfloat("tempo").value_or(usual_tempo);
     itm_settempo(*object.transport, std::isfinite(tempo) ? tempo : usual_tempo);
+    let_bars_follow_tempo(object, root.getlong("bars_follow_tempo").value_or(0) != 0);
 }
 
 void read_switches(Prseq& object, const Dictionary& root) {

@@ -164,6 +164,7 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
     out.appendfloat("maxtime", object.timelinelength);
     if (const double tempo = itm_gettempo(*object.transport); tempo != usual_tempo)
         out.appendfloat("tempo", tempo);
+    if (object.meter.followstempo) out.appendlong("bars_follow_tempo", 1);
     write_meters(object.meter, out);
     write_view(object, out);
     write_cycle(object.cycle, out);

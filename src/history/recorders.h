@@ -25,6 +25,7 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeActiveTrack(Edit& edit, long index,
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Edit& edit, TrackRef track, double previous,
                                                         double hue);
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Edit& edit, TrackRef track, std::string previous);
+void record_track_destination(Edit& edit, TrackRef track, Symbol previous);
 
 // events that came; each is in its track
 void TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(Edit& edit, std::vector<EventRef> events);

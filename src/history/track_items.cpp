@@ -96,6 +96,20 @@ struct TrackNameItem : UndoItem {
     }
 };
 
+struct TrackDestinationItem : TracksItem {
+    TrackDestinationItem(TrackRef t, Symbol before)
+        : track(std::move(t)), previous(before), next(track->destination) {}
+    TrackRef track;
+    Symbol previous, next;
+    std::string name() const override { return "Change Track Destination"; }
+    void undo(Prseq& object) override { set(object, previous); }
+    void redo(Prseq& object) override { set(object, next); }
+    void set(Prseq& object, Symbol destination) const {
+        track->destination = destination;
+        TQ_Prseq_Tracks_OutputTrackInfo(object);
+    }
+};
+
 }  // namespace
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Edit& edit, TrackRef track, long previously_active) {
@@ -118,6 +132,10 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackColor(Edit& edit, TrackRef tra
 
 void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeTrackName(Edit& edit, TrackRef track, std::string previous) {
     record<TrackNameItem>(edit, std::move(track), std::move(previous));
+}
+
+void record_track_destination(Edit& edit, TrackRef track, Symbol previous) {
+    record<TrackDestinationItem>(edit, std::move(track), previous);
 }
 
 }  // namespace tq

@@ -9,11 +9,20 @@ namespace tq {
 
 namespace fs = std::filesystem;
 
-fs::path state_folder() {
-    if (const char* state = std::getenv("XDG_STATE_HOME"); state && *state) return fs::path(state) / "sorvo";
+namespace {
+
+/// Where the user says, or where it is usual.
+fs::path user_folder(const char* variable, const fs::path& usual) {
+    if (const char* folder = std::getenv(variable); folder && *folder) return fs::path(folder) / "sorvo";
     const char* home = std::getenv("HOME");
-    return fs::path(home && *home ? home : ".") / ".local" / "state" / "sorvo";
+    return fs::path(home && *home ? home : ".") / usual / "sorvo";
 }
+
+}  // namespace
+
+fs::path state_folder() { return user_folder("XDG_STATE_HOME", fs::path(".local") / "state"); }
+
+fs::path config_folder() { return user_folder("XDG_CONFIG_HOME", ".config"); }
 
 std::string time_stamp() {
     auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());

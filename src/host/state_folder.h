@@ -1,4 +1,4 @@
-// Where the program keeps what is neither a document nor a setting.
+// Where the program keeps what is no document.
 #pragma once
 
 #include <filesystem>
@@ -8,6 +8,8 @@ namespace tq {
 
 /// The program's folder among the user's state files (XDG_STATE_HOME); it need not exist.
 std::filesystem::path state_folder();
+/// The same among the user's settings (XDG_CONFIG_HOME).
+std::filesystem::path config_folder();
 /// The present moment, as part of a file name: the order of names is that of time.
 std::string time_stamp();
 /// Where a copy of a file of this name is to be kept, in a folder that is there by now if it can be. Two

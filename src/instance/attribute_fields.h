@@ -17,6 +17,8 @@ struct AttributeFields {
     double menufontsize = 0;
     long event_capture_span = 0;  ///< ms
     bool snaptime = false, snappitch = false;
+    long snap_division = 0;          ///< parts of a beat; 0: the ruler's own steps
+    bool bars_follow_tempo = false;  ///< in new documents; see Meter
     bool menudisplay = false, focusdisplay = false, dirtydisplay = false;
     bool trackdisplay = false, keydisplay_shown = false, parameterdisplay = false;
     bool showlabels = false, showmessages = false, showbpfs = false, showbuffers = false,

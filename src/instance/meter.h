@@ -32,6 +32,8 @@ struct Meter {
     std::vector<BarRegion> barregions;  ///< ascending by measure
     std::vector<MeasureSpan> spans;     ///< in time order, without gaps
     long firstbarnumber = 1;            ///< shown for the bar of index 0
+    bool followstempo = false;          ///< else a whole note lasts 4 s
+    double wholenote = 4000;            ///< ms
 };
 
 }  // namespace tq

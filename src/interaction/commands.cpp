@@ -9,6 +9,7 @@
 #include "edits/track_edits.h"
 #include "edits/type_edits.h"
 #include "file/document_messages.h"
+#include "history/edit.h"
 #include "history/undoredo.h"
 #include "instance/change.h"
 #include "instance/prseq.h"
@@ -16,6 +17,7 @@
 #include "interaction/mouse_modes.h"
 #include "interaction/replace_document.h"
 #include "interaction/step_commands.h"
+#include "model/bars.h"
 #include "model/bpf_editor.h"
 #include "model/select_where.h"
 #include "model/selection.h"
@@ -197,6 +199,25 @@ bool has_one_selected(const Prseq& object) {
 bool has_active_track(const Prseq& object) { return TQ_Prseq_Tracks_GetActiveTrack(object); }
 bool shows_bpfs(const Prseq& object) { return has_active_track(object) && object.showbpfs; }
 
+template <bool Track::*field>
+bool is_set(const Prseq& object) {
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    return track && (*track).*field;
+}
+/// Turns it round on the active track, as its message does.
+template <bool Track::*field, void (*message)(Prseq&, Symbol, AtomSpan)>
+void turn_track(Prseq& object) {
+    const Atom other(long{!is_set<field>(object)});
+    message(object, Symbol(), {&other, 1});
+}
+
+bool bars_follow_tempo(const Prseq& object) { return object.meter.followstempo; }
+/// In this document; what new ones begin with is the attribute's.
+void turn_bars_follow_tempo(Prseq& object) {
+    Edit edit(object, Edit::Unrecorded{Change::Meter});
+    let_bars_follow_tempo(object, !object.meter.followstempo);
+}
+
 template <bool AttributeFields::*field>
 bool is_on(const Prseq& object) {
     return object.*field;
@@ -268,6 +289,8 @@ constexpr CommandRow rows[] = {
     {Command::Cut, "cut", "Cut", has_selection, never, TQ_Prseq_Clipboard_CutSelection},
     {Command::Copy, "copy", "Copy", has_selection, never, TQ_Prseq_Clipboard_CopySelection},
     {Command::Paste, "paste", "Paste", can_paste, never, TQ_Prseq_Clipboard_PasteSelection},
+    {Command::PasteAtPosition, "paste_at_position", "Paste at the Position", can_paste, never,
+     paste_at_position},
     {Command::DeleteEvents, "delete_events", "Delete", has_selection, never, prseq_deleteselectedevents},
     {Command::Delete, "delete", "Delete", has_selection, never, delete_selected},
     {Command::SelectAllEvents, "select_all_events", "Select All", has_events, never, select_all_events},
@@ -326,6 +349,10 @@ constexpr CommandRow rows[] = {
     {Command::DeleteTrack, "delete_track", "Delete Track", has_tracks, never, delete_track},
     {Command::PreviousTrack, "previous_track", "Previous Track", has_tracks, never, activate_track<-1>},
     {Command::NextTrack, "next_track", "Next Track", has_tracks, never, activate_track<1>},
+    {Command::MuteTrack, "mute_track", "Mute", has_active_track, is_set<&Track::mute>,
+     turn_track<&Track::mute, prseq_trackmute>},
+    {Command::SoloTrack, "solo_track", "Solo", has_active_track, is_set<&Track::solo>,
+     turn_track<&Track::solo, prseq_tracksolo>},
     {Command::TrackInspector, "track_inspector", "Track Inspector", has_tracks, never, open_track_inspector},
     toggle<&AttributeFields::showlabels>(Command::ShowLabels, "showlabels", "Show Labels", has_active_track),
     toggle<&AttributeFields::showmessages>(Command::ShowMessages, "showmessages", "Show Messages",
@@ -348,6 +375,8 @@ constexpr CommandRow rows[] = {
      follow_line_cursor_or_not},
     toggle<&AttributeFields::snappitch>(Command::PitchSnap, "snappitch", "Pitch Snap"),
     toggle<&AttributeFields::snaptime>(Command::TimeSnap, "snaptime", "Time Snap"),
+    {Command::BarsFollowTempo, "bars_follow_tempo", "Bars Follow the Tempo", always, bars_follow_tempo,
+     turn_bars_follow_tempo},
     mode_row<MouseMode::Select>(Command::SelectMode, "select_mode"),
     mode_row<MouseMode::Insert>(Command::InsertMode, "insert_mode"),
     mode_row<MouseMode::Slice>(Command::SliceMode, "slice_mode"),

@@ -23,8 +23,8 @@ constexpr double shortest = 1;  // ms
 
 /// To the grid of the ruler: beats, or parts of the main divisions. Where there is no bar, nothing is near.
 double snapped_start(const Prseq& object, double ms) {
-    if (!object.snaptime || object.timedisplaytype != static_cast<long>(TimeDisplayType::BarsBeats))
-        return snapped(ms, snap_grid(object));
+    const bool in_bars = object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats);
+    if (!object.snaptime || !in_bars || divides_beats(object)) return Snap(object).time(ms);
     const double beat = TQ_Prseq_Meter_CalculateSnappedNotePosition(object.meter, ms);
     return beat >= 0 ? beat : ms;
 }
@@ -33,6 +33,13 @@ void tell(Prseq& object, const Event& event, const Pointer& at) {
     show_tiptool(object, at,
                  fmt::sprintf("Start: %.2f ms\nDuration: %.2f ms\nPitch: %.2f", event.start, event.duration,
                               event.pitch));
+}
+
+/// What is clicked lasts a step of the grid.
+void last(Prseq& object, const EventRef& event, double ms) {
+    Edit edit(object, Edit::MoreOfLastItem{});
+    const std::array times{EventTimes{event, event->start, std::max(ms, shortest)}};
+    TQ_Prseq_Events_SetEventsTimes(times);
 }
 
 class InsertGesture final : public Gesture {
@@ -44,8 +51,8 @@ class InsertGesture final : public Gesture {
         Edit edit(object, Edit::MoreOfLastItem{});
         const double duration = std::max(to.ms - event_->start, shortest);
         event_->pitch = pitch_to_insert(object, to);
-        const std::array times{
-            EventTimes{event_, event_->start, std::max(snapped(duration, snap_grid(object)), shortest)}};
+        const std::array times{EventTimes{event_, event_->start,
+                                          std::max(Snap(object).length(event_->start, duration), shortest)}};
         TQ_Prseq_Events_SetEventsTimes(times);
         cover_event(object, *event_);
         tell(object, *event_, to);
@@ -65,6 +72,7 @@ std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press) {
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
     const double start = snapped_start(object, press.ms);
     EventRef event = insert_event(object, static_cast<long>(start), pitch_to_insert(object, press));
+    if (const std::optional<double> step = Snap(object).step(event->start)) last(object, event, *step);
     tell(object, *event, press);
     return std::make_unique<InsertGesture>(std::move(event));
 }

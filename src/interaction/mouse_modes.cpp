@@ -44,7 +44,7 @@ void press_in_slice_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_under(object, press);
     if (!event) return;
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-    const auto slices = slice_event(object, event, snapped(press.ms, snap_grid(object)));
+    const auto slices = slice_event(object, event, Snap(object).time(press.ms));
     if (slices) inspect(object, *slices->left);
 }
 
@@ -56,7 +56,7 @@ void press_in_glue_mode(Prseq& object, const Pointer& press) {
 
 /// The whole ms under the pointer, on the grid.
 double hovered_position(const Prseq& object, const Pointer& at) {
-    return snapped(std::floor(at.ms), snap_grid(object));
+    return Snap(object).time(std::floor(at.ms));
 }
 
 template <CursorIndex cursor>

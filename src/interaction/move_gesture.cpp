@@ -25,7 +25,11 @@ namespace {
 class MoveGesture final : public Gesture {
  public:
     MoveGesture(Prseq& object, EventRef clicked, const Pointer& press)
-        : press_(press), clicked_(std::move(clicked)), dragged_(object), extent_(dragged_.extent()) {}
+        : press_(press),
+          clicked_(std::move(clicked)),
+          pressed_start_(clicked_->start),
+          dragged_(object),
+          extent_(dragged_.extent()) {}
 
     void step(Prseq& object, const Pointer& to) override {
         Edit edit(object, Edit::Step{});
@@ -75,7 +79,7 @@ class MoveGesture final : public Gesture {
 
     void move_one(Prseq& object, const Pointer& to) {
         const UndoEventSnapshot& event = dragged_.snapshots().front();
-        const double start = snapped(std::max(event.start + to.ms - press_.ms, 0.), snap_grid(object));
+        const double start = Snap(object).time(std::max(event.start + to.ms - press_.ms, 0.));
         double pitch = object.snappitch ? to.pitch - 1 : event.pitch + to.pitch - press_.pitch;
         pitch = std::clamp(pitch, 0., Prseq::maximumpitch);
         if (object.snappitch) pitch = std::ceil(pitch);
@@ -86,11 +90,15 @@ class MoveGesture final : public Gesture {
     }
 
     void move_several(Prseq& object, const Pointer& to) {
-        const double later = extent_.held_later(to.ms - press_.ms), grid = snap_grid(object);
+        const Snap grid(object);
+        double later = extent_.held_later(to.ms - press_.ms);
+        if (grid.keeps_distances())
+            later = extent_.held_later(grid.time(pressed_start_ + later) - pressed_start_);
         const double higher = extent_.held_higher(to.pitch - press_.pitch);
         dragged_.write(object, [&](const UndoEventSnapshot& s) {
             const double pitch = s.pitch + higher;
-            return DraggedEvents::Values{snapped(s.start + later, grid), s.duration,
+            const double start = s.start + later;
+            return DraggedEvents::Values{grid.keeps_distances() ? start : grid.time(start), s.duration,
                                          object.snappitch ? jgraphics_round(pitch) : pitch};
         });
         show_tiptool(object, to,
@@ -100,6 +108,7 @@ class MoveGesture final : public Gesture {
 
     Pointer press_;
     EventRef clicked_;
+    double pressed_start_;  ///< ms, of the one that is held
     DraggedEvents dragged_;
     std::vector<EventRef> copies_;
     DraggedExtent extent_;  ///< at the press

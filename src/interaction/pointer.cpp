@@ -25,12 +25,27 @@ Point dragged_to(const Pointer& press, const Pointer& to) {
     return {press.at.x + (to.at.x - press.at.x) / fine, press.at.y + (to.at.y - press.at.y) / fine};
 }
 
-double snap_grid(const Prseq& object) {
-    return object.snaptime ? object.maindisplay.mslabelincrement / 10 : 0;
+Snap::Snap(const Prseq& object) : Snap(object, object.snaptime) {}
+
+Snap Snap::always(const Prseq& object) { return {object, true}; }
+
+Snap::Snap(const Prseq& object, bool on) {
+    if (!on) return;
+    tenths_ = object.maindisplay.mslabelincrement / 10;
+    if (divides_beats(object)) beats_.emplace(object, std::nullopt, 0);
 }
 
-double snapped(double ms, double grid) {
-    return grid > 0 ? TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse({}, grid, ms) : ms;
+double Snap::time(double ms) const {
+    if (beats_) return beats_->nearest(ms);
+    return tenths_ > 0 ? TQ_Prseq_Maindisplay_CalculateSnappedPositionFromMouse({}, tenths_, ms) : ms;
+}
+
+double Snap::length(double start, double ms) const {
+    return beats_ ? beats_->nearest(start + ms) - start : time(ms);
+}
+
+std::optional<double> Snap::step(double start) const {
+    return beats_ ? std::optional(beats_->behind(start) - start) : std::nullopt;
 }
 
 double pitch_to_insert(const Prseq& object, const Pointer& pointer) {

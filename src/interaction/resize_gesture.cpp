@@ -49,7 +49,7 @@ class ResizeGesture final : public Gesture {
 
  private:
     void drag_starts(Prseq& object, const Pointer& to) {
-        double start = snapped(std::clamp(to.ms, 0., object.timelinelength), snap_grid(object));
+        double start = Snap(object).time(std::clamp(to.ms, 0., object.timelinelength));
         const bool one = dragged_.size() == 1;
         if (one) start = std::min(start, at_press_.start + at_press_.duration - shortest);
         const double later = start - at_press_.start;
@@ -65,8 +65,8 @@ class ResizeGesture final : public Gesture {
     }
 
     void drag_ends(Prseq& object, const Pointer& to) {
-        const double duration =
-            std::max(snapped(std::max(to.ms - at_press_.start, shortest), snap_grid(object)), shortest);
+        const double duration = std::max(
+            Snap(object).length(at_press_.start, std::max(to.ms - at_press_.start, shortest)), shortest);
         const double longer = duration - at_press_.duration;
         dragged_.write(object, [&](const UndoEventSnapshot& s) {
             return DraggedEvents::Values{s.start, std::max(s.duration + longer, shortest), s.pitch};

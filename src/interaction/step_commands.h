@@ -12,5 +12,7 @@ void move_selection(Prseq& object, double grid_steps, double semitones);
 void lengthen_selection(Prseq& object, double grid_steps);
 /// Copies follow where the selection ends, and are selected.
 void duplicate_selection(Prseq& object);
+/// Pastes events from the play position on, and moves it behind them while nothing plays.
+void paste_at_position(Prseq& object);
 
 }  // namespace tq

@@ -24,13 +24,13 @@ double time_under(const Prseq& object, Point at) {
 }
 
 /// Held between two times, the lower one first; on the grid where there is one, and held again.
-double held(double ms, double low, double high, double grid) {
+double held(double ms, double low, double high, const Snap& grid) {
     const auto hold = [&](double t) { return std::max(low, std::min(t, high)); };
-    return hold(snapped(hold(ms), grid));
+    return hold(grid.time(hold(ms)));
 }
 
 void move_position(Prseq& object, Point at) {
-    prseq_position(object, held(time_under(object, at), 0, object.timelinelength, snap_grid(object)));
+    prseq_position(object, held(time_under(object, at), 0, object.timelinelength, Snap(object)));
 }
 
 class PositionGesture final : public Gesture {
@@ -67,18 +67,18 @@ class LoopGesture final : public Gesture {
 
  private:
     static void drag_start(Prseq& object, double start) {
-        move_cycle_start(object, held(start, 0, object.timelinelength, snap_grid(object)));
+        move_cycle_start(object, held(start, 0, object.timelinelength, Snap(object)));
     }
     /// Both ends stay within the timeline, and as far from each other as they were.
     void drag_middle(Prseq& object, double start) const {
         const double length = before_.end - before_.start;
-        start = held(start, std::max(0., -length), object.timelinelength - std::max(0., length),
-                     snap_grid(object));
+        start =
+            held(start, std::max(0., -length), object.timelinelength - std::max(0., length), Snap(object));
         prseq_cyclerange(object, start, start + length);
     }
     /// The end keeps to the grid, whether snapping is on or not.
     void drag_end(Prseq& object, double end) const {
-        const double grid = object.maindisplay.mslabelincrement / 10;
+        const Snap grid = Snap::always(object);
         prseq_cyclerange(object, before_.start, held(end, 0, object.timelinelength, grid));
     }
 

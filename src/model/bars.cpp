@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 
+#include "host/transport.h"
 #include "instance/change.h"
 #include "instance/prseq.h"
 #include "instance/utilities.h"
@@ -12,7 +13,7 @@ namespace tq {
 
 namespace {
 
-constexpr double whole_note_ms = 4000;
+constexpr double usual_whole_note = 4000, quarters = 4, minute = 60000;  // ms
 constexpr long no_end = 1L << 52;  // more bars than a double could number
 
 Measure bar_of(const MeasureSpan& span, long index) {
@@ -38,8 +39,24 @@ void prseq_bar(Prseq& object, long bar, long beats, long notevalue) {
     prseq_show(object, Change::Meter);
 }
 
+void let_bars_follow_tempo(Prseq& object, bool on) {
+    object.meter.followstempo = on;
+    follow_tempo(object);
+}
+
+void follow_tempo(Prseq& object) {
+    Meter& meter = object.meter;
+    const double length =
+        meter.followstempo ? quarters * minute / itm_gettempo(*object.transport) : usual_whole_note;
+    if (length == meter.wholenote) return;
+    meter.wholenote = length;
+    TQ_Prseq_Meter_CalculateMeasures(meter, object.timelinelength);
+    prseq_show(object, Change::Meter);
+}
+
 void begin_meter(Prseq& object) {
     object.meter.barregions.clear();
+    let_bars_follow_tempo(object, object.bars_follow_tempo);
     prseq_bar(object, object.meter.firstbarnumber, 4, 4);
 }
 
@@ -66,7 +83,7 @@ void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength) {
     for (size_t r = 0; r < meter.barregions.size() && start <= timelinelength; ++r) {
         const BarRegion& region = meter.barregions[r];
         double length =
-            static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * whole_note_ms;
+            static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * meter.wholenote;
         long next_change = r + 1 < meter.barregions.size() ? meter.barregions[r + 1].measure : no_end;
         // A bar that starts exactly at the timeline's end is made.
         double left =

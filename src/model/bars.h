@@ -1,4 +1,4 @@
-// Bar regions, and the bars that they make on a fixed grid of 1000 ms a quarter note.
+// Bar regions, and the bars that they make on a grid of 1000 ms a quarter note, or of the tempo's quarters.
 #pragma once
 
 #include <optional>
@@ -14,7 +14,12 @@ struct Prseq;
 /// beat, and for a bar before the first.
 void prseq_bar(Prseq& object, long bar, long beats, long notevalue);
 
-/// The meter of a new box: 4/4 from the first bar on.
+/// Whether a quarter note of the bars lasts one of the tempo; else it lasts 1000 ms.
+void let_bars_follow_tempo(Prseq& object, bool on);
+/// The tempo may be another one.
+void follow_tempo(Prseq& object);
+
+/// The meter of a new document: 4/4 from the first bar on.
 void begin_meter(Prseq& object);
 /// A region at a measure that has one replaces its signature.
 void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long notevalue);

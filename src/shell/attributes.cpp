@@ -4,6 +4,7 @@
 
 #include "host/host.h"
 #include "instance/prseq.h"
+#include "model/bars.h"
 #include "playback/time.h"
 #include "view/linecursor.h"
 #include "view/synchronise.h"
@@ -67,6 +68,8 @@ struct SwitchRow {
 constexpr SwitchRow snap_switches[] = {
     {"snaptime", &F::snaptime, "Snap Time", "Behavior", "0", false, Change::Nothing},
     {"snappitch", &F::snappitch, "Snap Pitch", "Behavior", "0", false, Change::Nothing},
+    {"bars_follow_tempo", &F::bars_follow_tempo, "Bars Follow the Tempo", "Behavior", "0", true,
+     Change::Meter},
 };
 // What moves or hides displays changes the contents of no layer that keeps its size, but for the knobs of
 // the scrollbars.
@@ -155,6 +158,8 @@ void add_attributes(Class& c) {
                false,
                Nothing});
     for (const SwitchRow& row : snap_switches) add_switch(c, row);
+    add_value(c, &F::snap_division,
+              {"snap_division", "Snap to Parts of a Beat", "Behavior", "0", {{0, 64}}, true, MainDisplay});
     for (const SwitchRow& row : display_switches) add_switch(c, row);
     add_value(
         c, &F::linecursor_update,
@@ -171,10 +176,13 @@ void add_attributes(Class& c) {
 }
 
 void attribute_modified(Prseq& object, Symbol name) {
-    static const Symbol linecursorcolor = gensym("linecursorcolor"), transport = gensym("transport");
+    static const Symbol linecursorcolor = gensym("linecursorcolor"), transport = gensym("transport"),
+                        bars_follow_tempo = gensym("bars_follow_tempo");
     if (name == linecursorcolor) TQ_Prseq_LineCursor_SetLineColor(object);
     if (name == transport)
         TQ_Prseq_Time_FollowTransport(object, itm_getnamed(object.host(), object.transportname));
+    if (name == bars_follow_tempo) let_bars_follow_tempo(object, object.bars_follow_tempo);
+    follow_tempo(object);
     synchronise_view(object);
     auto change = changes().find(name);
     if (change != changes().end()) prseq_show(object, change->second);  // fields may show what layers do not

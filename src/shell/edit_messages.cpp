@@ -9,8 +9,10 @@
 #include "edits/event_edits.h"
 #include "edits/selection_edits.h"
 #include "instance/prseq.h"
+#include "model/bpfs.h"
 #include "model/events.h"
 #include "model/select_where.h"
+#include "model/tracks.h"
 #include "shell/arguments.h"
 #include "view/layout.h"
 
@@ -135,6 +137,15 @@ void time_display_type(Prseq& object, Arguments& arguments) {
     set_time_display_type(object, TimeDisplayType(type));
 }
 
+void track_bpf_active(Prseq& object, Arguments& arguments) {
+    constexpr double highest = 1L << 52;
+    const auto index = static_cast<long>(arguments.number({"INDEX", 0, highest}));
+    arguments.end();
+    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
+    if (track && index < std::ssize(track->bpftypes)) return activate_bpf_type(object, index);
+    object_error(object, fmt::format("track_bpf_active: the active track has no curve {}", index));
+}
+
 struct MessageRow {
     const char* name;
     void (*run)(Prseq&, Arguments&);
@@ -153,7 +164,8 @@ constexpr MessageRow rows[] = {{"quantise", quantise},
                                {"select_where", select_where},
                                {"select_invert", select_invert},
                                {"event_delete", event_delete},
-                               {"time_display_type", time_display_type}};
+                               {"time_display_type", time_display_type},
+                               {"track_bpf_active", track_bpf_active}};
 
 }  // namespace
 

@@ -25,6 +25,8 @@ constexpr MessageHelp messages[] = {
     {"track_color", "HUE", "the active track's colour, 0 to 1"},
     {"track_visible", "[INDEX] 0|1", "hides or shows the active track, or that of the index"},
     {"track_mute", "[INDEX] 0|1", "lets the active track sound or mutes it, or that of the index"},
+    {"track_solo", "[INDEX] 0|1", "the synthesiser plays only tracks that are solo, if any is"},
+    {"track_bpf_active", "INDEX", "which curve of the active track is shown and edited"},
     {"track_destination", "[INDEX] [NAME]",
      "the receiver that gets the track's events; without a name, outlet 0"},
     {"track_bpf_add", "NAME MIN MAX DEFAULT", "gives every event of the active track a curve"},

@@ -40,6 +40,7 @@ void add_messages(Class& c) {
     class_addmethod(c, "track_color", prseq_trackcolor);
     class_addmethod(c, "track_visible", prseq_trackvisible);
     class_addmethod(c, "track_mute", prseq_trackmute);
+    class_addmethod(c, "track_solo", prseq_tracksolo);
     class_addmethod(c, "track_destination", prseq_trackdestination);
     class_addmethod(c, "track_bpf_add", prseq_trackbpfadd);
     class_addmethod(c, "track_parameter_add", prseq_trackparameteradd);

@@ -30,9 +30,13 @@ void draw_note_lanes(const Prseq& object, Graphics& g, const EventView& view) {
 }
 
 void draw_grid(const Prseq& object, Graphics& g, const EventView& view) {
+    constexpr double faint = 0.5;
+    Rgba part = object.maindisplaysubdivisionlinecolor;
+    part.alpha *= faint;
     for (const GridLine& line : build_grid(object, view)) {
-        jgraphics_set_source_jrgba(
-            g, line.main ? object.maindisplaymaindivisionlinecolor : object.maindisplaysubdivisionlinecolor);
+        jgraphics_set_source_jrgba(g, line.main   ? object.maindisplaymaindivisionlinecolor
+                                      : line.part ? part
+                                                  : object.maindisplaysubdivisionlinecolor);
         jgraphics_line_draw_fast(g, {line.x, 0}, {line.x, view.height}, grid_line_width);
     }
 }

@@ -22,13 +22,13 @@ bool is_black(long row_in_octave) {
 class Lines {
  public:
     explicit Lines(const EventView& view) : view_(view) {}
-    void add(double exact, bool main) {
+    void add(double exact, bool main, bool part = false) {
         const double x = view_.snap(exact);
         if (x < 0 || x >= view_.width) return;
         if (lines_.empty() || lines_.back().x != x) {
-            lines_.push_back({x, main});
+            lines_.push_back({x, main, part});
         } else if (main) {
-            lines_.back().main = true;
+            lines_.back() = {x, true, false};
         }
     }
     std::vector<GridLine> take() { return std::move(lines_); }
@@ -38,7 +38,15 @@ class Lines {
     std::vector<GridLine> lines_;
 };
 
-void add_bars(Lines& lines, const EventView& view, const MeasureSpan& span) {
+/// Parts of a beat that are too close to each other to be told apart are not shown.
+long parts_shown(const EventView& view, const MeasureSpan& span, long parts) {
+    constexpr double least = 4;  // pixels
+    const double beat = span.length / static_cast<double>(span.beats) * view.pixels_per_ms;
+    return beat / static_cast<double>(parts) >= least ? parts : 1;
+}
+
+/// Each beat of as many parts.
+void add_bars(Lines& lines, const EventView& view, const MeasureSpan& span, long parts) {
     const double from = view.ms_at(0), to = view.ms_at(view.width);
     const double last_bar = static_cast<double>(span.count) - 1;
     const double first = std::clamp(std::floor((from - span.start) / span.length), 0., last_bar);
@@ -50,9 +58,10 @@ void add_bars(Lines& lines, const EventView& view, const MeasureSpan& span) {
     for (double bar = first; bar <= last; bar += step) {
         const double start = span.start + bar * span.length;
         lines.add(view.x_of(start), true);
-        for (long beat = 1; beat < beats; ++beat)
-            lines.add(view.x_of(start + span.length * static_cast<double>(beat) / static_cast<double>(beats)),
-                      false);
+        for (long line = 1; line < beats * parts; ++line)
+            lines.add(view.x_of(start +
+                                span.length * static_cast<double>(line) / static_cast<double>(beats * parts)),
+                      false, line % parts != 0);
     }
 }
 
@@ -92,7 +101,8 @@ std::vector<NoteLane> build_note_lanes(const EventView& view) {
 std::vector<GridLine> build_grid(const Prseq& object, const EventView& view) {
     Lines lines(view);
     if (object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats)) {
-        for (const MeasureSpan& span : object.meter.spans) add_bars(lines, view, span);
+        for (const MeasureSpan& span : object.meter.spans)
+            add_bars(lines, view, span, parts_shown(view, span, std::max(object.snap_division, 1L)));
     } else {
         add_divisions(lines, view, object.maindisplay.bigbarsize);
     }

@@ -16,6 +16,7 @@ struct NoteLane {
 struct GridLine {
     double x = 0;
     bool main = false;  ///< a main division, else a subdivision
+    bool part = false;  ///< of a beat
     friend bool operator==(const GridLine&, const GridLine&) = default;
 };
 

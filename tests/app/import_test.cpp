@@ -34,7 +34,7 @@ TEST_F(Import, makesWhatMessagesWouldHaveMade) {
          "00 ff 03 04 42 61 73 73 00 c1 20 07 91 24 7f 81 00 91 24 00 00 91 30 01 87 68 91 30 00 00 ff 2f 00",
          "00 99 24 70 10 89 24 00 00 ff 2f 00"});
     std::string path = folder.file_with("song.mid", text_of(bytes));
-    say("new_track_color 0\n.tempo 125");
+    say("new_track_color 0\n.tempo 125\nbars_follow_tempo 1");
     MidiSong song = read_midi_file(bytes);
     size_t notes = 0;
     for (size_t t = 0; t < song.tracks.size(); ++t) {
@@ -100,26 +100,21 @@ struct MeterRow {
 TEST_F(Import, takesTempoAndBarsAsFarAsTheGridGoes) {
     const std::string note = "00 903c40 a400 803c40 00 ff2f00";  // 48 quarters of 96 ticks
     const MeterRow rows[] = {
-        {"nothing said", {note}, "0 4/8", 120, ""},
-        {"twice as fast", {"00 ff510303d090 00 ff580404021808 " + note}, "0 4/16", 240, ""},
-        {"three beats, then six", {"00 ff580403021808 8900 ff580406031808 " + note}, "0 3/8 4 6/16", 120, ""},
-        {"a tempo whose bars are whole ms, and whose beats are not those of the grid",
-         {"00 ff5103098968 " + note},
-         "0 20/32",
-         96,
-         ""},
-        {"a tempo whose bars the grid has not",
-         {"00 ff51030a2c2b " + note},
-         "0 4/4",
-         90,
-         "x.mid: the grid is not that of the song from bar 1 on: its bar of 4/4 lasts 2666.7 ms, one of the "
-         "grid "
-         "4000.0 ms"},
-        {"a change of tempo",
+        {"nothing said", {note}, "0 4/4", 120, ""},
+        {"twice as fast", {"00 ff510303d090 00 ff580404021808 " + note}, "0 4/4", 240, ""},
+        {"three beats, then six", {"00 ff580403021808 8900 ff580406031808 " + note}, "0 3/4 4 6/8", 120, ""},
+        {"a tempo whose bars are not whole ms", {"00 ff51030a2c2b " + note}, "0 4/4", 90, ""},
+        {"half as fast from the third bar on",
          {"8600 ff51030f4240 " + note},
-         "0 4/8 2 4/4",
+         "0 4/4 2 4/2",
          120,
          "x.mid: the tempo changes 1 times, all times are kept"},
+        {"bars that the grid of the first tempo has not",
+         {"8600 ff51030a2c2b " + note},
+         "0 4/4",
+         120,
+         "; the grid is not that of the song from bar 3 on: its bar of 4/4 lasts 2666.7 ms, one of the grid "
+         "2000.0 ms"},
     };
     for (const MeterRow& row : rows) {
         SCOPED_TRACE(row.what);
@@ -133,6 +128,7 @@ TEST_F(Import, takesTempoAndBarsAsFarAsTheGridGoes) {
         EXPECT_NEAR(itm_gettempo(*box().transport), row.tempo, 0.001);
         EXPECT_GE(measure_at(box().meter, measure_count(box().meter) - 1).end, box().timelinelength);
         const std::string output = out.str();
+        EXPECT_TRUE(box().meter.followstempo);
         EXPECT_EQ(*row.posted == 0, output.find("x.mid") == output.npos) << output;
         EXPECT_NE(output.find(row.posted), output.npos) << output;
     }

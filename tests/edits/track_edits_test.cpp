@@ -105,7 +105,7 @@ TEST_F(TrackMessages, sendTracksElsewhere) {
     say("track_add A\ntrack_add B\nundoredo_clear\ntrack_destination gm:48:8\ntrack_destination 0 mine");
     EXPECT_EQ(box().tracks[1]->destination.text(), "gm:48:8") << "the active track's";
     EXPECT_EQ(box().tracks[0]->destination.text(), "mine");
-    EXPECT_EQ(box().history.items.size(), 0u);
+    EXPECT_EQ(box().history.items.size(), 2u);
     EXPECT_EQ(say("track_destination 0 mine"), Lines()) << "nothing changes, nothing is said";
     say("track_destination");
     EXPECT_EQ(box().tracks[1]->destination, Symbol());
@@ -177,6 +177,16 @@ TEST_F(TrackMessages, renamingAndRangingATypeReachesEveryCurve) {
         out1 event done)"));
     say("undo");
     EXPECT_EQ(box().tracks[0]->events.first()->bpfs[1]->name().text(), "Gain");
+}
+
+TEST_F(TrackMessages, giveATrackADestinationThatUndoTakesBack) {
+    say("track_add A\ntrack_destination gm:40\ntrack_destination 0 gm:41\ntrack_destination 0 gm:41");
+    EXPECT_EQ(box().tracks[0]->destination.text(), "gm:41");
+    EXPECT_TRUE(says("undo", "out2 tracks destination", "out2 tracks destination gm:40"));
+    say("undo");
+    EXPECT_TRUE(box().tracks[0]->destination.empty());
+    say("redo");
+    EXPECT_EQ(box().tracks[0]->destination.text(), "gm:40");
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include "app/patch/box_settings.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <ranges>
 
 #include "host/dictionary.h"
 #include "host/files.h"
+#include "host/state_folder.h"
 #include "shell/instance.h"
 
 namespace tq {
@@ -15,18 +15,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Whoever draws notes wants those of the keys; scripts begin with the box as it is.
+/// Whoever works by hand wants the notes of the keys and bars at the song's tempo, divided into sixteenths,
+/// and has menus in the window; scripts begin with the box as it is.
 struct {
     const char *name, *values;
-} constexpr beginning[] = {{"snappitch", "1"}};
+} constexpr beginning[] = {{"snappitch", "1"},         {"snaptime", "1"},    {"snap_division", "4"},
+                           {"bars_follow_tempo", "1"}, {"menudisplay", "0"}, {"time_display_type", "2"}};
 
-fs::path settings_path() {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    const char* home = std::getenv("HOME");
-    const fs::path folder =
-        config && *config ? fs::path(config) : fs::path(home && *home ? home : ".") / ".config";
-    return folder / "sorvo" / "box.json";
-}
+fs::path settings_path() { return config_folder() / "box.json"; }
 
 Atoms beginning_of(const Attribute& attribute) {
     for (const auto& row : beginning)

@@ -12,6 +12,7 @@
 #include "interaction/commands.h"
 #include "interaction/key_commands.h"
 #include "interaction/mouse.h"
+#include "model/bars.h"
 #include "view/zoom_commands.h"
 
 namespace tq {
@@ -100,6 +101,7 @@ bool make(Session& session, const FocusCall& call) {
 
 bool make(Session& session, const TempoCall& call) {
     itm_settempo(*session.box().transport, call.bpm);
+    follow_tempo(session.box());
     return true;
 }
 

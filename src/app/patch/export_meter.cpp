@@ -10,14 +10,14 @@ namespace tq {
 
 namespace {
 
-constexpr double grid_bpm = 60;  // a quarter note of the grid lasts 1000 ms
+constexpr double whole_notes_a_minute = 240000;  // ms, at a tempo of 1
 constexpr int most_beats = 255;
 
 /// The signature at a tempo of a bar that lasts as long as the region's; the same beats if that goes, else
 /// quarters or eighths.
-std::optional<PartSignature> signature_at(const BarRegion& region, double bpm) {
-    const double whole_notes =
-        static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * bpm / grid_bpm;
+std::optional<PartSignature> signature_at(const BarRegion& region, double bpm, double whole_note) {
+    const double whole_notes = static_cast<double>(region.beats) / static_cast<double>(region.notevalue) *
+                               whole_note * bpm / whole_notes_a_minute;
     const double unit_of_same_beats = static_cast<double>(region.beats) / whole_notes;
     for (const double unit : {unit_of_same_beats, 4., 8., 1., 2., 16., 32., 64., 128.}) {
         const double beats = whole_notes * unit;
@@ -53,7 +53,8 @@ PartMeter meter_of(const Prseq& object) {
         const auto beats = static_cast<int>(std::min(region.beats, long{most_beats}));
         return std::optional(PartSignature{0, beats, static_cast<int>(region.notevalue)});
     };
-    if (!add_all([&](const BarRegion& region) { return signature_at(region, meter.bpm); }))
+    if (!add_all(
+            [&](const BarRegion& region) { return signature_at(region, meter.bpm, object.meter.wholenote); }))
         add_all(as_they_are);
     return meter;
 }

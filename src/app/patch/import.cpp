@@ -95,8 +95,10 @@ class TrackImport {
     std::vector<BpfType*> types_;  ///< of the controllers, in their order
 };
 
+/// The first one, at which the bars are counted.
 void set_tempo(Prseq& object, const MidiSong& song) {
     if (!song.tempos.empty()) itm_settempo(*object.transport, 60e6 / song.tempos.front().quarter_us);
+    let_bars_follow_tempo(object, true);
 }
 
 /// Bars up to the end of the timeline, which must be settled.
@@ -161,7 +163,7 @@ std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& pa
     }
     settle_timeline_length(object);
     set_tempo(object, *song);
-    const ImportedMeter meter = meter_of(*song);
+    const ImportedMeter meter = meter_of(*song, object.meter.wholenote);
     set_meter(object, meter);
     TQ_Prseq_Tracks_OutputTrackInfo(object);
     prseq_setdirtyflag(object, false);

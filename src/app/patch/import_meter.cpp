@@ -10,15 +10,14 @@ namespace tq {
 
 namespace {
 
-constexpr double whole_note_ms = 4000;  // of the grid
-constexpr double tolerance_ms = 0.6;    // little more than what times are rounded by
+constexpr double tolerance_ms = 0.6;  // little more than what times are rounded by
 constexpr long most_bars = 100000;
 constexpr long finest_beats = 8;  // beats of the grid to one of the song
 
 /// Regions that show bars one after the other.
 class BarFitter {
  public:
-    explicit BarFitter(const MidiSong& song) : song_(song) {}
+    BarFitter(const MidiSong& song, double whole_note) : song_(song), whole_note_ms_(whole_note) {}
 
     ImportedMeter fit() {
         std::vector<TimeSignature> signatures = song_.signatures;
@@ -54,7 +53,7 @@ class BarFitter {
 
     void add(const TimeSignature& signature, double begin_ms, double end_ms) {
         const auto fits = [&](double beats, long notevalue) {
-            const double end = grid_ms_ + beats / static_cast<double>(notevalue) * whole_note_ms;
+            const double end = grid_ms_ + beats / static_cast<double>(notevalue) * whole_note_ms_;
             return beats >= 1 && std::abs(end - end_ms) <= tolerance_ms;
         };
         if (!result_.regions.empty() && signature.tick == signature_tick_ &&
@@ -64,7 +63,7 @@ class BarFitter {
         std::optional<BarRegion> best;
         for (long notevalue = 1; notevalue <= 128; notevalue *= 2) {
             const double beats =
-                std::round((end_ms - grid_ms_) / whole_note_ms * static_cast<double>(notevalue));
+                std::round((end_ms - grid_ms_) / whole_note_ms_ * static_cast<double>(notevalue));
             if (!fits(beats, notevalue)) continue;
             const BarRegion found{bar_, static_cast<long>(beats), notevalue};
             if (!best || rank(found, signature) < rank(*best, signature)) best = found;
@@ -84,7 +83,8 @@ class BarFitter {
 
     void advance() {
         const BarRegion& region = result_.regions.back();
-        grid_ms_ += static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * whole_note_ms;
+        grid_ms_ +=
+            static_cast<double>(region.beats) / static_cast<double>(region.notevalue) * whole_note_ms_;
     }
 
     void region(long beats, long notevalue) {
@@ -106,10 +106,11 @@ class BarFitter {
             "the grid is not that of the song from bar {} on: its bar of {}/{} lasts {:.1f} ms, one of the "
             "grid {:.1f} ms",
             bar_ + 1, signature.beats, signature.unit, bar_ms,
-            static_cast<double>(signature.beats) / signature.unit * whole_note_ms);
+            static_cast<double>(signature.beats) / signature.unit * whole_note_ms_);
     }
 
     const MidiSong& song_;
+    double whole_note_ms_;  ///< of the grid
     ImportedMeter result_;
     long bar_ = 0;
     double grid_ms_ = 0;
@@ -119,9 +120,9 @@ class BarFitter {
 
 }  // namespace
 
-ImportedMeter meter_of(const MidiSong& song) {
+ImportedMeter meter_of(const MidiSong& song, double whole_note) {
     if (song.division == 0) return {};  // film frames know no bars
-    return BarFitter(song).fit();
+    return BarFitter(song, whole_note).fit();
 }
 
 }  // namespace tq

@@ -1,4 +1,4 @@
-// The bars of a song on the document's grid, where a quarter note lasts 1000 ms whatever the tempo.
+// The bars of a song on the document's grid, where all quarter notes last as long as those of one tempo.
 #pragma once
 
 #include <string>
@@ -16,8 +16,9 @@ struct ImportedMeter {
 };
 
 /// A bar of the song is shown as the bar of the grid that lasts as long, with the song's beats if there is
-/// one: 4/4 at 120 beats a minute is 4/8. From the first bar on that has none, the song's time signatures
+/// one: 4/4 at twice the first tempo is 4/8. From the first bar on that has none, the song's time signatures
 /// stand as they are.
-ImportedMeter meter_of(const MidiSong& song);
+/// `whole_note`: of the grid, in ms.
+ImportedMeter meter_of(const MidiSong& song, double whole_note);
 
 }  // namespace tq

@@ -33,6 +33,14 @@ void scale_controllers(const Track& track, PlayedNote& note) {
 
 }  // namespace
 
+/// A track that is not solo while others are. The box sends its events all the same.
+bool NoteListener::silenced(long track) const {
+    const auto& tracks = session_.box().tracks;
+    const Track* played = track_at(session_.box(), track);
+    return played && !played->solo &&
+           std::ranges::any_of(tracks, &Track::solo, [](const TrackRef& t) -> const Track& { return *t; });
+}
+
 std::optional<PlayedNote> NoteListener::note_of(AtomSpan arguments) const {
     std::optional<PlayedNote> note = parse_event_note(arguments);
     const std::optional<EventBuffer> part = parse_event_buffer(arguments);
@@ -47,6 +55,7 @@ std::optional<PlayedNote> NoteListener::note_of(AtomSpan arguments) const {
 }
 
 void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source, long track) {
+    if (silenced(track)) return;
     std::optional<PlayedNote> note = note_of(arguments);
     if (!note) return;
     note->ms = now();

@@ -12,8 +12,9 @@
 namespace tq {
 
 /// Hands the notes of outlet 0 and of "gm:" receivers to every player, with the logical time at which they
-/// left. What an event plays of a buffer goes with its note. A jump of the play position ends what sounds,
-/// and muting a track what sounds of it.
+/// left, but for those of tracks that are not solo
+/// while others are. What an event plays of a buffer goes with its note. A jump of the play position ends
+/// what sounds, and muting a track what sounds of it.
 class NoteListener : public SessionListener {
  public:
     explicit NoteListener(Session& session) : session_(session) { session.listen(*this); }
@@ -30,6 +31,7 @@ class NoteListener : public SessionListener {
     double now() const { return session_.host().scheduler.now(); }
     std::optional<PlayedNote> note_of(AtomSpan arguments) const;
     void play(AtomSpan arguments, const Voice& voice, const std::string& source, long track);
+    bool silenced(long track) const;
     void mute(AtomSpan atoms);
     long track_that_plays() const;
 

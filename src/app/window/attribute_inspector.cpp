@@ -12,6 +12,7 @@
 
 #include "app/patch/box_settings.h"
 #include "app/window/attribute_control.h"
+#include "app/window/window_state.h"
 #include "host/class.h"
 
 namespace tq {
@@ -73,6 +74,7 @@ AttributeInspector::AttributeInspector(Session& session, QWidget& owner,
     layout->addWidget(reset_all_, 0, Qt::AlignRight);
     connect(reset_all_, &QPushButton::clicked, this, [this] { reset_all(); });
     resize(first_width, first_height);
+    keep_place(*this, "settings");
     display();
 }
 

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSettings>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -41,7 +43,7 @@ bool edits(const Shortcut::What& what) {
 
 bool is_of_console(const QKeyEvent& event) {
     return std::ranges::any_of(shortcuts(), [&](const Shortcut& row) {
-        return edits(row.what) && row.sequence() == QKeySequence(event.keyCombination());
+        return edits(row.what) && row.sequence == QKeySequence(event.keyCombination());
     });
 }
 
@@ -99,6 +101,23 @@ QToolButton* Console::make_filter() {
     for (QAction* action : shown_) action->setCheckable(true);
     button->setMenu(menu);
     return button;
+}
+
+void Console::keep(QSettings& settings) const {
+    for (size_t i = 0; i < shown_.size(); ++i)
+        settings.setValue(QString("console/shows%1").arg(i), shown_[i]->isChecked());
+}
+
+void Console::restore(const QSettings& settings) {
+    for (size_t i = 0; i < shown_.size(); ++i)
+        shown_[i]->setChecked(settings.value(QString("console/shows%1").arg(i)).toBool());
+}
+
+/// Whatever its size is now, what was said last is seen.
+void Console::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    QTimer::singleShot(
+        0, this, [this] { text_->verticalScrollBar()->setValue(text_->verticalScrollBar()->maximum()); });
 }
 
 void Console::say(const std::string& text) {

@@ -15,6 +15,7 @@ class QAction;
 class QKeyEvent;
 class QLineEdit;
 class QPlainTextEdit;
+class QSettings;
 class QToolButton;
 
 namespace tq {
@@ -28,9 +29,13 @@ class Console : public QWidget, private SessionListener {
     std::function<void(const std::vector<std::string>&)> entered = [](auto&&) {};
     void say(const std::string& text);
     QLineEdit& line() { return *line_; }
+    /// What is shown of what leaves the box, for the next time.
+    void keep(QSettings& settings) const;
+    void restore(const QSettings& settings);
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
  private:
     static constexpr int outlets = 4;

@@ -1,4 +1,5 @@
 #include "app/window/history_list.h"
+#include "app/window/window_state.h"
 
 #include <QAbstractListModel>
 #include <QListView>
@@ -65,6 +66,7 @@ HistoryList::HistoryList(QWidget& window, const Prseq& box, std::function<void(l
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
     resize(first_width, first_height);
+    keep_place(*this, "history");
     const auto go_to = [this, go = std::move(go)](const QModelIndex& index) {
         if (index.row() != model_->current()) go(index.row() - 1);
     };

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QLabel>
-#include <QSet>
 #include <QShortcut>
 #include <algorithm>
 #include <utility>
@@ -158,13 +157,10 @@ void InspectorWindow::closeEvent(QCloseEvent* event) {
 void InspectorWindow::make_window_shortcuts() {
     for (const QKeySequence& keys : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
         add_shortcut(keys, [this] { close(); });
-    QSet<QKeySequence> made;  // two of the same would be ambiguous, and do nothing
     for (const Shortcut& row : shortcuts()) {
         if (std::ranges::find(wanted_here, row.what) == std::end(wanted_here)) continue;
-        const QKeySequence keys = row.sequence();
-        if (row.scope != ShortcutScope::Window || keys.isEmpty() || made.contains(keys)) continue;
-        made.insert(keys);
-        add_shortcut(keys, [this, wanted = row.what] {
+        if (row.scope != ShortcutScope::Window) continue;
+        add_shortcut(row.sequence, [this, wanted = row.what] {
             finish();
             user_.wants(wanted);
         });

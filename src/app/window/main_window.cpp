@@ -14,11 +14,13 @@
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/console_lines.h"
+#include "app/window/empty_hint.h"
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
 #include "app/window/transport_bar.h"
 #include "app/window/window_menus.h"
+#include "app/window/window_state.h"
 #include "instance/change.h"
 #include "model/tracks.h"
 
@@ -26,7 +28,7 @@ namespace tq {
 
 namespace {
 
-constexpr int first_width = 1200, first_height = 740, console_height = 160;
+constexpr int first_width = 1200, first_height = 740;
 
 /// The file that is dragged, or an empty path.
 QString dragged_file(const QMimeData* data) {
@@ -45,6 +47,14 @@ bool can_run(Command command, const Prseq& box) {
 /// Whole numbers are exact as ints; floats are rounded to single precision.
 Atom exact_atom(double value) {
     return value == std::floor(value) ? Atom(static_cast<long>(value)) : Atom(value);
+}
+
+/// Those that sound alone, by name.
+QString solo_tracks(const Prseq& box) {
+    QStringList names;
+    for (const TrackRef& track : box.tracks)
+        if (track->solo) names << QString::fromStdString(track->name);
+    return names.join(", ");
 }
 
 }  // namespace
@@ -101,15 +111,23 @@ void MainWindow::connect_parts() {
     bar_->go_to_start = [this] { run(Command::GoToStart); };
     bar_->position = [this](double ms) { call(MessageCall{gensym("position"), {exact_atom(ms)}, {}}); };
     bar_->loop_selection = [this] { run(Command::LoopSelection); };
+    bar_->send = [this](const std::string& message) { send(message); };
+    bar_->end_solo = [this] {
+        for (const TrackRef& track : session_.box().tracks)
+            if (track->solo) send("track_solo " + std::to_string(track->index) + " 0");
+    };
     bar_->leave = [this] { box_->setFocus(); };
     bar_->loop = [this](bool on) { send(on ? "cycle 1" : "cycle 0"); };
     bar_->tempo = [this](double bpm) { call(TempoCall{bpm}); };
     bar_->console = [this](bool open) { show_console(open); };
-    bar_->settings = [this] { show_settings(); };
     bar_->open_file = [this] { files_.choose_and_open(); };
     bar_->open_recent = [this](const std::string& path) { files_.open_another(path); };
     bar_->has_previous = [this] { return files_.has_previous(); };
     bar_->bring_previous_back = [this] { files_.bring_previous_back(); };
+    make_keys();
+}
+
+void MainWindow::make_keys() {
     make_shortcuts(*this, *box_, [this](const Shortcut::What& what) { run(what); });
 }
 
@@ -122,18 +140,17 @@ void MainWindow::set_full_screen(bool on) {
 
 void MainWindow::make_menus() {
     auto* menus = new QMenuBar;
-    make_window_menus(
-        *menus, session_.box(),
-        {.act = [this](const Shortcut::What& what) { run(what); },
-         .enabled = [this](const Shortcut::What& what) { return enabled(what); },
-         .checked = [this](const Shortcut::What& what) { return checked(what); },
-         .open = [this](const std::string& path) { files_.open_another(path); },
-         .destination =
-             [this] {
-                 const Track* track = track_at(session_.box(), session_.box().activetrack);
-                 return track ? track->destination.text() : std::string();
-             },
-         .set_destination = [this](const std::string& receiver) { send("track_destination " + receiver); }});
+    make_window_menus(*menus, session_.box(),
+                      {.act = [this](const Shortcut::What& what) { run(what); },
+                       .enabled = [this](const Shortcut::What& what) { return enabled(what); },
+                       .checked = [this](const Shortcut::What& what) { return checked(what); },
+                       .open = [this](const std::string& path) { files_.open_another(path); },
+                       .destination =
+                           [this] {
+                               const Track* track = track_at(session_.box(), session_.box().activetrack);
+                               return track ? track->destination.text() : std::string();
+                           },
+                       .send = [this](const std::string& message) { send(message); }});
     layout()->setMenuBar(menus);
 }
 
@@ -213,7 +230,7 @@ void MainWindow::run(WindowAction action) {
         case WindowAction::Settings:
             return show_settings();
         case WindowAction::Keys:
-            return show_keys_page(*this);
+            return show_keys_page(*this, [this] { make_keys(); });
         case WindowAction::TapTempo:
             return bar_->tap();
         case WindowAction::Quit:
@@ -230,14 +247,37 @@ void MainWindow::run(Command command) {
 }
 
 void MainWindow::show_console(bool open) {
+    if (!console_->isHidden()) console_height_ = splitter_->sizes().last();
+    const bool opens = open && console_->isHidden();
     console_->setVisible(open);
     bar_->show_console_open(open);
     if (open) {
-        splitter_->setSizes({splitter_->height() - console_height, console_height});
+        if (opens) splitter_->setSizes({splitter_->height() - console_height_, console_height_});
         console_->line().setFocus();
     } else {
         box_->setFocus();
     }
+}
+
+void MainWindow::keep_looks() {
+    keeps_looks_ = true;
+    hint_ = new EmptyHint(*box_, session_.box());
+    keep_place(*this, "main");
+    const std::unique_ptr<QSettings> kept = window_state();
+    bar_->restore(*kept);
+    console_->restore(*kept);
+    console_height_ = std::max(kept->value("console/height", console_height_).toInt(), 1);
+    if (kept->value("console/open").toBool()) show_console(true);
+    box_->setFocus();
+}
+
+void MainWindow::save_looks() {
+    const std::unique_ptr<QSettings> kept = window_state();
+    bar_->keep(*kept);
+    console_->keep(*kept);
+    const bool open = !console_->isHidden();
+    kept->setValue("console/open", open);
+    kept->setValue("console/height", open ? splitter_->sizes().last() : console_height_);
 }
 
 void MainWindow::show_settings() {
@@ -269,9 +309,13 @@ void MainWindow::refresh() {
     bar_->show_state({.playing = box.playing,
                       .loop = box.cycle.active,
                       .position = box.linecursor.position,
-                      .tempo = itm_gettempo(*box.transport)});
+                      .tempo = itm_gettempo(*box.transport),
+                      .snap = box.snaptime,
+                      .division = box.snap_division,
+                      .solo = solo_tracks(box)});
     if (metronome_) metronome_->follow();
     if (history_) history_->follow();
+    if (hint_) hint_->follow();
     setWindowTitle(files_.document_name() + "[*] – sorvo");
     setWindowModified(prseq_getdirtyflag(box));
 }
@@ -295,6 +339,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     inspectors_.close();
     if (settings_) settings_->close();
     files_.finish();
+    if (keeps_looks_) save_looks();
     QWidget::closeEvent(event);
 }
 

@@ -23,6 +23,7 @@ class AttributeInspector;
 class BoxWidget;
 class Console;
 class ConsoleLines;
+class EmptyHint;
 class HistoryList;
 class TransportBar;
 
@@ -35,6 +36,8 @@ class MainWindow : public QWidget {
     SessionTimer& timer() { return timer_; }
     BoxWidget& box() { return *box_; }
     WindowFiles& files() { return files_; }
+    /// Looks as it did the last time, and the next time as now.
+    void keep_looks();
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     void show_console(bool open);
@@ -60,6 +63,8 @@ class MainWindow : public QWidget {
     void connect_parts();
     void listen_to_loudspeaker();
     void make_menus();
+    void make_keys();
+    void save_looks();
     bool enabled(const Shortcut::What& what) const;
     bool checked(const Shortcut::What& what) const;
     void set_full_screen(bool on);
@@ -84,7 +89,10 @@ class MainWindow : public QWidget {
     QSplitter* splitter_;
     InspectorWindows inspectors_;
     std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
-    HistoryList* history_ = nullptr;                ///< likewise
+    bool keeps_looks_ = false;
+    EmptyHint* hint_ = nullptr;       ///< none where nobody works by hand
+    int console_height_ = 160;        ///< the next time that it opens
+    HistoryList* history_ = nullptr;  ///< likewise
 };
 
 }  // namespace tq

@@ -46,8 +46,10 @@ void PositionField::say() {
     if (ms) moved(*ms);
 }
 
-void PositionField::turn() {
-    face_ = face_after(face_);
+void PositionField::turn() { show_face(face_after(face_)); }
+
+void PositionField::show_face(TimeFace face) {
+    face_ = face;
     unit_->setText(unit_of(face_));
     take_back();
 }

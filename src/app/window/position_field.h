@@ -21,6 +21,8 @@ class PositionField : public QWidget {
     /// A position in ms that was typed.
     std::function<void(double)> moved = [](double) {};
     QLineEdit& line() { return *line_; }
+    TimeFace face() const { return face_; }
+    void show_face(TimeFace face);
     /// What was typed, and not yet said, is forgotten.
     void take_back();
 

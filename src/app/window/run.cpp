@@ -7,8 +7,10 @@
 
 #include "app/patch/box_settings.h"
 #include "app/window/ask_recovery.h"
+#include "app/window/key_changes.h"
 #include "app/window/line_input.h"
 #include "app/window/main_window.h"
+#include "app/window/surroundings.h"
 #include "host/graphics_runtime.h"
 #include "host/resources.h"
 
@@ -59,6 +61,9 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     GraphicsRuntime runtime(GraphicsRuntime::Screen::IfThere);
     if (!runtime.has_screen() && !options.lines) return {};
     show_icon();
+    if (runtime.has_screen()) follow_surroundings();
+    std::vector<std::string> key_faults;
+    use_keys(kept_keys(key_faults));
     const DeadSessions dead = find_dead_sessions();
     const bool can_ask = runtime.has_screen();
     std::optional<Recovery> recovery = wanted_recovery(dead.sessions, options, can_ask);
@@ -67,6 +72,7 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     std::optional<LineInput> input;  // before the journal, which hears what lines answer to dialogs
     if (options.lines) input.emplace(window, !can_ask);
     for (const std::string& note : dead.notes) window.tell(note);
+    for (const std::string& fault : key_faults) window.tell(fault);
     if (recovery)
         bring_back(window, *recovery);
     else
@@ -74,7 +80,10 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     if (!recovery && !options.lines) begin_by_hand(window.session());
     if (!options.prepare(window.session())) return 1;
     if (options.recover && !recovery) window.tell("there is no session to bring back");
-    if (can_ask && !options.lines) window.files().ask_before_losing();
+    if (can_ask && !options.lines) {
+        window.files().ask_before_losing();
+        window.keep_looks();
+    }
     window.show();
     QApplication::processEvents();  // a document's view is meant for the box as it is laid out
     if (!options.file.empty() && recovery)

@@ -1,8 +1,10 @@
 #include "app/window/shortcuts.h"
 
-#include <QSet>
 #include <QShortcut>
 #include <QWidget>
+#include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace tq {
 
@@ -13,7 +15,12 @@ constexpr bool repeats = true;
 
 /// Standard keys are not the same everywhere, and some have none: those that people look for have a row of
 /// their own as well.
-constexpr Shortcut rows[] = {
+constexpr struct {
+    std::variant<QKeySequence::StandardKey, QKeyCombination> keys;
+    Shortcut::What what;
+    ShortcutScope scope = ShortcutScope::Window;
+    bool repeats = false;
+} rows[] = {
     {QKeySequence::New, Command::New},
     {QKeySequence::Open, WindowAction::Open},
     {QKeySequence::Save, Command::Save},
@@ -26,7 +33,8 @@ constexpr Shortcut rows[] = {
     {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Command::Redo, Window, repeats},
     {QKeySequence::Cut, Command::Cut},
     {QKeySequence::Copy, Command::Copy},
-    {QKeySequence::Paste, Command::Paste},
+    {QKeySequence::Paste, Command::PasteAtPosition},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_V, Command::Paste},
     {QKeySequence::SelectAll, Command::SelectAll},
     {Qt::CTRL | Qt::Key_D, Command::Duplicate},
     {Qt::Key_Space, Command::PlayOrStop},
@@ -51,6 +59,9 @@ constexpr Shortcut rows[] = {
     {Qt::Key_Enter, Command::InsertEvent, Canvas},
     {Qt::ALT | Qt::Key_Up, Command::Louder, Canvas, repeats},
     {Qt::ALT | Qt::Key_Down, Command::Softer, Canvas, repeats},
+    {Qt::Key_N, Command::TimeSnap, Canvas},
+    {Qt::Key_M, Command::MuteTrack, Canvas},
+    {Qt::SHIFT | Qt::Key_M, Command::SoloTrack, Canvas},
     {Qt::Key_Q, Command::Quantise, Canvas},
     {Qt::Key_L, Command::Legato, Canvas},
     {Qt::Key_H, Command::Humanise, Canvas},
@@ -77,33 +88,97 @@ constexpr Shortcut rows[] = {
     {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
 
+constexpr struct {
+    const char *name, *text;
+} action_rows[] = {
+    {"open_file", "Open..."},
+    {"revert", "Revert to Saved"},
+    {"export_sound", "Export Sound..."},
+    {"export_midi", "Export MIDI File..."},
+    {"export_picture", "Export Picture..."},
+    {"bring_back", "Bring Back the Previous Document"},
+    {"console", "Console"},
+    {"settings", "Settings"},
+    {"history", "History"},
+    {"full_screen", "Full Screen"},
+    {"keys", "Keys and Mouse"},
+    {"tap_tempo", "Tap the Tempo"},
+    {"quit", "Quit"},
+};
+
+bool has(const std::vector<Shortcut>& made, const QKeySequence& sequence) {
+    return std::ranges::find(made, sequence, &Shortcut::sequence) != made.end();
+}
+
+/// Those that the platform has, each once: two of the same would be ambiguous, and do nothing.
+std::vector<Shortcut> beginning() {
+    std::vector<Shortcut> made;
+    for (const auto& row : rows) {
+        const QKeySequence sequence = std::visit([](auto key) { return QKeySequence(key); }, row.keys);
+        if (!sequence.isEmpty() && !has(made, sequence))
+            made.push_back({sequence, row.what, row.scope, row.repeats});
+    }
+    return made;
+}
+
+std::vector<Shortcut>& in_use() {
+    static std::vector<Shortcut> made = beginning();
+    return made;
+}
+
+/// A key that writes something is a text's while one is typed.
+bool writes(const QKeySequence& sequence) {
+    const QKeyCombination keys = sequence[0];
+    constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !(keys.keyboardModifiers() & commands) && !(keys.key() >= Qt::Key_F1 && keys.key() <= Qt::Key_F35);
+}
+
+/// What has a key already keeps where it acts and whether it repeats.
+Shortcut shortcut(const Shortcut::What& what, const QKeySequence& sequence) {
+    for (const auto& row : rows)
+        if (row.what == what)
+            return {sequence, what, writes(sequence) ? ShortcutScope::Canvas : row.scope, row.repeats};
+    return {sequence, what, writes(sequence) ? ShortcutScope::Canvas : ShortcutScope::Window};
+}
+
 }  // namespace
 
-const char* text_of(WindowAction action) {
-    static constexpr const char* texts[] = {"Open...",           "Revert to Saved",
-                                            "Export Sound...",   "Export MIDI File...",
-                                            "Export Picture...", "Bring Back the Previous Document",
-                                            "Console",           "Settings",
-                                            "History",           "Full Screen",
-                                            "Keys and Mouse",    "Tap the Tempo",
-                                            "Quit"};
-    return texts[static_cast<size_t>(action)];
+const char* text_of(WindowAction action) { return action_rows[static_cast<size_t>(action)].text; }
+
+const char* name_of(const Shortcut::What& what) {
+    if (const auto* command = std::get_if<Command>(&what)) return command_row(*command).name;
+    return action_rows[static_cast<size_t>(std::get<WindowAction>(what))].name;
 }
 
-QKeySequence Shortcut::sequence() const {
-    return std::visit([](auto key) { return QKeySequence(key); }, keys);
+std::optional<Shortcut::What> find_by_name(std::string_view name) {
+    if (const CommandRow* row = find_command(name)) return row->id;
+    for (size_t i = 0; i < std::size(action_rows); ++i)
+        if (name == action_rows[i].name) return static_cast<WindowAction>(i);
+    return {};
 }
 
-std::span<const Shortcut> shortcuts() { return rows; }
+void use_keys(std::span<const KeyChange> changes) {
+    std::vector<Shortcut>& made = in_use();
+    made = beginning();
+    for (const KeyChange& change : changes) {
+        std::erase_if(made, [&](const Shortcut& row) {
+            return row.what == change.what || change.keys.contains(row.sequence);
+        });
+        for (const QKeySequence& sequence : change.keys)
+            if (!sequence.isEmpty() && !has(made, sequence)) made.push_back(shortcut(change.what, sequence));
+    }
+}
+
+std::span<const Shortcut> shortcuts() { return in_use(); }
 
 void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(Shortcut::What)>& act) {
-    QSet<QKeySequence> made;  // two of the same would be ambiguous, and do nothing
-    for (const Shortcut& row : rows) {
-        const QKeySequence sequence = row.sequence();
-        if (sequence.isEmpty() || made.contains(sequence)) continue;
-        made.insert(sequence);
+    static constexpr const char* name = "key";
+    for (QWidget* widget : {&window, &canvas})
+        qDeleteAll(widget->findChildren<QShortcut*>(name, Qt::FindDirectChildrenOnly));
+    for (const Shortcut& row : shortcuts()) {
         const bool on_canvas = row.scope == ShortcutScope::Canvas;
-        auto* shortcut = new QShortcut(sequence, on_canvas ? &canvas : &window);
+        auto* shortcut = new QShortcut(row.sequence, on_canvas ? &canvas : &window);
+        shortcut->setObjectName(name);
         shortcut->setContext(on_canvas ? Qt::WidgetShortcut : Qt::WindowShortcut);
         shortcut->setAutoRepeat(row.repeats);
         QObject::connect(shortcut, &QShortcut::activated, &window, [act, what = row.what] { act(what); });

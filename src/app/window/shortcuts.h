@@ -2,8 +2,12 @@
 #pragma once
 
 #include <QKeySequence>
+#include <QList>
+
 #include <functional>
+#include <optional>
 #include <span>
+#include <string_view>
 #include <variant>
 
 #include "interaction/commands.h"
@@ -37,19 +41,28 @@ enum class ShortcutScope {
 struct Shortcut {
     using What = std::variant<Command, WindowAction>;
 
-    std::variant<QKeySequence::StandardKey, QKeyCombination> keys;
+    QKeySequence sequence;
     What what;
     ShortcutScope scope = ShortcutScope::Window;
     bool repeats = false;  ///< while the key is held
-
-    /// Empty where the platform has no such standard key.
-    QKeySequence sequence() const;
 };
+/// In scripts and among the user's keys.
+const char* name_of(const Shortcut::What& what);
+/// Null: nothing has that name.
+std::optional<Shortcut::What> find_by_name(std::string_view name);
 
-/// A sequence may stand there twice, for the same thing.
+/// What the user wants otherwise: all that presses one thing.
+struct KeyChange {
+    Shortcut::What what;
+    QList<QKeySequence> keys;
+};
+/// From now on. Keys that are taken for one thing are no other's any more; later changes take precedence.
+void use_keys(std::span<const KeyChange> changes);
+
+/// Those in use. Each sequence is not empty and stands there once.
 std::span<const Shortcut> shortcuts();
 
-/// Makes all of them call `act`, each as long as its widget exists.
+/// Makes all of them call `act`, instead of those that were made before, each as long as its widget exists.
 void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(Shortcut::What)>& act);
 
 }  // namespace tq

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSettings>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QStyle>
@@ -13,6 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/window/division_menu.h"
 #include "app/window/level_meter.h"
 #include "app/window/position_field.h"
 #include "app/window/recent_menu.h"
@@ -33,13 +35,13 @@ TransportBar::TransportBar(const Meter& meter) : position_(new PositionField(met
     make_transport();
     make_tempo();
     make_loop();
+    make_snap();
     make_volume();
+    make_solo();
     status_ = new QLabel;
     status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(status_, 1);
     make_open();
-    add_button("Settings", "settings button", "What the box looks like and does (Ctrl+,)",
-               &TransportBar::settings);
     console_ = add_switch("Console", "console", "Messages to and from the box (Ctrl+K)");
     connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
     tap_clock_.start();
@@ -83,9 +85,10 @@ void TransportBar::make_tempo() {
     tempo_->setSuffix(" bpm");
     tempo_->setKeyboardTracking(false);
     tempo_->setToolTip(
-        "Tempo: what ticks, beats and MIDI files are told by.\n"
+        "Tempo of the bars, the metronome and MIDI files.\n"
         "The events' times are in ms, and stay where they are.");
     tempo_->installEventFilter(this);
+    tempo_->findChild<QLineEdit*>()->installEventFilter(this);
     connect(tempo_, &QDoubleSpinBox::valueChanged, this, [this](double bpm) { tempo(bpm); });
     layout()->addWidget(tempo_);
     QToolButton* tapped = add_switch("Tap", "tap", "Tap the tempo (T)");
@@ -100,8 +103,29 @@ void TransportBar::make_tempo() {
 void TransportBar::make_loop() {
     loop_ = add_switch("Loop", "loop", "Play the loop range over and over");
     connect(loop_, &QToolButton::clicked, this, [this](bool on) { loop(on); });
-    add_button("Selection", "loop selection", "Loop the selected events (Ctrl+L)",
-               &TransportBar::loop_selection);
+    add_button("Sel.", "loop selection", "Loop the selected events (Ctrl+L)", &TransportBar::loop_selection);
+}
+
+void TransportBar::make_snap() {
+    snap_ = add_switch("Snap", "snap", "Whether times snap, and to what (N)");
+    connect(snap_, &QToolButton::clicked, this, [this](bool on) { send(on ? "snaptime 1" : "snaptime 0"); });
+    auto* menu = new QMenu(snap_);
+    snap_->setMenu(menu);
+    snap_->setPopupMode(QToolButton::MenuButtonPopup);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        fill_division_menu(*menu, division_, [this](const std::string& message) {
+            send(message);
+            send("snaptime 1");
+        });
+    });
+}
+
+/// Only seen while tracks are solo, so that silence is explained.
+void TransportBar::make_solo() {
+    solo_ = add_button("Solo", "solo", "Only these tracks sound; a click lets all sound again",
+                       &TransportBar::end_solo);
+    solo_->hide();
 }
 
 void TransportBar::make_volume() {
@@ -128,6 +152,20 @@ void TransportBar::show_sound(std::function<float()> peak) {
     metronome_->setEnabled(true);
 }
 
+void TransportBar::keep(QSettings& kept) const {
+    kept.setValue("bar/position", static_cast<int>(position_->face()));
+    kept.setValue("bar/volume", volume_->value());
+    kept.setValue("bar/metronome", metronome_->isChecked());
+}
+
+void TransportBar::restore(const QSettings& kept) {
+    const int face = kept.value("bar/position", static_cast<int>(TimeFace::BarsBeats)).toInt();
+    if (face >= 0 && face <= static_cast<int>(TimeFace::BarsBeats))
+        position_->show_face(static_cast<TimeFace>(face));
+    volume_->setValue(kept.value("bar/volume", full_volume).toInt());
+    if (metronome_->isEnabled() && kept.value("bar/metronome").toBool()) metronome_->click();
+}
+
 void TransportBar::tap() {
     if (const std::optional<double> bpm = taps_.tap(static_cast<double>(tap_clock_.elapsed())))
         tempo(std::clamp(*bpm, slowest, fastest));
@@ -135,6 +173,10 @@ void TransportBar::tap() {
 
 /// Return says what was typed, Escape takes it back; the keys go to the box again after either.
 bool TransportBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonDblClick && watched == tempo_->findChild<QLineEdit*>()) {
+        tempo_->selectAll();
+        return true;
+    }
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Escape) {
@@ -174,6 +216,11 @@ void TransportBar::show_state(const TransportState& state) {
     play_->setText(state.playing ? "Stop" : "Play");
     loop_->setChecked(state.loop);
     position_->show_position(state.position);
+    snap_->setChecked(state.snap);
+    division_ = state.division;
+    snap_->setText("Snap " + division_text(division_));
+    solo_->setVisible(!state.solo.isEmpty());
+    solo_->setText("Solo: " + state.solo);
     tempo_shown_ = state.tempo;
     if (!tempo_->hasFocus()) show_tempo();  // not while a tempo is being typed
 }

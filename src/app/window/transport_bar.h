@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QString>
 #include <QWidget>
 #include <functional>
 #include <string>
@@ -12,6 +13,7 @@
 class QDoubleSpinBox;
 class QLabel;
 class QMenu;
+class QSettings;
 class QSlider;
 class QToolButton;
 
@@ -25,6 +27,9 @@ struct TransportState {
     bool playing = false, loop = false;
     double position = 0;  ///< ms
     double tempo = 120;   ///< beats a minute
+    bool snap = false;
+    long division = 0;  ///< parts of a beat that time snaps to
+    QString solo;       ///< which tracks alone sound; empty: all
 };
 
 class TransportBar : public QWidget {
@@ -36,6 +41,9 @@ class TransportBar : public QWidget {
     void show_console_open(bool open);
     /// There is sound: a metronome and a level, which is what `peak` says (LevelMeter).
     void show_sound(std::function<float()> peak);
+    /// What was chosen in the bar, for the next time.
+    void keep(QSettings& kept) const;
+    void restore(const QSettings& kept);
     /// A tap of the tempo, now; from the second on, it is asked for.
     void tap();
 
@@ -45,12 +53,13 @@ class TransportBar : public QWidget {
     std::function<void(double)> position = [](double) {};  ///< ms
     std::function<void()> loop_selection = [] {};
     std::function<void(bool)> metronome = [](bool) {};
+    std::function<void()> end_solo = [] {};
     std::function<void()> leave = [] {};  ///< the keys are to go to the box again
     std::function<void(bool)> loop = [](bool) {};
-    std::function<void(double)> tempo = [](double) {};   ///< beats a minute
-    std::function<void(double)> volume = [](double) {};  ///< 0 to 1
+    std::function<void(const std::string& message)> send = [](auto&&) {};  ///< to the box
+    std::function<void(double)> tempo = [](double) {};                     ///< beats a minute
+    std::function<void(double)> volume = [](double) {};                    ///< 0 to 1
     std::function<void(bool)> console = [](bool) {};
-    std::function<void()> settings = [] {};
     std::function<void()> open_file = [] {};
     std::function<void(const std::string& path)> open_recent = [](auto&&) {};
     std::function<bool()> has_previous = [] { return false; };  ///< whether a document can be brought back
@@ -63,6 +72,8 @@ class TransportBar : public QWidget {
     void make_transport();
     void make_tempo();
     void make_loop();
+    void make_snap();
+    void make_solo();
     void make_volume();
     void make_open();
     void show_tempo();
@@ -73,7 +84,8 @@ class TransportBar : public QWidget {
                             std::function<void()> TransportBar::*asked);
 
     PositionField* position_;
-    QToolButton *play_, *metronome_, *loop_, *console_;
+    QToolButton *play_, *metronome_, *loop_, *snap_, *solo_, *console_;
+    long division_ = 0;
     QLabel* status_;
     QMenu* recent_;
     QDoubleSpinBox* tempo_;

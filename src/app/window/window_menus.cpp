@@ -6,15 +6,19 @@
 #include <optional>
 #include <vector>
 
+#include "app/window/division_menu.h"
 #include "app/window/recent_menu.h"
 #include "app/window/sound_menu.h"
+#include "app/window/surroundings.h"
+#include "instance/prseq.h"
+#include "model/tracks.h"
 
 namespace tq {
 
 namespace {
 
 /// What stands in a menu beside commands and actions.
-enum class Special { Separator, Recent, Sounds };
+enum class Special { Separator, Recent, Sounds, Tracks, CurveTypes, Divisions, Surroundings };
 using Item = std::variant<Command, WindowAction, Special>;
 
 struct MenuRow {
@@ -37,6 +41,7 @@ const std::vector<MenuRow>& menus() {
           Separator,
           Command::Cut,
           Command::Copy,
+          Command::PasteAtPosition,
           Command::Paste,
           Command::Duplicate,
           Command::Delete,
@@ -61,29 +66,18 @@ const std::vector<MenuRow>& menus() {
           Command::Softer, Separator, Command::InvertSelection}},
         {"&Track",
          {Command::NewTrack, Command::DeleteTrack, Command::PreviousTrack, Command::NextTrack, Separator,
-          Sounds, Separator, Command::TrackInspector}},
+          Sounds, Command::MuteTrack, Command::SoloTrack, Separator, Command::TrackInspector, Tracks}},
+        {"&Curves",
+         {Command::EditBpfs, Separator, Command::DisplayAllBpfs, Separator, Command::BpfTimeAbsolute,
+          Command::BpfTimeRelative, CurveTypes}},
+        {"&Grid",
+         {Command::TimeSnap, Divisions, Command::PitchSnap, Separator, Command::Milliseconds,
+          Command::MinutesSeconds, Command::BarsBeats, Separator, Command::BarsFollowTempo}},
         {"&View",
-         {Command::TrackDisplay,
-          Command::KeyDisplay,
-          Command::ParameterDisplay,
-          Command::NoteLanes,
-          Separator,
-          Command::Milliseconds,
-          Command::MinutesSeconds,
-          Command::BarsBeats,
-          Separator,
-          Command::ShowLabels,
-          Command::ShowMessages,
-          Command::ShowBpfs,
-          Command::ShowBuffers,
-          Separator,
-          Command::ZoomIn,
-          Command::ZoomOut,
-          Command::ZoomToSelection,
-          Command::ZoomOutAll,
-          Separator,
-          WindowAction::Console,
-          WindowAction::Settings,
+         {Command::TrackDisplay, Command::KeyDisplay, Command::ParameterDisplay, Command::NoteLanes,
+          Separator, Command::ShowLabels, Command::ShowMessages, Command::ShowBpfs, Command::ShowBuffers,
+          Separator, Command::ZoomIn, Command::ZoomOut, Command::ZoomToSelection, Command::ZoomOutAll,
+          Separator, WindowAction::Console, WindowAction::Settings, Special::Surroundings,
           WindowAction::FullScreen}},
         {"&Play",
          {Command::PlayOrStop, Command::GoToStart, Command::GoToEnd, Separator, Command::Cycle,
@@ -96,8 +90,7 @@ const std::vector<MenuRow>& menus() {
 /// The first key that does the same, as menus show it.
 QString key_of(const Shortcut::What& what) {
     for (const Shortcut& row : shortcuts())
-        if (row.what == what && !row.sequence().isEmpty())
-            return "\t" + row.sequence().toString(QKeySequence::NativeText);
+        if (row.what == what) return "\t" + row.sequence.toString(QKeySequence::NativeText);
     return {};
 }
 
@@ -122,6 +115,10 @@ class MenuFiller {
         if (special == Special::Separator) menu_.addSeparator();
         if (special == Special::Recent) add_recent();
         if (special == Special::Sounds) add_sounds();
+        if (special == Special::Tracks) add_tracks();
+        if (special == Special::CurveTypes) add_curve_types();
+        if (special == Special::Divisions) add_divisions();
+        if (special == Special::Surroundings) add_surroundings();
     }
 
     /// Keys are the shortcuts' own: here they are only shown.
@@ -141,9 +138,48 @@ class MenuFiller {
     void add_sounds() {
         QMenu* sounds = menu_.addMenu("Sound");
         sounds->setEnabled(acts_->enabled(Command::DeleteTrack));  // there is a track
-        fill_sound_menu(*sounds, acts_->destination(),
-                        [acts = acts_](const std::string& receiver) { acts->set_destination(receiver); });
+        fill_sound_menu(*sounds, acts_->destination(), [acts = acts_](const std::string& receiver) {
+            acts->send("track_destination " + receiver);
+        });
     }
+
+    /// One of several, which a message chooses.
+    void add_choice(QMenu& menu, const QString& text, bool chosen, const std::string& message) {
+        QAction* action = menu.addAction(QString(text).replace("&", "&&"));
+        action->setCheckable(true);
+        action->setChecked(chosen);
+        QObject::connect(action, &QAction::triggered, &menu,
+                         [acts = acts_, message] { acts->send(message); });
+    }
+
+    void add_tracks() {
+        if (!box_.tracks.empty()) menu_.addSeparator();
+        for (const TrackRef& track : box_.tracks)
+            add_choice(menu_, QString::fromStdString(track->name), track->index == box_.activetrack,
+                       "track_active " + std::to_string(track->index));
+    }
+
+    void add_curve_types() {
+        const Track* track = track_at(box_, box_.activetrack);
+        if (!track) return;
+        menu_.addSeparator();
+        for (long i = 0; i < std::ssize(track->bpftypes); ++i)
+            add_choice(menu_, QString::fromStdString(track->bpftypes[static_cast<size_t>(i)]->name.text()),
+                       i == track->activebpfindex, "track_bpf_active " + std::to_string(i));
+    }
+
+    void add_surroundings() {
+        QMenu* menu = menu_.addMenu("Surroundings");
+        using Choice = tq::Surroundings;
+        for (const Choice choice : {Choice::AsTheDesktop, Choice::Light, Choice::Dark}) {
+            QAction* action = menu->addAction(text_of(choice));
+            action->setCheckable(true);
+            action->setChecked(choice == kept_surroundings());
+            QObject::connect(action, &QAction::triggered, menu, [choice] { choose_surroundings(choice); });
+        }
+    }
+
+    void add_divisions() { fill_division_menu(*menu_.addMenu("Snap to"), box_.snap_division, acts_->send); }
 
     QMenu& menu_;
     const MenuRow& row_;

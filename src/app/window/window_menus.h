@@ -17,7 +17,7 @@ struct WindowMenuActs {
     std::function<void(const std::string& path)> open;
     /// Of the active track: a receiver's name, or empty.
     std::function<std::string()> destination;
-    std::function<void(const std::string& receiver)> set_destination;
+    std::function<void(const std::string& message)> send;  ///< to the box
 };
 
 /// Fills the bar. Each menu is made ready when it is about to be shown; the words of commands are those that

@@ -1,4 +1,4 @@
-// Muting a track ends what sounds of it.
+// Muting a track ends what sounds of it; tracks that are solo sound alone.
 #include "app/patch/note_listener.h"
 #include "app/script_fixture.h"
 #include "app/sound/recorder.h"
@@ -28,6 +28,21 @@ TEST_F(Muting, endsNotesAndSamplesOfThatTrackAlone) {
         const double ended[] = {100, 200, note.ms + 1000};
         EXPECT_EQ(note.ms + note.duration_ms, ended[note.track]) << "of track " << note.track;
     }
+}
+
+TEST_F(Muting, andSoloTracksSoundAloneWhileAllAreSent) {
+    notes.add(recorder);
+    say("track_add A\nevent track 0 start 0 duration 50 <note> 60 90 </note>\n"
+        "track_add B\ntrack_destination gm:3\nevent track 1 start 0 duration 50 <note> 64 90 </note>\n"
+        "track_solo 1 1");
+    const Lines sent = say("int 1\n.wait 100");
+    EXPECT_EQ(
+        std::ranges::count_if(sent, [](const std::string& line) { return line.find("<note>") != line.npos; }),
+        2);
+    ASSERT_EQ(recorder.notes().size(), 1u);
+    EXPECT_EQ(recorder.notes()[0].track, 1);
+    say("int 0\ntrack_solo 1 0\nposition 0\nint 1\n.wait 100");
+    EXPECT_EQ(recorder.notes().size(), 3u);
 }
 
 }  // namespace

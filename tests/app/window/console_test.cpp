@@ -100,7 +100,7 @@ TEST_F(ConsoleTest, SaysWhatWasMeantAndWhatDidNothing) {
 }
 
 TEST_F(ConsoleTest, TabCompletesAndLists) {
-    complete("track_bpf");
+    complete("track_bpf_ad");
     EXPECT_EQ(line.text(), "track_bpf_add ");
     complete("zoom_t");
     EXPECT_EQ(line.text(), "zoom_to_selection ");

@@ -74,8 +74,14 @@ TEST_F(WindowFiles, MenusShowAndDoWhatCommandsDo) {
     EXPECT_TRUE(item({"Track", "Sound", "mine"})->isChecked()) << "a receiver of one's own stands there, too";
     choose({"Track", "Sound", "None of its own (outlet 0)"});
     EXPECT_EQ(box.tracks[0]->destination, Symbol());
-    choose({"Edit", undo});
-    EXPECT_EQ(box.tracks.size(), 0u);
+    choose({"Edit", "Undo Change Track Destination"});
+    EXPECT_EQ(box.tracks[0]->destination.text(), "mine");
+    choose({"Grid", "Snap to", "Thirds (Triplets)"});
+    EXPECT_EQ(box.snap_division, 3);
+    EXPECT_TRUE(item({"Grid", "Snap to", "Thirds (Triplets)"})->isChecked());
+    session.send("track_add Second");
+    choose({"Track", "Track 1"});
+    EXPECT_EQ(box.activetrack, 0);
 }
 
 TEST_F(WindowFiles, TheHistoryIsAListToBeClicked) {

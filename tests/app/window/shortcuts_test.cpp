@@ -3,9 +3,11 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QTextBrowser>
+#include <QPushButton>
+#include <QTreeWidget>
 
 #include "app/script_fixture.h"
+#include "app/window/key_changes.h"
 #include "app/window/keys.h"
 #include "app/window/pixmap.h"
 #include "app/window/window_fixture.h"
@@ -52,17 +54,16 @@ TEST(Shortcuts, EachDoesItsOwnAndTextsKeepTheirKeys) {
     const auto after = [&](QWidget& focus, const Shortcut& row) {
         done.clear();
         focus.setFocus();
-        const QKeyCombination keys = row.sequence()[0];
+        const QKeyCombination keys = row.sequence[0];
         QTest::keyClick(&focus, keys.key(), keys.keyboardModifiers());
         return done;
     };
     for (const Shortcut& row : shortcuts()) {
-        if (row.sequence().isEmpty()) continue;
-        EXPECT_EQ(after(canvas, row), std::vector{row.what}) << row.sequence().toString().toStdString();
+        EXPECT_EQ(after(canvas, row), std::vector{row.what}) << row.sequence.toString().toStdString();
         EXPECT_TRUE(row.scope == ShortcutScope::Window || after(line, row).empty())
-            << row.sequence().toString().toStdString();
+            << row.sequence.toString().toStdString();
     }
-    const Shortcut redo{Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Command::Redo};
+    const Shortcut redo{QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), Command::Redo};
     EXPECT_EQ(after(canvas, redo), std::vector{redo.what});
 }
 
@@ -90,10 +91,10 @@ TEST_F(ShortcutsTest, WhatCannotBeDoneChangesNothing) {
         if (*message) session.send(message);
         for (const Shortcut& row : shortcuts()) {
             const auto* command = std::get_if<Command>(&row.what);
-            if (!command || command_row(*command).enabled(box) || row.sequence().isEmpty()) continue;
+            if (!command || command_row(*command).enabled(box)) continue;
             if (*command == Command::Save) continue;  // asks for a file
             const std::string before = document_of(session);
-            press_all(row.sequence());
+            press_all(row.sequence);
             EXPECT_TRUE(document_of(session) == before) << command_row(*command).name << " " << message;
         }
     }
@@ -133,10 +134,11 @@ TEST_F(ShortcutsTest, APageListsTheKeys) {
     ASSERT_EQ(pages.size(), 1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == pages[0]; }));
     EXPECT_FALSE(pages[0]->isModal());
-    // Cells are lines; what does the same stands in one of them.
-    const QStringList cells = pages[0]->findChild<QTextBrowser*>()->toPlainText().split('\n');
-    QStringList keys;
-    for (const QString& cell : cells) keys += cell.split(", ");
+    QStringList cells, keys;
+    for (QTreeWidgetItemIterator item(pages[0]->findChild<QTreeWidget*>()); *item; ++item) {
+        cells << (*item)->text(1);
+        keys += (*item)->text(0).split(", ");
+    }
     const auto expect_listed = [&](const QKeySequence& sequence, const QString& text) {
         const QString key = sequence.toString(QKeySequence::NativeText);
         EXPECT_TRUE(sequence.isEmpty() || keys.contains(key)) << key.toStdString();
@@ -151,9 +153,9 @@ TEST_F(ShortcutsTest, APageListsTheKeys) {
             expect_listed(sequence, text(row.command));
     for (const Shortcut& row : shortcuts())
         if (const auto* command = std::get_if<Command>(&row.what))
-            expect_listed(row.sequence(), text(*command));
+            expect_listed(row.sequence, text(*command));
         else
-            expect_listed(row.sequence(), text_of(std::get<WindowAction>(row.what)));
+            expect_listed(row.sequence, text_of(std::get<WindowAction>(row.what)));
     EXPECT_TRUE(cells.contains("Undo") && cells.contains("Delete") && keys.contains("Backspace"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(pages[0]->isVisible());
@@ -161,6 +163,80 @@ TEST_F(ShortcutsTest, APageListsTheKeys) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     press(Qt::Key_Delete);
     EXPECT_EQ(box.tracks[0]->events.size(), 0u) << "keys go to the canvas again";
+}
+
+/// What a person does on the page behind F1.
+struct KeysPageTest : ShortcutsTest {
+    ~KeysPageTest() override { use_keys({}); }
+    QTreeWidgetItem* row(const char* text) {
+        const auto rows = page().findItems(text, Qt::MatchExactly | Qt::MatchRecursive, 1);
+        return rows.isEmpty() ? nullptr : rows.front();
+    }
+    QTreeWidget& page() { return *window.findChild<QDialog*>("keys page")->findChild<QTreeWidget*>(); }
+    /// With no key, the button of this text is pressed.
+    void change(const char* text, QKeyCombination key, const char* button = "OK") {
+        QTimer::singleShot(50, [=] {
+            QWidget* question = QApplication::activeModalWidget();
+            if (key.key() != Qt::Key_unknown)
+                QTest::keyClick(question->findChild<QLineEdit*>(), key.key(), key.keyboardModifiers());
+            for (auto* choice : question->findChildren<QPushButton*>())
+                if (choice->text().remove('&') == button) QTest::mouseClick(choice, Qt::LeftButton);
+        });
+        emit page().itemActivated(row(text), 0);
+    }
+    /// The platform of the tests does not go back to it by itself.
+    void press_in_window(Qt::Key key) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        press(key);
+    }
+    std::string file() const { return text_of_file(state.file("sorvo/keys")); }
+};
+
+TEST_F(KeysPageTest, AKeyIsChangedForGood) {
+    session.send("event start 0 duration 100 <note> 60 90 </note>");
+    session.send("event start 300 duration 200 <note> 60 90 </note>");
+    press(Qt::Key_A);
+    press(Qt::Key_R);
+    const std::string reversed = box.history.items.back()->name();
+    press(Qt::Key_Up);
+    press(Qt::Key_Down);
+    press(Qt::Key_F1);
+    change("Reverse", Qt::Key_Up);  // another's until now
+    ASSERT_TRUE(row("Reverse"));
+    EXPECT_EQ(row("Reverse")->text(0), "Up");
+    EXPECT_EQ(row("Transpose Up")->text(0), "");
+    press_in_window(Qt::Key_Up);
+    EXPECT_EQ(box.history.items.back()->name(), reversed) << "the key is another's now";
+    EXPECT_NE(file().find("\nreverse Up\n"), std::string::npos) << file();
+    std::vector<std::string> faults;
+    EXPECT_EQ(kept_keys(faults).size(), 1u);
+    EXPECT_TRUE(faults.empty());
+    change("Reverse", {}, "No Key");
+    EXPECT_NE(file().find("\nreverse none\n"), std::string::npos) << file();
+    change("Reverse", {}, "Restore Defaults");
+    EXPECT_EQ(row("Reverse")->text(0), "R");
+    press_in_window(Qt::Key_Up);
+    EXPECT_EQ(box.tracks[0]->events.first()->pitch, 61);
+}
+
+TEST(KeyChanges, WhatIsWrongIsToldAndKept) {
+    const StateFolder folder;
+    std::vector<std::string> faults;
+    const KeyChanges changes = parse_key_changes(
+        "# mine\nquantise Ctrl+Q; F5\nsing Ctrl+S\n\nlegato\nsplit Nonsense+3\nkeys none\n", faults);
+    EXPECT_EQ(faults,
+              (std::vector<std::string>{"line 3: there is no command \"sing\"", "line 5: no key is given",
+                                        "line 6: \"Nonsense+3\" is no key"}));
+    ASSERT_EQ(changes.size(), 2u);
+    EXPECT_EQ(changes[0].keys.size(), 2);
+    EXPECT_TRUE(changes[1].keys.isEmpty());
+    std::string fault;
+    std::filesystem::create_directories(folder.path / "sorvo");
+    folder.file_with("sorvo/keys", "# mine\nsing Ctrl+S\nlegato G");
+    EXPECT_TRUE(
+        keep_key(Command::Legato, QList<QKeySequence>{QKeySequence("B"), QKeySequence("Ctrl+,")}, fault));
+    EXPECT_EQ(text_of_file(folder.file("sorvo/keys")), "# mine\nsing Ctrl+S\nlegato B; Ctrl+,\n");
 }
 
 TEST_F(ShortcutsTest, TheCursorFollowsTheModeThatAKeyChooses) {

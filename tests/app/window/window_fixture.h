@@ -29,7 +29,10 @@ inline void answer_file_dialog(const QString& file) {
 
 /// What is kept between sessions is kept here.
 struct StateFolder : TemporaryFolder {
-    StateFolder() { ::setenv("XDG_STATE_HOME", path.c_str(), 1); }
+    StateFolder() {
+        for (const char* variable : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
+            ::setenv(variable, path.c_str(), 1);
+    }
 };
 
 struct WindowTest : testing::Test {

@@ -1,0 +1,102 @@
+// Bars at the song's tempo, and what snaps to parts of their beats.
+#include "interaction/hand.h"
+#include "view/grid.h"
+
+namespace tq::test {
+namespace {
+
+/// Quarters of 600 ms, in four parts of 150 ms.
+struct Beats : Hand {
+    Beats() {
+        say(".tempo 100\nbars_follow_tempo 1\ntime_display_type bars\nsnaptime 1\nsnap_division 4\nsnappitch "
+            "1");
+    }
+};
+
+TEST_F(Beats, FollowTheTempoWhereTheDocumentSaysSo) {
+    const Meter& meter = box().meter;
+    EXPECT_EQ(meter.spans.front().length, 2400);
+    say(".tempo 120");
+    EXPECT_EQ(meter.spans.front().length, 2000);
+    say("track_add\nwrite " + folder.file("a.json") + "\nbars_follow_tempo 0");
+    EXPECT_EQ(meter.spans.front().length, 4000);
+    say("write " + folder.file("b.json") + "\nread " + folder.file("a.json"));
+    EXPECT_EQ(meter.spans.front().length, 2000);
+    EXPECT_EQ(text_of_file(folder.file("b.json")).find("bars_follow_tempo"), std::string::npos);
+    say("bars_follow_tempo 1\nread " + folder.file("b.json"));
+    EXPECT_EQ(meter.spans.front().length, 4000) << "as the document says";
+    say(".command new");
+    EXPECT_EQ(meter.spans.front().length, 2000) << "as new ones begin";
+    EXPECT_FALSE(prseq_getdirtyflag(box()));
+    say(".command bars_follow_tempo");
+    EXPECT_EQ(meter.spans.front().length, 4000);
+}
+
+TEST_F(Beats, WhatTheHandDoesSnapsToTheirParts) {
+    say("mouse_mode insert");
+    click(1330, 60);
+    EXPECT_EQ(events(), "1350+150@60") << "one part long";
+    drag(at(2400, 62), at(2990, 62));
+    EXPECT_EQ(events(), "1350+150@60 2400+600@62");
+    say("mouse_mode select");
+    drag(at(2990, 62), at(2870, 62));
+    EXPECT_EQ(events(), "1350+150@60 2400+450@62*") << "the end";
+    drag(at(2410, 62), at(2210, 62));
+    EXPECT_EQ(events(), "1350+150@60 2250+600@62*") << "the start";
+    say("mouse_mode slice");
+    click(2590, 62);
+    EXPECT_EQ(events(), "1350+150@60 2250+300@62 2550+300@62");
+    say("mouse_mode select");
+    EXPECT_TRUE(comes_back());
+}
+
+TEST_F(Beats, WhatIsMovedTogetherKeepsItsDistances) {
+    say("event start 600 duration 100 <note> 60 90 </note>\nevent start 817 duration 100 <note> 64 90 "
+        "</note>\n.wait 100");
+    say(".command select_all");
+    drag(at(650, 60), at(820, 60));
+    EXPECT_EQ(events(), "750+100@60* 967+100@64*");
+    say(".command move_later");
+    EXPECT_EQ(events(), "900+100@60* 1117+100@64*");
+    say(".command quantise");
+    EXPECT_EQ(events(), "900+100@60* 1050+100@64*");
+}
+
+TEST_F(Beats, CopiesBeginAtTheSamePlaceOfTheBar) {
+    say("event start 0 duration 100 <note> 60 90 </note>\nevent start 1800 duration 100 <note> 64 90 "
+        "</note>\n.wait 100");
+    say(".command select_all\n.command duplicate");
+    EXPECT_EQ(events(), "0+100@60 1800+100@64 2400+100@60* 4200+100@64*");
+    say("event_delete 2 3 4\n.command select_all\n.command duplicate");
+    EXPECT_EQ(events(), "0+100@60 150+100@60*") << "what is short, by a part of a beat";
+    say("undo\nsnap_division 0\n.command select_all\n.command duplicate");
+    EXPECT_EQ(events(), "0+100@60 100+100@60*") << "at its end";
+}
+
+TEST_F(Beats, PastingGoesOnFromThePosition) {
+    say("event start 0 duration 100 <note> 60 90 </note>\nevent start 1800 duration 100 <note> 64 90 "
+        "</note>\n.wait 100");
+    say(".command select_all\n.command copy\nposition 2400\n.command paste_at_position\n.command "
+        "paste_at_position");
+    EXPECT_EQ(events(), "0+100@60 1800+100@64 2400+100@60 4200+100@64 4800+100@60* 6600+100@64*");
+    EXPECT_EQ(box().linecursor.position, 7200);
+    say("undo\nundo\n.command paste");
+    EXPECT_EQ(events(), "0+100@60 0+100@60* 1800+100@64 1800+100@64*") << "where it was";
+}
+
+TEST_F(Beats, TheirPartsAreDrawnWhereThereIsRoom) {
+    say("zoom_hor 0.01");
+    const auto lines = [&] {
+        const EventView view(box(), 1);
+        std::string shown;
+        for (const GridLine& line : build_grid(box(), view))
+            if (line.x < 2400 * view.pixels_per_ms) shown += line.main ? 'B' : line.part ? '.' : 'b';
+        return shown;
+    };
+    EXPECT_EQ(lines(), "B...b...b...b...B");
+    say("snap_division 64");
+    EXPECT_EQ(lines(), "BbbbB");
+}
+
+}  // namespace
+}  // namespace tq::test
