@@ -26,6 +26,8 @@ class Console : public QWidget, private SessionListener {
     explicit Console(Session& session);
     /// Called with the lines that are entered, or pasted, in their order.
     std::function<void(const std::vector<std::string>&)> entered = [](auto&&) {};
+    /// Escape was pressed in its line.
+    std::function<void()> escaped = [] {};
     void say(const std::string& text);
     QLineEdit& line() { return *line_; }
 
@@ -35,7 +37,7 @@ class Console : public QWidget, private SessionListener {
  private:
     static constexpr int outlets = 4;
 
-    void post(const std::string& text) override { say(text); }
+    void post(const std::string& text) override;
     void error(const Object& object, const std::string& text) override;
     void dumpout(Symbol selector, AtomSpan atoms) override;
     void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
@@ -48,6 +50,7 @@ class Console : public QWidget, private SessionListener {
     void complete();
     bool take_key(const QKeyEvent& event);
 
+    const Session& session_;
     QPlainTextEdit* text_;
     QLineEdit* line_;
     std::array<QAction*, outlets + 1> shown_{};  ///< which outlets, and receivers

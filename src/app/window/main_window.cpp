@@ -188,6 +188,14 @@ void MainWindow::choose_and_open() {
     if (!path.isEmpty()) open_another(path.toStdString());
 }
 
+/// What it says, and the line that stops it, are on the console.
+void MainWindow::choose_and_run_script() {
+    const QString path = QFileDialog::getOpenFileName(this, "Run Script", {}, "All files (*)");
+    if (path.isEmpty()) return;
+    show_console(true);
+    console_lines_->run({".run " + message_word(path.toStdString())});
+}
+
 /// A document takes the place of another.
 void MainWindow::open_another(const std::string& path) {
     if (may_lose_document()) open(path);
@@ -269,6 +277,8 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
             return command_row(Command::SaveAs).enabled(box);
         case WindowAction::BringBack:
             return journal_ && has_previous_document(*journal_);
+        case WindowAction::StopScript:
+            return console_lines_->script_runs();
         default:
             return true;
     }
@@ -360,6 +370,10 @@ void MainWindow::run(WindowAction action) {
             return export_as(picture_export);
         case WindowAction::BringBack:
             return bring_previous_back();
+        case WindowAction::RunScript:
+            return choose_and_run_script();
+        case WindowAction::StopScript:
+            return console_lines_->stop();
         case WindowAction::History:
             return show_history();
         case WindowAction::FullScreen:

@@ -74,6 +74,7 @@ class MainWindow : public QWidget, private PatchFiles {
     bool enabled(const Shortcut::What& what) const;
     bool checked(const Shortcut::What& what) const;
     void choose_and_open();
+    void choose_and_run_script();
     void open_another(const std::string& path);
     bool may_lose_document();
     void revert();

@@ -19,6 +19,8 @@ enum class WindowAction {
     ExportMidi,
     ExportPicture,
     BringBack,
+    RunScript,
+    StopScript,
     Console,
     Settings,
     History,
