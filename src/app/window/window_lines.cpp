@@ -62,10 +62,13 @@ void WindowLines::run_next_of_script() {
     in_script_ = true;
     std::string line;
     try {
-        if (scripts().take(line))
+        if (scripts().take(line)) {
+            const bool was_quiet = quiet().on();
             run_scripted(line, scripts().place());
-        else
+            if (!was_quiet && quiet().on()) script_is_quiet_ = true;
+        } else {
             end_script("done");
+        }
     } catch (const ScriptFault& fault) {
         tell_fault(fault, true);
         stop_scripts();
@@ -91,7 +94,7 @@ void WindowLines::run_script(const std::string& file) {
         RunningScripts next;
         next.begin(file);  // one that cannot be read takes nobody's place
         stop_scripts();
-        was_quiet_ = quiet().on();
+        script_is_quiet_ = false;
         script_.reached = Clock::now();
         scripts() = std::move(next);
         script_name_ = file;
@@ -108,7 +111,7 @@ void WindowLines::stop_scripts() {
 void WindowLines::end_script(const std::string& how) {
     script_.pause.stop();
     scripts().stop();
-    if (!was_quiet_) set_quiet(false);
+    if (script_is_quiet_) set_quiet(false);
     say(fmt::format("script {} {}", message_word(script_name_), how));
 }
 

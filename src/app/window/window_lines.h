@@ -82,8 +82,8 @@ class WindowLines : public QObject, protected Driver {
     std::deque<Line> lines_;
     bool in_script_ = false;  ///< the line that is being run is of a script
     bool speaking_ = false;
-    std::string script_name_;  ///< of the one that runs the others
-    bool was_quiet_ = false;   ///< before it began
+    std::string script_name_;       ///< of the one that runs the others
+    bool script_is_quiet_ = false;  ///< it began the stretch of quiet lines, if there is one
 };
 
 }  // namespace tq
