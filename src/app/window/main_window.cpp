@@ -188,14 +188,6 @@ void MainWindow::choose_and_open() {
     if (!path.isEmpty()) open_another(path.toStdString());
 }
 
-/// What it says, and the line that stops it, are on the console.
-void MainWindow::choose_and_run_script() {
-    const QString path = QFileDialog::getOpenFileName(this, "Run Script", {}, "All files (*)");
-    if (path.isEmpty()) return;
-    show_console(true);
-    console_lines_->run({".run " + message_word(path.toStdString())});
-}
-
 /// A document takes the place of another.
 void MainWindow::open_another(const std::string& path) {
     if (may_lose_document()) open(path);
@@ -270,6 +262,8 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
     const Prseq& box = session_.box();
     if (const Command* command = std::get_if<Command>(&what)) return can_run(*command, box);
     switch (std::get<WindowAction>(what)) {
+        case WindowAction::StopScript:
+            return console_lines_->script_runs();
         case WindowAction::Revert:
             return !box.info.filename.empty();
         case WindowAction::ExportSound:
@@ -277,8 +271,6 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
             return command_row(Command::SaveAs).enabled(box);
         case WindowAction::BringBack:
             return journal_ && has_previous_document(*journal_);
-        case WindowAction::StopScript:
-            return console_lines_->script_runs();
         default:
             return true;
     }
@@ -370,16 +362,16 @@ void MainWindow::run(WindowAction action) {
             return export_as(picture_export);
         case WindowAction::BringBack:
             return bring_previous_back();
-        case WindowAction::RunScript:
-            return choose_and_run_script();
-        case WindowAction::StopScript:
-            return console_lines_->stop();
         case WindowAction::History:
             return show_history();
         case WindowAction::FullScreen:
             return set_full_screen(!isFullScreen());
         case WindowAction::Console:
             return show_console(console_->isHidden());
+        case WindowAction::RunScript:
+            return choose_and_run_script();
+        case WindowAction::StopScript:
+            return console_lines_->stop();
         case WindowAction::Settings:
             return show_settings();
         case WindowAction::Keys:
@@ -397,6 +389,14 @@ void MainWindow::run(Command command) {
         session_.call(CommandCall{command_row(command).name});
         refresh();
     });
+}
+
+/// What it says, and the line that stops it, are on the console.
+void MainWindow::choose_and_run_script() {
+    const QString path = QFileDialog::getOpenFileName(this, "Run Script", {}, "All files (*)");
+    if (path.isEmpty()) return;
+    show_console(true);
+    console_lines_->run({".run " + message_word(path.toStdString())});
 }
 
 void MainWindow::show_console(bool open) {

@@ -74,7 +74,6 @@ class MainWindow : public QWidget, private PatchFiles {
     bool enabled(const Shortcut::What& what) const;
     bool checked(const Shortcut::What& what) const;
     void choose_and_open();
-    void choose_and_run_script();
     void open_another(const std::string& path);
     bool may_lose_document();
     void revert();
@@ -89,6 +88,7 @@ class MainWindow : public QWidget, private PatchFiles {
     void show_console(bool open);
     void show_settings();
     void show_history();
+    void choose_and_run_script();
     void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
