@@ -1,5 +1,6 @@
 #include "app/window/console_lines.h"
 
+#include <QFileDialog>
 #include <algorithm>
 
 #include "app/window/console.h"
@@ -30,6 +31,12 @@ void ConsoleLines::run(const std::vector<std::string>& lines) {
     }
     for (size_t i = 0; i < lines.size(); ++i) add(lines[i], static_cast<long>(i) + 1);
     run_lines();
+}
+
+bool ConsoleLines::choose_and_run() {
+    const QString path = QFileDialog::getOpenFileName(&window_, "Run Script", {}, "All files (*)");
+    if (!path.isEmpty()) run({".run " + message_word(path.toStdString())});
+    return !path.isEmpty();
 }
 
 /// The dialogs that are opened elsewhere are not the console's business.

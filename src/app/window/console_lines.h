@@ -16,6 +16,8 @@ class ConsoleLines : public WindowLines {
  public:
     ConsoleLines(MainWindow& window, Console& console);
     void run(const std::vector<std::string>& lines);
+    /// Asks for a script and runs it; false when none was chosen.
+    bool choose_and_run();
 
  private:
     void say(const std::string& line) override;

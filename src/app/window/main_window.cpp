@@ -369,7 +369,8 @@ void MainWindow::run(WindowAction action) {
         case WindowAction::Console:
             return show_console(console_->isHidden());
         case WindowAction::RunScript:
-            return choose_and_run_script();
+            if (console_lines_->choose_and_run()) show_console(true);
+            return;
         case WindowAction::StopScript:
             return console_lines_->stop();
         case WindowAction::Settings:
@@ -389,14 +390,6 @@ void MainWindow::run(Command command) {
         session_.call(CommandCall{command_row(command).name});
         refresh();
     });
-}
-
-/// What it says, and the line that stops it, are on the console.
-void MainWindow::choose_and_run_script() {
-    const QString path = QFileDialog::getOpenFileName(this, "Run Script", {}, "All files (*)");
-    if (path.isEmpty()) return;
-    show_console(true);
-    console_lines_->run({".run " + message_word(path.toStdString())});
 }
 
 void MainWindow::show_console(bool open) {

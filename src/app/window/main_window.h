@@ -88,7 +88,6 @@ class MainWindow : public QWidget, private PatchFiles {
     void show_console(bool open);
     void show_settings();
     void show_history();
-    void choose_and_run_script();
     void remember_document();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
