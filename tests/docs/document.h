@@ -38,6 +38,32 @@ inline Lines code_in(const std::string& text) {
     return code;
 }
 
+/// What stands between fences, or in a comment that tells what the hand does.
+struct Block {
+    std::string kind, name, text;
+};
+
+inline std::vector<Block> blocks_of(const std::string& document) {
+    std::vector<Block> blocks;
+    std::istringstream lines(document);
+    std::string end;  // of the block that is open
+    for (std::string line; std::getline(lines, line);) {
+        if (!end.empty()) {
+            if (line == end)
+                end.clear();
+            else
+                blocks.back().text += line + '\n';
+        } else if (line.starts_with("```") || line == "<!-- hand") {
+            end = line.starts_with("```") ? "```" : "-->";
+            std::istringstream words(line.substr(end == "```" ? 3 : 5));
+            blocks.emplace_back();
+            words >> blocks.back().kind >> blocks.back().name;
+        }
+    }
+    EXPECT_EQ(end, "") << "a block does not end";
+    return blocks;
+}
+
 struct Document {
     std::string text;
     explicit Document(const std::string& name) : text(text_of_file(SORVO_DOCS "/" + name)) {}

@@ -26,7 +26,7 @@ int run_recent();
 struct ScriptCommand {
     std::string size;  ///< WxH; empty: 400x300
     std::string document;
-    bool times = false;
+    bool times = false, quiet = false;
     std::vector<std::string> buffers;  ///< "NAME=FILE"
     std::vector<std::string> scripts;  ///< "-" is standard input
 };

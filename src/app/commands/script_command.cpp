@@ -49,14 +49,17 @@ int run_script(const ScriptCommand& command) {
     options.prepare = [&](Session& session) { status = make_named_buffers(session, command.buffers); };
     Script script(options, std::cout);
     if (status) return status;
+    if (command.quiet) script.set_quiet(true);
     try {
         for (const std::string& name : command.scripts)
             if (!run_file(script, name)) return 1;
     } catch (const ScriptFault& fault) {
+        script.set_quiet(false);
         std::cout.flush();
         std::cerr << fault.file << ":" << fault.line << ": " << fault.what << "\n";
         return 2;
     }
+    script.set_quiet(false);
     std::cout.flush();
     return std::cout ? 0 : 1;
 }

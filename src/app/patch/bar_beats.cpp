@@ -1,6 +1,7 @@
 #include "app/patch/bar_beats.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace tq {
@@ -14,6 +15,13 @@ template <typename Value>
 auto last_from(const Meter& meter, Value MeasureSpan::*begin, Value value) {
     const auto behind = std::ranges::upper_bound(meter.spans, value, {}, begin);
     return behind == meter.spans.begin() ? meter.spans.end() : std::prev(behind);
+}
+
+/// A text that is all number.
+template <typename Value>
+bool read_number(std::string_view text, Value& value) {
+    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return fault == std::errc() && end == text.data() + text.size();
 }
 
 }  // namespace
@@ -33,6 +41,15 @@ std::optional<double> ms_of(const Meter& meter, const BarBeat& place) {
     if (span == meter.spans.end() || place.beat < 1) return {};
     return span->start + static_cast<double>(index - span->firstmeasure) * span->length +
            (place.beat - 1) * beat_length(*span);
+}
+
+/// What follows the second point are the digits of a fraction.
+std::optional<double> ms_of_bar_text(const Meter& meter, std::string_view text) {
+    const size_t point = text.find('.');
+    BarBeat place;
+    const bool told = read_number(text.substr(0, point), place.bar) &&
+                      (point == text.npos || read_number(text.substr(point + 1), place.beat));
+    return told ? ms_of(meter, place) : std::nullopt;
 }
 
 std::optional<Beat> beat_from(const Meter& meter, double ms) {

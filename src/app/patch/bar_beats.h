@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include "instance/meter.h"
 
@@ -25,6 +26,9 @@ struct Beat {
 std::optional<BarBeat> bar_beat_at(const Meter& meter, double ms);
 /// In ms; none before the first bar or its first beat. Beats beyond the bar's lie in those that follow.
 std::optional<double> ms_of(const Meter& meter, const BarBeat& place);
+/// The position in ms of a place as text: "3" is the beginning of bar 3, "3.2" its second beat, "3.2.5" half
+/// a beat later. None when the text says no place.
+std::optional<double> ms_of_bar_text(const Meter& meter, std::string_view text);
 /// The first beat at or after a position in ms; none before 0, and without bars.
 std::optional<Beat> beat_from(const Meter& meter, double ms);
 

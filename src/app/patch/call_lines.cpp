@@ -117,8 +117,9 @@ bool is_driver_line(std::string_view line) {
     return line.size() > 1 && line[0] == '.' && std::isalpha(static_cast<unsigned char>(line[1]));
 }
 
-MessageCall parse_message(std::string_view text) {
-    Atoms atoms = atom_setparse(text);
+MessageCall parse_message(std::string_view text) { return message_of(atom_setparse(text)); }
+
+MessageCall message_of(Atoms atoms) {
     if (atoms.empty()) return {};
     if (atoms.front().is_symbol())
         return {atoms.front().as_symbol(), Atoms(atoms.begin() + 1, atoms.end()), {}};

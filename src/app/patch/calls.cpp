@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/patch/import.h"
+#include "app/patch/receivers.h"
 #include "app/patch/session.h"
 #include "file/document_messages.h"
 #include "inspectors/inspectors.h"
@@ -119,6 +120,27 @@ bool make(Session& session, const FeedbackCall& call) {
 bool make(Session& session, const ReceiverCall& call) {
     session.make_receiver(gensym(call.name));
     return true;
+}
+
+/// Who is bound to a name; none, and why in an error, when nobody hears what is sent there.
+Object* listener_named(Session& session, const std::string& name) {
+    Prseq& box = session.box();
+    if (name == box_name) return &box;
+    Object* const listener = symbol_thing(session.host(), gensym(name));
+    if (listener && (!name.starts_with("gm:") || voice_of_receiver(name))) return listener;
+    object_error(box, listener ? fmt::sprintf("there is no sound \"%s\"", name)
+                               : fmt::sprintf("nobody listens to \"%s\"", name));
+    return nullptr;
+}
+
+bool make(Session& session, const SendCall& call) {
+    Object* const listener = listener_named(session, call.name);
+    if (!listener) return false;
+    const MessageCall message = message_of(call.message);
+    session.sending = true;
+    const bool done = object_method_typed(*listener, message.selector, message.arguments);
+    session.sending = false;
+    return done;
 }
 
 bool make(Session& session, const BufferCall& call) {

@@ -100,6 +100,12 @@ struct ReceiverCall {
     std::string name;
     friend bool operator==(const ReceiverCall&, const ReceiverCall&) = default;
 };
+/// A message to whoever is bound to a name, or to the box by its scripting name. That nobody is, is posted.
+struct SendCall {
+    std::string name;
+    Atoms message;
+    friend bool operator==(const SendCall&, const SendCall&) = default;
+};
 /// Makes the named buffer of a sound file, or removes it. Why that failed is posted as an error.
 struct BufferCall {
     std::string name, file;
@@ -186,6 +192,7 @@ line_row<CloseCall>(".close", Word{&CloseCall::name, "an inspector"}, PlaceOfWin
     line_row<TransportCall>(".transport", Number{&TransportCall::ms, "ms", 0, longest_time_ms}),
     line_row<FeedbackCall>(".feedback", Either{&FeedbackCall::on, "on", "off"}),
     line_row<ReceiverCall>(".receiver", Word{&ReceiverCall::name, "a name"}),
+    line_row<SendCall>(".send", Word{&SendCall::name, "a receiver"}, SomeWords{&SendCall::message, "a message"}),
     line_row<BufferCall>(".buffer", Word{&BufferCall::name, "a name"}, LastWord{&BufferCall::file, "a file"}),
     line_row<SoundCall>(".sound", Word{&SoundCall::name, "a name"}, SoundOfFormat{}),
     line_row<SeedCall>(".seed", Number{&SeedCall::seed, "seed", 0, 4294967295.}),
@@ -206,8 +213,11 @@ bool perform(Session& session, const SessionCall& call);
 
 /// Whether a line is the driver's own, and no message.
 bool is_driver_line(std::string_view line);
-/// The message of a text: a lone number is "int" or "float", several atoms that begin with a number are a
-/// "list".
+/// The scripting name of the box in its patch.
+inline constexpr std::string_view box_name = "sorvo";
+/// The message of atoms, or of a text: a lone number is "int" or "float", several atoms that begin with a
+/// number are a "list".
+MessageCall message_of(Atoms atoms);
 MessageCall parse_message(std::string_view text);
 /// The call that makes a buffer what it is now.
 SoundCall sound_call(const Host& host, Symbol name);

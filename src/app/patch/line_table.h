@@ -94,6 +94,22 @@ struct LastWords {
 template <typename Record>
 LastWords(Atoms Record::*) -> LastWords<Record>;
 
+/// All words that follow, of which there is at least one.
+template <typename Record>
+struct SomeWords {
+    Atoms Record::*member;
+    const char* what;
+
+    void write(const Record& record, std::string& line) const { line += ' ' + atom_gettext(record.*member); }
+    void read(Record& record, Words& words) const {
+        record.*member = words.rest();
+        if ((record.*member).empty()) throw ScriptFault{"", 0, fmt::format("missing: {}", what)};
+    }
+};
+
+template <typename Record>
+SomeWords(Atoms Record::*, const char*) -> SomeWords<Record>;
+
 /// A last number that may be left out.
 template <typename Record>
 struct LastNumber {

@@ -89,6 +89,7 @@ void NoteListener::mute(AtomSpan atoms) {
 /// What a receiver gets does not say of which track it is: of that whose event is being sent.
 long NoteListener::track_that_plays() const {
     const EventRef& event = session_.box().nextevent;
+    if (session_.sending) return -1;
     return event && event->track ? event->track->index : -1;
 }
 

@@ -56,6 +56,10 @@ class Session {
  public:
     /// Whether position reports are fed back to the transport.
     bool feedback = true;
+    /// How many want what the box posts and reports to be left out by those who print.
+    int hushed = 0;
+    /// What receivers get now is sent to them by a call, and by no track.
+    bool sending = false;
 
     Session();
     ~Session();

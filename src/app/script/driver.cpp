@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "app/script/commands.h"
-#include "app/script/framed_lines.h"
+#include "app/script/line_times.h"
 #include "host/files.h"
 #include "view/draw.h"
 
@@ -43,26 +43,45 @@ Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(se
 Driver::~Driver() = default;
 
 void Driver::run(std::istream& lines, const std::string& name) {
-    std::string line;
-    for (long number = 0, first = 1;; first = number + 1) {
-        try {
-            if (!read_framed(lines, line, number)) return;
-            line_begins(first);
-            run_line(line);
-        } catch (ScriptFault& fault) {
-            fault.file = name;
-            fault.line = first;
-            throw;
+    scripts_.begin(lines, name);
+    try {
+        for (std::string line; scripts_.take(line);) {
+            line_begins(scripts_.place().line);
+            run_line(line, scripts_.place());
+            line_done();
         }
-        line_done();
+    } catch (ScriptFault& fault) {
+        if (fault.file.empty()) fault = {scripts_.place().file, scripts_.place().line, fault.what};
+        scripts_.stop();
+        throw;
     }
 }
 
-void Driver::run_line(const std::string& text) {
+void Driver::run_line(const std::string& text, const ScriptPlace& place) {
     const std::string line = trimmed(text);
     if (line.empty() || line[0] == '#') return;
-    run_command(*this, line);
-    if (fault_) throw ScriptFault{"", 0, *std::exchange(fault_, {})};
+    const ScriptPlace here = place;
+    quiet_.line_begins(here);
+    try {
+        run_command(*this, in_ms(line));
+        if (fault_) throw ScriptFault{"", 0, *std::exchange(fault_, {})};
+    } catch (ScriptFault& fault) {
+        quiet_.line_ends();
+        fault = {here.file, here.line, fault.what};
+        throw;
+    }
+    quiet_.line_ends();
+}
+
+/// Journals tell times in ms, and words as the box got them.
+std::string Driver::in_ms(const std::string& line) const {
+    const Prseq& box = session_.box();
+    return replaying_ ? line : line_in_ms(line, {itm_gettempo(*box.transport), box.meter});
+}
+
+void Driver::set_quiet(bool on) {
+    if (on) return quiet_.begin();
+    for (const std::string& text : quiet_.end()) say(text);
 }
 
 void Driver::wait(double ms) {

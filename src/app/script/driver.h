@@ -8,12 +8,14 @@
 
 #include "app/patch/session.h"
 #include "app/script/lines.h"
+#include "app/script/quiet.h"
+#include "app/script/running_scripts.h"
 
 namespace tq {
 
-/// Runs lines in virtual time. How time passes, what paints and who hears what is said are the business of
-/// those that derive from it. File dialogs and file accesses are answered from the lines, and by whoever
-/// answered them before when no line does.
+/// Runs lines in virtual time; times in them may be told in beats of the transport's tempo. How time passes,
+/// what paints and who hears what is said are the business of those that derive from it. File dialogs and
+/// file accesses are answered from the lines, and by whoever answered them before when no line does.
 class Driver : private PatchFiles {
  public:
     explicit Driver(Session& session);
@@ -23,8 +25,10 @@ class Driver : private PatchFiles {
 
     /// Runs all lines. Throws a ScriptFault at the first that is not understood.
     void run(std::istream& lines, const std::string& name);
-    /// Runs one line; an empty one and a comment do nothing. Throws a ScriptFault without file and line.
-    void run_line(const std::string& text);
+    /// Runs the line at a place; an empty one and a comment do nothing. Throws a ScriptFault.
+    void run_line(const std::string& text, const ScriptPlace& place);
+    /// Whether lines that follow are left without an answer, and what came of them is said at their end.
+    void set_quiet(bool on);
     Session& session() { return session_; }
 
  protected:
@@ -40,6 +44,10 @@ class Driver : private PatchFiles {
         static_cast<void>(file);
         static_cast<void>(ratio);
     }
+    /// ".run": the lines of a file come next. Throws a ScriptFault without place.
+    virtual void run_script(const std::string& file) { scripts_.begin(file); }
+    /// ".stop": the scripts that are running end here.
+    virtual void stop_scripts() { scripts_.stop(); }
     /// ".quit": nothing can be closed here.
     virtual void quit();
     /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.
@@ -51,6 +59,10 @@ class Driver : private PatchFiles {
 
     /// The lines are a recorded session: it is painted only where it says so, and no file is touched.
     bool replaying() const { return replaying_; }
+    RunningScripts& scripts() { return scripts_; }
+    Quiet& quiet() { return quiet_; }
+    /// A line whose times are in ms.
+    std::string in_ms(const std::string& line) const;
 
  private:
     friend struct DriverCommands;
@@ -69,6 +81,8 @@ class Driver : private PatchFiles {
     void note_fault(const std::string& what);
 
     Session& session_;
+    RunningScripts scripts_;
+    Quiet quiet_{session_};
     std::deque<AnswerLine> answers_;
     std::deque<ChooseLine> choices_;
     std::deque<FileLine> outcomes_;

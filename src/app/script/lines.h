@@ -55,6 +55,21 @@ struct QuitLine {
     friend bool operator==(const QuitLine&, const QuitLine&) = default;
 };
 
+/// The lines that follow are not answered one by one, or are again.
+struct QuietLine {
+    bool on = false;
+    friend bool operator==(const QuietLine&, const QuietLine&) = default;
+};
+/// Runs the lines of a file.
+struct RunLine {
+    std::string file;
+    friend bool operator==(const RunLine&, const RunLine&) = default;
+};
+/// Ends the scripts that are running.
+struct StopLine {
+    friend bool operator==(const StopLine&, const StopLine&) = default;
+};
+
 /// A file's name, or "cancel".
 struct AnsweredFile {
     void write(const AnswerLine& answer, std::string& line) const;
@@ -85,6 +100,9 @@ inline constexpr auto line_rows = std::tuple_cat(call_rows, std::tuple{
     line_row<FileLine>(".file", OutcomeOfFile{}),
     line_row<ReplayLine>(".replay"),
     line_row<ShowLine>(".show", Word{&ShowLine::what, "what to show"}),
+    line_row<QuietLine>(".quiet", Either{&QuietLine::on, "on", "off"}),
+    line_row<RunLine>(".run", Word{&RunLine::file, "a file"}),
+    line_row<StopLine>(".stop"),
     line_row<QuitLine>(".quit"),
 });
 // clang-format on

@@ -31,7 +31,9 @@ class Script : private OwnSession, public Driver, private SessionListener {
     void redraw() override { redraw_asked_ = true; }
     void say(const std::string& line) override { printer_.say(line); }
     void paint(const std::string& file, double ratio) override;
-    void line_done() override { paint_if_asked(); }
+    void line_done() override {
+        if (!quiet().on()) paint_if_asked();
+    }
     void paint_if_asked();
 
     SessionPrinter printer_;

@@ -15,7 +15,7 @@ std::string said_text(const std::string& from, Symbol selector, AtomSpan atoms) 
 }
 
 SessionPrinter::SessionPrinter(Session& session, std::ostream& out, bool times)
-    : scheduler_(session.host().scheduler), out_(out), times_(times) {
+    : session_(session), scheduler_(session.host().scheduler), out_(out), times_(times) {
     session.listen(*this);
 }
 
@@ -28,6 +28,7 @@ void SessionPrinter::say_message(const std::string& from, Symbol selector, AtomS
 }
 
 void SessionPrinter::outlet(int outlet, Symbol selector, AtomSpan atoms) {
+    if (session_.hushed && is_report(outlet)) return;
     say_message(fmt::format("out{}", outlet), selector, atoms);
 }
 
@@ -37,10 +38,12 @@ void SessionPrinter::receiver(Symbol name, Symbol selector, AtomSpan atoms) {
     say_message("to " + atom_gettext(Atoms{name}), selector, atoms);
 }
 
-void SessionPrinter::post(const std::string& text) { say("post " + text); }
+void SessionPrinter::post(const std::string& text) {
+    if (!session_.hushed) say("post " + text);
+}
 
 void SessionPrinter::error(const Object& object, const std::string& text) {
-    say("error " + object_classname(object).text() + ": " + text);
+    if (!session_.hushed) say("error " + object_classname(object).text() + ": " + text);
 }
 
 }  // namespace tq

@@ -55,7 +55,7 @@ bool is_typed(const QKeyEvent& event) {
 }  // namespace
 
 Console::Console(Session& session)
-    : text_(new QPlainTextEdit), line_(new QLineEdit), history_(kept_history.lines()) {
+    : session_(session), text_(new QPlainTextEdit), line_(new QLineEdit), history_(kept_history.lines()) {
     text_->setReadOnly(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text_->setMaximumBlockCount(kept_lines);
@@ -137,13 +137,18 @@ void Console::say_what_waits() {
     waiting_.clear();
 }
 
+void Console::post(const std::string& text) {
+    if (!session_.hushed) say(text);
+}
+
 void Console::error(const Object& object, const std::string& text) {
-    say("error " + object_classname(object).text() + ": " + text);
+    if (!session_.hushed) say("error " + object_classname(object).text() + ": " + text);
 }
 
 void Console::dumpout(Symbol selector, AtomSpan atoms) { say(selector.text() + " " + atom_gettext(atoms)); }
 
 void Console::outlet(int outlet, Symbol selector, AtomSpan atoms) {
+    if (session_.hushed && is_report(outlet)) return;
     if (outlet < outlets && shown_[static_cast<size_t>(outlet)]->isChecked())
         say_soon(said_text(fmt::format("out{}", outlet), selector, atoms));
 }
@@ -158,12 +163,13 @@ void Console::enter() {
     recalled_ = -1;
     if (text.size() >= longest_paste)
         return say("error: this is too long to be pasted; nothing of it was done");
-    std::vector<std::string> lines;
-    for (const QString& line : text.split('\n'))
-        if (!line.trimmed().isEmpty()) lines.push_back(line.trimmed().toStdString());
-    if (lines.empty()) return;
-    kept_history.add(lines);
-    kept_history.put_first(history_, lines);
+    std::vector<std::string> lines;  // empty ones, too: they count
+    for (const QString& line : text.split('\n')) lines.push_back(line.trimmed().toStdString());
+    std::vector<std::string> kept = lines;
+    std::erase(kept, "");
+    if (kept.empty()) return;
+    kept_history.add(kept);
+    kept_history.put_first(history_, kept);
     entered(lines);
 }
 
@@ -198,6 +204,9 @@ bool Console::take_key(const QKeyEvent& event) {
             return true;
         case Qt::Key_Tab:
             complete();
+            return true;
+        case Qt::Key_Escape:
+            escaped();
             return true;
         default:
             return false;

@@ -27,6 +27,8 @@ class Console : public QWidget, private SessionListener {
     explicit Console(Session& session);
     /// Called with the lines that are entered, or pasted, in their order.
     std::function<void(const std::vector<std::string>&)> entered = [](auto&&) {};
+    /// Escape was pressed in its line.
+    std::function<void()> escaped = [] {};
     void say(const std::string& text);
     QLineEdit& line() { return *line_; }
     /// What is shown of what leaves the box, for the next time.
@@ -40,7 +42,7 @@ class Console : public QWidget, private SessionListener {
  private:
     static constexpr int outlets = 4;
 
-    void post(const std::string& text) override { say(text); }
+    void post(const std::string& text) override;
     void error(const Object& object, const std::string& text) override;
     void dumpout(Symbol selector, AtomSpan atoms) override;
     void outlet(int outlet, Symbol selector, AtomSpan atoms) override;
@@ -53,6 +55,7 @@ class Console : public QWidget, private SessionListener {
     void complete();
     bool take_key(const QKeyEvent& event);
 
+    const Session& session_;
     QPlainTextEdit* text_;
     QLineEdit* line_;
     std::array<QAction*, outlets + 1> shown_{};  ///< which outlets, and receivers

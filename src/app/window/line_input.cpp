@@ -12,7 +12,7 @@
 namespace tq {
 
 LineInput::LineInput(MainWindow& window, bool close_at_end)
-    : WindowLines(window),
+    : WindowLines(window, "-"),
       printer_(window.session(), std::cout, false),
       notifier_(STDIN_FILENO, QSocketNotifier::Read),
       close_at_end_(close_at_end) {
@@ -33,11 +33,10 @@ void LineInput::read_input() {
     }
     size_t begin = 0;
     for (size_t end; (end = text_.find('\n', begin)) != text_.npos; begin = end + 1)
-        add(text_.substr(begin, end - begin));
+        add(text_.substr(begin, end - begin), ++number_);
     text_.erase(0, begin);
     if (text_.size() > longest_line) {
-        std::fprintf(stderr, "-:%ld: a line that is too long; no more is read\n",
-                     number_ + static_cast<long>(waiting()) + 1);
+        tell_complaint({"-", number_ + 1}, "a line that is too long; no more is read");
         text_.clear();
         notifier_.setEnabled(false);
         ended_ = true;
@@ -45,17 +44,18 @@ void LineInput::read_input() {
     run_lines();
 }
 
-void LineInput::run_one(const std::string& line) {
-    ++number_;
-    try {
-        run_line(line);
-    } catch (const ScriptFault& fault) {
-        std::fprintf(stderr, "-:%ld: %s\n", number_, fault.what.c_str());
-    }
+void LineInput::tell_fault(const ScriptFault& fault, bool) {
+    tell_complaint({fault.file, fault.line}, fault.what);
+}
+
+void LineInput::tell_complaint(const ScriptPlace& place, const std::string& what) {
+    std::fprintf(stderr, "%s: %s\n", text_of(place).c_str(), what.c_str());
 }
 
 void LineInput::finished() {
-    if (ended_ && close_at_end_) window_.close();
+    if (!ended_) return;
+    set_quiet(false);
+    if (close_at_end_) window_.close();
 }
 
 }  // namespace tq

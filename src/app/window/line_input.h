@@ -10,7 +10,7 @@
 
 namespace tq {
 
-/// A line that is not understood is said on standard error and skipped.
+/// A line that is not understood is said on standard error and skipped; in a script it ends the script.
 class LineInput : public WindowLines {
  public:
     /// With `close_at_end` the window is closed when the input ends.
@@ -20,14 +20,15 @@ class LineInput : public WindowLines {
 
  private:
     void say(const std::string& line) override { printer_.say(line); }
-    void run_one(const std::string& line) override;
+    void tell_fault(const ScriptFault& fault, bool in_script) override;
+    void tell_complaint(const ScriptPlace& place, const std::string& what) override;
     void finished() override;
     void read_input();
 
     SessionPrinter printer_;
     QSocketNotifier notifier_;
     std::string text_;  ///< what was read of a line that is not whole
-    long number_ = 0;
+    long number_ = 0;   ///< of the last line that is
     bool close_at_end_, ended_ = false;
 };
 

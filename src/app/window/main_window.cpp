@@ -158,6 +158,8 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
     const Prseq& box = session_.box();
     if (const Command* command = std::get_if<Command>(&what)) return can_run(*command, box);
     switch (std::get<WindowAction>(what)) {
+        case WindowAction::StopScript:
+            return console_lines_->script_runs();
         case WindowAction::Revert:
             return !box.info.filename.empty();
         case WindowAction::ExportSound:
@@ -227,6 +229,11 @@ void MainWindow::run(WindowAction action) {
             return set_full_screen(!isFullScreen());
         case WindowAction::Console:
             return show_console(console_->isHidden());
+        case WindowAction::RunScript:
+            if (console_lines_->choose_and_run()) show_console(true);
+            return;
+        case WindowAction::StopScript:
+            return console_lines_->stop();
         case WindowAction::Settings:
             return show_settings();
         case WindowAction::Keys:

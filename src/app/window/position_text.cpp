@@ -50,14 +50,8 @@ QString bars_text(double ms, const Meter& meter) {
         .arg(thousandths % 1000, 3, 10, QChar('0'));
 }
 
-/// What follows the second point are the digits of a fraction.
 std::optional<double> bars_value(const QString& text, const Meter& meter) {
-    const qsizetype point = text.indexOf('.');
-    bool bar_fits = false, beat_fits = true;
-    BarBeat place;
-    place.bar = text.left(point).toLong(&bar_fits);
-    if (point >= 0) place.beat = text.mid(point + 1).toDouble(&beat_fits);
-    return bar_fits && beat_fits ? ms_of(meter, place) : std::nullopt;
+    return ms_of_bar_text(meter, text.toStdString());
 }
 
 struct FaceRow {

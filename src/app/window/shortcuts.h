@@ -23,6 +23,8 @@ enum class WindowAction {
     ExportMidi,
     ExportPicture,
     BringBack,
+    RunScript,
+    StopScript,
     Console,
     Settings,
     History,

@@ -66,6 +66,11 @@ struct Filler {
         for (size_t i = below(4); i > 0; --i)
             (record.*field.member).push_back(below(2) ? Atom(gensym(word())) : Atom(number(-1e6, 1e6)));
     }
+    template <typename R>
+    void fill(R& record, const SomeWords<R>& field) {
+        (record.*field.member) = {Atom(gensym(word()))};
+        if (below(2)) (record.*field.member).emplace_back(number(-1e6, 1e6));
+    }
     void fill(CloseCall& record, const PlaceOfWindow&) {
         if (below(2)) record.position = {number(-9999, 9999), number(-9999, 9999)};
     }

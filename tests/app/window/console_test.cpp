@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QToolButton>
 
 #include "app/script_fixture.h"
@@ -66,6 +67,84 @@ TEST_F(ConsoleTest, DriverLinesAreDoneAndFaultsAreSaid) {
     EXPECT_TRUE(std::filesystem::exists(state.file("after.json"))) << "nothing is taken for recorded";
     EXPECT_EQ(answer(".quit"), "");
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(ConsoleTest, QuietLinesAreCountedAndTheirMistakesTold) {
+    QString lines = ".quiet on\n\ntrack_add A\n";
+    for (int i = 0; i < 500; ++i) lines += "event start " + QString::number(i) + "b <note> 60 90 </note>\n";
+    paste(lines + "event_delete 1 777 2\nevnt\n.tempoo 9\n.replay\nhelp\n.quiet off\n.show cursor");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return console_text().endsWith("\ncursor -1"); }));
+    static const QRegularExpression steps("steps \\d+");  // as many bursts as it takes
+    EXPECT_EQ(console_text().section("\n> .show", 0, 0).replace(steps, "steps N").toStdString(),
+              "> .quiet on\n"
+              "quiet lines 505 events 498 steps N mistakes 5\n"
+              "quiet console:504: event_delete: no event with id 777\n"
+              "quiet console:505: doesn't understand \"evnt\"\n"
+              "quiet console:506: no such line: .tempoo\n"
+              "quiet console:507: only journals have the line .replay\n"
+              "quiet console:508: doesn't understand \"help\"");
+    EXPECT_EQ(answer("event_delete 3 777"), "error tq.sorvo: event_delete: no event with id 777");
+    EXPECT_EQ(box.tracks[0]->events.size(), 497u);
+}
+
+TEST_F(ConsoleTest, ScriptsRunBesideWhatIsEntered) {
+    const std::string slow = state.file_with("slow.txt", "track_add slow\n.wait 60000\ntrack_add late"),
+                      quick = state.file_with("quick.txt",
+                                              ".quiet on\ntrack_add quick\n.wait 30\nnonsense\ntrack_add B"),
+                      bad = state.file_with("bad.txt", "\nnonsense\n.replay\ntrack_add never");
+    const auto names = [&] {
+        std::string all;
+        for (const TrackRef& track : box.tracks) all += track->name + " ";
+        return all;
+    };
+    enter((".run " + slow).c_str());
+    enter("track_add mine");
+    EXPECT_EQ(names(), "slow mine ") << "the script waits, and the window does not";
+    EXPECT_EQ(console_text().toStdString(), "> .run " + slow + "\n> track_add mine");
+    EXPECT_EQ(answer((".run " + state.file("none.txt")).c_str()).find("error: could not read"), 0u);
+    EXPECT_EQ(answer(".stop"), "script " + slow + " stopped " + slow + ":2");
+    EXPECT_EQ(answer(".stop"), "");
+
+    enter((".run " + slow).c_str());
+    EXPECT_EQ(answer((".run " + quick).c_str()), "script " + slow + " stopped " + slow + ":2")
+        << "one takes the other's place";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return console_text().endsWith("done"); }));
+    EXPECT_EQ(names(), "slow mine slow quick B ");
+    EXPECT_TRUE(console_text().contains(QString::fromStdString(
+        "quiet lines 4 events 0 steps 2 mistakes 1\nquiet " + quick + ":4: doesn't understand \"nonsense\"")))
+        << console_text().toStdString();
+
+    EXPECT_EQ(answer((".run " + bad).c_str()),
+              "error tq.sorvo: doesn't understand \"nonsense\"\n  at " + bad + ":2\nerror: " + bad +
+                  ":3: only journals have the line .replay\nscript " + bad + " stopped " + bad + ":3");
+
+    answer_file_dialog(QString::fromStdString(slow));
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(console_text().endsWith(QString::fromStdString("> .run " + slow)));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(console_text().endsWith(QString::fromStdString("stopped " + slow + ":2")));
+    window.activateWindow();  // the dialog was
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    enter(".wait 60000");
+    enter("track_add forgotten");
+    press(Qt::Key_Period, Qt::ControlModifier);
+    enter("track_add last");
+    EXPECT_EQ(names(), "slow mine slow quick B slow last ") << "what waits is forgotten";
+}
+
+TEST_F(ConsoleTest, LongScriptsLetTheWindowLive) {
+    std::string long_script = ".quiet on\n";
+    for (int i = 0; i < 20000; ++i)
+        long_script += "event start " + std::to_string(i) + " <note> 60 90 </note>\n";
+    const std::string file = state.file_with("long.txt", long_script);
+    int turns = 0;
+    QTimer other;
+    QObject::connect(&other, &QTimer::timeout, [&turns] { ++turns; });
+    other.start(0);
+    enter((".run " + file).c_str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return console_text().endsWith("done"); }, 60000));
+    EXPECT_GT(turns, 3);
+    EXPECT_TRUE(console_text().contains("quiet lines 20000 events 20000 "));
 }
 
 TEST_F(ConsoleTest, DialogsOfOthersAreNoneOfItsBusiness) {
