@@ -23,6 +23,7 @@ class AttributeInspector;
 class BoxWidget;
 class Console;
 class ConsoleLines;
+class EventTable;
 class HistoryList;
 class TransportBar;
 
@@ -68,6 +69,7 @@ class MainWindow : public QWidget {
     void run(WindowAction action);
     void show_settings();
     void show_history();
+    void show_events();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
     std::unique_ptr<Session> own_session_;
@@ -85,6 +87,7 @@ class MainWindow : public QWidget {
     InspectorWindows inspectors_;
     std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
     HistoryList* history_ = nullptr;                ///< likewise
+    EventTable* events_ = nullptr;                  ///< likewise
 };
 
 }  // namespace tq

@@ -3,6 +3,7 @@
 #include <QSet>
 #include <QShortcut>
 #include <QWidget>
+#include <algorithm>
 
 namespace tq {
 
@@ -33,6 +34,7 @@ constexpr Shortcut rows[] = {
     {Qt::CTRL | Qt::Key_K, WindowAction::Console},
     {Qt::CTRL | Qt::Key_Comma, WindowAction::Settings},
     {Qt::CTRL | Qt::Key_H, WindowAction::History},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_E, WindowAction::Events},
     {Qt::Key_F11, WindowAction::FullScreen},
     {Qt::Key_F1, WindowAction::Keys},
 
@@ -77,6 +79,9 @@ constexpr Shortcut rows[] = {
     {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
 
+constexpr Shortcut::What wanted_in_dialogs[] = {Command::Undo, Command::Redo, Command::Save,
+                                                WindowAction::Quit};
+
 }  // namespace
 
 const char* text_of(WindowAction action) {
@@ -84,9 +89,9 @@ const char* text_of(WindowAction action) {
                                             "Export Sound...",   "Export MIDI File...",
                                             "Export Picture...", "Bring Back the Previous Document",
                                             "Console",           "Settings",
-                                            "History",           "Full Screen",
-                                            "Keys and Mouse",    "Tap the Tempo",
-                                            "Quit"};
+                                            "History",           "Events",
+                                            "Full Screen",       "Keys and Mouse",
+                                            "Tap the Tempo",     "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 
@@ -107,6 +112,18 @@ void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(S
         shortcut->setContext(on_canvas ? Qt::WidgetShortcut : Qt::WindowShortcut);
         shortcut->setAutoRepeat(row.repeats);
         QObject::connect(shortcut, &QShortcut::activated, &window, [act, what = row.what] { act(what); });
+    }
+}
+
+void make_dialog_shortcuts(QWidget& dialog, const std::function<void(Shortcut::What)>& act) {
+    QSet<QKeySequence> made;
+    for (const Shortcut& row : rows) {
+        const QKeySequence sequence = row.sequence();
+        if (std::ranges::find(wanted_in_dialogs, row.what) == std::end(wanted_in_dialogs)) continue;
+        if (row.scope != Window || sequence.isEmpty() || made.contains(sequence)) continue;
+        made.insert(sequence);
+        QObject::connect(new QShortcut(sequence, &dialog), &QShortcut::activated, &dialog,
+                         [act, what = row.what] { act(what); });
     }
 }
 

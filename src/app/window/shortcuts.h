@@ -22,6 +22,7 @@ enum class WindowAction {
     Console,
     Settings,
     History,
+    Events,
     FullScreen,
     Keys,
     TapTempo,
@@ -51,5 +52,8 @@ std::span<const Shortcut> shortcuts();
 
 /// Makes all of them call `act`, each as long as its widget exists.
 void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(Shortcut::What)>& act);
+
+/// The same for a dialog beside the window: those that make sense while the focus is there.
+void make_dialog_shortcuts(QWidget& dialog, const std::function<void(Shortcut::What)>& act);
 
 }  // namespace tq

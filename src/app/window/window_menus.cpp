@@ -34,6 +34,7 @@ const std::vector<MenuRow>& menus() {
          {Command::Undo,
           Command::Redo,
           WindowAction::History,
+          WindowAction::Events,
           Separator,
           Command::Cut,
           Command::Copy,
