@@ -211,6 +211,8 @@ void MainWindow::run(WindowAction action) {
             return files_.export_as(picture_export);
         case WindowAction::BringBack:
             return files_.bring_previous_back();
+        case WindowAction::UnsavedWork:
+            return files_.choose_unsaved_work();
         case WindowAction::History:
             return show_history();
         case WindowAction::Events:

@@ -85,13 +85,21 @@ constexpr Shortcut::What wanted_in_dialogs[] = {Command::Undo, Command::Redo, Co
 }  // namespace
 
 const char* text_of(WindowAction action) {
-    static constexpr const char* texts[] = {"Open...",           "Revert to Saved",
-                                            "Export Sound...",   "Export MIDI File...",
-                                            "Export Picture...", "Bring Back the Previous Document",
-                                            "Console",           "Settings",
-                                            "History",           "Events",
-                                            "Full Screen",       "Keys and Mouse",
-                                            "Tap the Tempo",     "Quit"};
+    static constexpr const char* texts[] = {"Open...",
+                                            "Revert to Saved",
+                                            "Export Sound...",
+                                            "Export MIDI File...",
+                                            "Export Picture...",
+                                            "Bring Back the Previous Document",
+                                            "Unsaved Work...",
+                                            "Console",
+                                            "Settings",
+                                            "History",
+                                            "Events",
+                                            "Full Screen",
+                                            "Keys and Mouse",
+                                            "Tap the Tempo",
+                                            "Quit"};
     return texts[static_cast<size_t>(action)];
 }
 

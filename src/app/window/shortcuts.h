@@ -19,6 +19,7 @@ enum class WindowAction {
     ExportMidi,
     ExportPicture,
     BringBack,
+    UnsavedWork,
     Console,
     Settings,
     History,

@@ -26,10 +26,10 @@ const std::vector<MenuRow>& menus() {
     using enum Special;
     static const std::vector<MenuRow> rows = {
         {"&File",
-         {Command::New, WindowAction::Open, Recent, WindowAction::BringBack, Separator, Command::Save,
-          Command::SaveAs, WindowAction::Revert, Separator, WindowAction::ExportSound,
-          WindowAction::ExportMidi, WindowAction::ExportPicture, Separator, Command::DocumentInspector,
-          Separator, WindowAction::Quit}},
+         {Command::New, WindowAction::Open, Recent, WindowAction::BringBack, WindowAction::UnsavedWork,
+          Separator, Command::Save, Command::SaveAs, WindowAction::Revert, Separator,
+          WindowAction::ExportSound, WindowAction::ExportMidi, WindowAction::ExportPicture, Separator,
+          Command::DocumentInspector, Separator, WindowAction::Quit}},
         {"&Edit",
          {Command::Undo,
           Command::Redo,
