@@ -23,11 +23,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Size picture_size{640, 360};
+constexpr Size picture_size{384, 216};
 
 std::time_t changed(const fs::path& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 ? status.st_mtime : 0;
+}
+
+KeptWork copy_at(const fs::path& path) {
+    return {KeptWork::Kind::Copy, path, document_of_copy(path), changed(path)};
 }
 
 /// Nobody hears what it says, and it asks nobody.
@@ -86,11 +90,8 @@ std::string cell(std::string text) {
 std::optional<KeptWork> kept_work_at(const fs::path& path) {
     std::error_code ignored;
     const fs::path journal = path / "journal";
-    if (!fs::is_regular_file(journal, ignored))
-        return fs::is_regular_file(path, ignored)
-                   ? std::optional(
-                         KeptWork{KeptWork::Kind::Copy, path, document_of_copy(path), changed(path)})
-                   : std::nullopt;
+    if (fs::is_regular_file(path, ignored)) return copy_at(path);
+    if (!fs::is_regular_file(journal, ignored)) return {};
     std::string fault;
     const FileBytes text = read_file(journal.string(), fault);
     return KeptWork{KeptWork::Kind::Session, path, text ? last_note(*text, document_note).value_or("") : "",
@@ -100,10 +101,9 @@ std::optional<KeptWork> kept_work_at(const fs::path& path) {
 KeptWorkFound find_kept_work() {
     DeadSessions dead = find_dead_sessions();
     KeptWorkFound found{{}, std::move(dead.notes)};
-    std::vector<fs::path> paths = kept_copies();
-    for (const DeadSession& session : dead.sessions) paths.push_back(session.folder);
-    for (const fs::path& path : paths)
-        if (std::optional<KeptWork> work = kept_work_at(path)) found.work.push_back(std::move(*work));
+    for (const DeadSession& session : dead.sessions)
+        found.work.push_back({KeptWork::Kind::Session, session.folder, session.document, session.when});
+    for (const fs::path& copy : kept_copies()) found.work.push_back(copy_at(copy));
     std::ranges::stable_sort(found.work, std::greater<>(), &KeptWork::when);
     return found;
 }

@@ -44,7 +44,7 @@ QString words_of(const KeptAmount& amount) {
 }
 
 /// A picture in the middle of its place, or words instead.
-QPixmap framed(const QPixmap& picture, const char* words, const QWidget& widget) {
+QIcon framed(const QPixmap& picture, const char* words, const QWidget& widget) {
     const double ratio = widget.devicePixelRatioF();
     QPixmap framed(picture_size * ratio);
     framed.setDevicePixelRatio(ratio);
@@ -58,7 +58,9 @@ QPixmap framed(const QPixmap& picture, const char* words, const QWidget& widget)
     painter.setPen(widget.palette().color(QPalette::Disabled, QPalette::Text));
     if (picture.isNull()) painter.drawText(all, Qt::AlignCenter, words);
     painter.drawRect(all.adjusted(0, 0, -1, -1));
-    return framed;
+    QIcon icon(framed);
+    icon.addPixmap(framed, QIcon::Selected);  // the picture as it is
+    return icon;
 }
 
 /// Why it could not be deleted; empty: it is.
