@@ -19,7 +19,7 @@ void EventModel::gather(const EventRows::Choice& choice) {
     endResetModel();
 }
 
-const Event* EventModel::event(const QModelIndex& index) const {
+const Event* EventModel::event_at(const QModelIndex& index) const {
     const auto row = static_cast<size_t>(index.row());
     return index.isValid() && row < rows_.size() ? TQ_Prseq_Events_FindEventFromID(box_, rows_.id(row))
                                                  : nullptr;
@@ -41,7 +41,7 @@ QVariant EventModel::headerData(int section, Qt::Orientation orientation, int ro
 QVariant EventModel::data(const QModelIndex& index, int role) const {
     const EventColumn& column = column_of(index);
     if (role == Qt::TextAlignmentRole) return int{column.side} | int{Qt::AlignVCenter};
-    const Event* event = this->event(index);
+    const Event* event = event_at(index);
     if (!event) return {};
     if (role == Qt::DisplayRole || role == Qt::EditRole) return column.text(box_, *event);
     if (role == selected_role) return event->selected;
@@ -54,7 +54,7 @@ Qt::ItemFlags EventModel::flags(const QModelIndex& index) const {
 }
 
 bool EventModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    const Event* event = this->event(index);
+    const Event* event = event_at(index);
     if (!event || role != Qt::EditRole) return false;
     const EventColumn& column = column_of(index);
     const QString typed = value.toString();

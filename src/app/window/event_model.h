@@ -23,7 +23,7 @@ class EventModel : public QAbstractTableModel {
     void gather(const EventRows::Choice& choice);
     const EventRows& rows() const { return rows_; }
     /// None when it has gone.
-    const Event* event(const QModelIndex& index) const;
+    const Event* event_at(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,4 +1,6 @@
 // What the window offers of earlier sessions and documents.
+#include <fmt/format.h>
+
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -214,14 +216,14 @@ TEST_F(EarlierSessions, areListedAndWrittenByTheProgram) {
 
 TEST_F(EarlierSessions, leaveCopiesAsLongAsTheyMayBeMissed) {
     constexpr std::chrono::days old{31};
-    for (int i = 0; i < 100; ++i) copy("old.json", old + std::chrono::minutes(i));
+    for (int i = 0; i < 100; ++i) copy(fmt::format("old {}.json", i), old + std::chrono::minutes(i));
     EXPECT_EQ(kept_copies().size(), 100u);
     const fs::path oldest = kept_copies().back();
     copy("new.json", std::chrono::minutes(1));
     EXPECT_EQ(kept_copies().size(), 100u);
     EXPECT_FALSE(fs::exists(oldest));
     for (const fs::path& path : kept_copies()) age(path, std::chrono::days(29));
-    copy("new.json", std::chrono::minutes(1));
+    copy("newer.json", std::chrono::minutes(1));
     EXPECT_EQ(kept_copies().size(), 101u) << "none is as old as that";
 }
 
