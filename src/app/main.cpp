@@ -30,9 +30,13 @@ static int run(int argc, char** argv) {
 
     RecoverCommand recover;
     CLI::App* recover_app =
-        app.add_subcommand("recover", "sessions that ended unexpectedly: list them, or write the latest");
-    recover_app->add_flag("--list", recover.list, "list them: when they ended, their files, their journals");
-    recover_app->add_option("OUT", recover.target, "the document to write; the session stays");
+        app.add_subcommand("recover", "unsaved work that was not lost: list it, or write it");
+    recover_app->add_flag("--list", recover.list,
+                          "list it: when, what, tracks, events, ms, edits, name, path, with tabs between");
+    recover_app->add_option("--from", recover.from,
+                            "a session's folder or a copy, instead of the latest session");
+    recover_app->add_option("OUT", recover.target,
+                            "the document to write, or its picture (.png); what it comes from stays");
 
     CLI::App* recent_app = app.add_subcommand("recent", "list the documents that were opened or saved last");
 

@@ -30,9 +30,11 @@ std::string time_stamp() {
                        now.time_since_epoch().count() % 1000);
 }
 
+fs::path kept_copies_folder() { return state_folder() / "kept"; }
+
 fs::path kept_copy_path(const fs::path& file) {
     constexpr size_t longest_stem = 200;  // bytes, so that the time has room in a name
-    const fs::path folder = state_folder() / "kept";
+    const fs::path folder = kept_copies_folder();
     std::error_code ignored;
     fs::create_directories(folder, ignored);
     return folder /

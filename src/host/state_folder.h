@@ -12,6 +12,8 @@ std::filesystem::path state_folder();
 std::filesystem::path config_folder();
 /// The present moment, as part of a file name: the order of names is that of time.
 std::string time_stamp();
+/// The folder of copies among them; it need not exist.
+std::filesystem::path kept_copies_folder();
 /// Where a copy of a file of this name is to be kept, in a folder that is there by now if it can be. Two
 /// copies at different times have different names.
 std::filesystem::path kept_copy_path(const std::filesystem::path& file);

@@ -77,6 +77,15 @@ void select_where(Prseq& object, const EventsWhere& where, SelectHow how) {
     selection_changed(object);
 }
 
+void select_events(Prseq& object, std::span<Event* const> events, SelectHow how) {
+    if (how == SelectHow::Only)
+        for (const TrackRef& track : object.tracks) track->events.deselect_all();
+    for (Event* event : events)
+        if (how == SelectHow::Remove || event->track->visible)
+            event->track->events.select(*event, how != SelectHow::Remove);
+    selection_changed(object);
+}
+
 void invert_selection(Prseq& object) {
     EventList* events = selectable_events(object);
     if (!events) return;

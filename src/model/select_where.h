@@ -1,5 +1,7 @@
-// Selecting events by what they are.
+// Selecting events by what they are, or one by one.
 #pragma once
+
+#include <span>
 
 #include "host/symbol.h"
 
@@ -24,6 +26,8 @@ enum class SelectHow { Only, Add, Remove, Within };
 /// Selects events of the active track while that is visible. Nothing but the selection is looked at where
 /// that is enough.
 void select_where(Prseq& object, const EventsWhere& where, SelectHow how);
+/// Selects events of any visible tracks: `Only` deselects those of every other track as well.
+void select_events(Prseq& object, std::span<Event* const> events, SelectHow how);
 /// What was selected of the active track is not, and the other way round; nothing while it is invisible.
 void invert_selection(Prseq& object);
 

@@ -36,8 +36,7 @@ double Arguments::number(const NumberArgument& argument) {
 }
 
 std::optional<double> Arguments::optional_number(const NumberArgument& argument) {
-    if (left_.empty() || left_.front().is_symbol()) return {};
-    return number(argument);
+    return number_follows() ? std::optional(number(argument)) : std::nullopt;
 }
 
 std::string Arguments::text(const char* name) {

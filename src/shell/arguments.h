@@ -36,6 +36,7 @@ class Arguments {
     size_t optional_word(const char* name, std::span<const char* const> words);
     /// Whether there is no argument left.
     bool empty() const { return left_.empty(); }
+    bool number_follows() const { return !left_.empty() && left_.front().is_number(); }
     /// There must be none left.
     void end() const;
 

@@ -3,12 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 #include <vector>
 
 #include "edits/event_edits.h"
 #include "edits/selection_edits.h"
 #include "instance/prseq.h"
+#include "interaction/go_to_event.h"
 #include "model/bpfs.h"
 #include "model/events.h"
 #include "model/select_where.h"
@@ -112,21 +113,46 @@ void select_invert(Prseq& object, Arguments& arguments) {
     invert_selection(object);
 }
 
+long identifier(Arguments& arguments) { return static_cast<long>(arguments.number({"ID", 1, 1L << 52})); }
+
+Event* event_of(Prseq& object, const char* message, long id) {
+    Event* event = TQ_Prseq_Events_FindEventFromID(object, id);
+    if (!event) object_error(object, fmt::format("{}: no event with id {}", message, id));
+    return event;
+}
+
+/// Each once; identifiers that no event has are told.
+std::vector<Event*> events_of(Prseq& object, const char* message, const std::vector<long>& identifiers) {
+    std::vector<Event*> events;
+    std::unordered_set<long> seen;
+    for (long id : identifiers)
+        if (seen.insert(id).second)
+            if (Event* event = event_of(object, message, id)) events.push_back(event);
+    return events;
+}
+
 void event_delete(Prseq& object, Arguments& arguments) {
-    constexpr double highest = 1L << 52;
     std::vector<long> identifiers;
-    do identifiers.push_back(static_cast<long>(arguments.number({"ID", 1, highest})));
+    do identifiers.push_back(identifier(arguments));
     while (!arguments.empty());
-    std::vector<EventRef> events;
-    std::set<long> seen;
-    for (long id : identifiers) {
-        if (!seen.insert(id).second) continue;
-        if (Event* event = TQ_Prseq_Events_FindEventFromID(object, id))
-            events.emplace_back(event);
-        else
-            object_error(object, fmt::format("event_delete: no event with id {}", id));
-    }
-    delete_events(object, std::move(events));
+    const std::vector<Event*> events = events_of(object, "event_delete", identifiers);
+    delete_events(object, {events.begin(), events.end()});
+}
+
+void event_select(Prseq& object, Arguments& arguments) {
+    static constexpr const char* hows[] = {"only", "add", "remove"};
+    std::vector<long> identifiers;
+    do identifiers.push_back(identifier(arguments));
+    while (arguments.number_follows());
+    const auto how = SelectHow(arguments.optional_word("the last argument", hows));
+    arguments.end();
+    select_events(object, events_of(object, "event_select", identifiers), how);
+}
+
+void event_show(Prseq& object, Arguments& arguments) {
+    const long id = identifier(arguments);
+    arguments.end();
+    if (Event* event = event_of(object, "event_show", id)) go_to_event(object, *event);
 }
 
 void time_display_type(Prseq& object, Arguments& arguments) {
@@ -164,6 +190,8 @@ constexpr MessageRow rows[] = {{"quantise", quantise},
                                {"select_where", select_where},
                                {"select_invert", select_invert},
                                {"event_delete", event_delete},
+                               {"event_select", event_select},
+                               {"event_show", event_show},
                                {"time_display_type", time_display_type},
                                {"track_bpf_active", track_bpf_active}};
 

@@ -36,6 +36,8 @@ constexpr MessageHelp messages[] = {
     {"position", "MS", "moves the play position"},
     {"event", "[WHAT VALUE ...]", "makes an event, or changes the one with the id"},
     {"event_delete", "ID ...", "deletes events by their identifiers"},
+    {"event_select", "ID ... [only|add|remove]", "selects events by their identifiers, on any track"},
+    {"event_show", "ID", "goes to the event: selects it, on its track, and scrolls it into view"},
     {"quantise", "[GRID_MS] [STRENGTH] [SWING] [starts|ends|both]", "draws the selected events to a grid"},
     {"quantize", "[GRID_MS] [STRENGTH] [SWING] [starts|ends|both]", "the same"},
     {"legato", "[GAP_MS]", "lets each selected event last until the next one"},

@@ -87,6 +87,23 @@ void zoom_at(Prseq& object, Point box, double horizontal, double vertical) {
     TQ_Prseq_Output_ZoomScrollNow(object);
 }
 
+void scroll_to(Prseq& object, const Event& event) {
+    constexpr double margin = 0.25;  // of the view, left of what was out of it
+    zoom_clock_stop(object);
+    Sector sector = visible_sector(object);
+    const double pages = (event.start - sector.start) / sector.duration,
+                 rows = sector.toppitch + 1 - event.pitch;  // to its lower edge
+    if (pages < 0 || pages >= 1) {
+        sector.start = event.start - sector.duration * margin;
+        prseq_horscroll(object, view_of(object, sector).horizontalscroll);
+    }
+    if (rows < 1 || rows > sector.span) {
+        sector.toppitch = event.pitch + sector.span / 2;
+        prseq_vertscroll(object, view_of(object, sector).verticalscroll);
+    }
+    TQ_Prseq_Output_ZoomScrollNow(object);
+}
+
 void zoom_to(Prseq& object, const Sector& target) {
     object.zoomanimation.start = visible_sector(object);
     object.zoomanimation.target = target;

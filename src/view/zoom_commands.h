@@ -5,6 +5,7 @@
 
 namespace tq {
 
+struct Event;
 struct Prseq;
 struct Sector;
 
@@ -18,6 +19,8 @@ void zoom_to(Prseq& object, const Sector& target);
 /// By factors, above 1 to zoom in, at once: what lies under a point of the box stays there as far as the
 /// limits of zoom and scroll let it. A direction whose factor is 1 stays as it is.
 void zoom_at(Prseq& object, Point box, double horizontal, double vertical);
+/// Where the event's beginning or its pitch is out of view, the view scrolls until it is not; the zooms stay.
+void scroll_to(Prseq& object, const Event& event);
 /// Half, or twice, of what is visible, around a page x and a y from the display's top.
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy);
 void TQ_Prseq_Zoom_ZoomOutCentered(Prseq& object, double pagex, double localy);

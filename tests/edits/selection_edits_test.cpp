@@ -133,8 +133,9 @@ TEST_F(SelectionEdits, StretchesAboutItsStart) {
     expect_no_step("stretch 1");
     add(5e11, 1000);
     select_all();
-    EXPECT_TRUE(
-        says("stretch 3", "error", "error tq.sorvo: bad argument for message stretch: FACTOR leads beyond what a timeline can hold"));
+    EXPECT_TRUE(says(
+        "stretch 3", "error",
+        "error tq.sorvo: bad argument for message stretch: FACTOR leads beyond what a timeline can hold"));
     EXPECT_EQ(last_edit(), "Insert Event");
 }
 
@@ -264,6 +265,31 @@ TEST_F(SelectionEdits, SelectsByWhatEventsAre) {
               "60@0 62@500* 64@500 66@1000");
 }
 
+TEST_F(SelectionEdits, SelectsByIdentifierOnAnyTrack) {
+    for (double i : {0., 1., 2.}) add(i * 100, 50);
+    say("track_add other\nevent start 0 <note> 60 1 </note>\n.wait 100");
+    const auto after = [&](const std::string& line) {
+        say(line);
+        std::string ids;
+        for (const TrackRef& track : box().tracks)
+            track->events.for_each([&](const Event& event) {
+                if (event.selected) ids += std::to_string(event.id);
+            });
+        return ids;
+    };
+    EXPECT_EQ(after("event_select 3 1 3"), "13");
+    EXPECT_EQ(after("event_select 4 2 add"), "1234");
+    EXPECT_EQ(after("event_select 1 4 remove"), "23");
+    EXPECT_EQ(after("event_select 4"), "4") << "only that, of all tracks";
+    EXPECT_TRUE(says("event_select 99 2 only", "error", "error tq.sorvo: event_select: no event with id 99"));
+    EXPECT_EQ(after("track_visible 0 0\nevent_select 1 4"), "4") << "none of an invisible track";
+    EXPECT_EQ(after("event_select 1 4 sideways"), "4");
+    EXPECT_EQ(last_edit(), "Insert Event") << "selecting is no edit";
+    EXPECT_EQ(after("track_visible 0 1\nevent_show 3"), "3");
+    EXPECT_EQ(box().activetrack, 0);
+    EXPECT_EQ(say("event_show 2", "out1").size(), 3u) << "clear, the event, done";
+}
+
 TEST_F(SelectionEdits, DeletesByIdentifier) {
     for (double i : {0., 1., 2.}) add(i * 100, 50);
     say(".wait 100");
@@ -305,7 +331,9 @@ TEST_F(SelectionEdits, TellWhatIsWrongByName) {
     const std::string before = document();
     for (const auto& [line, fault] : faults) {
         const std::string name = std::string(line).substr(0, std::string(line).find(' '));
-        EXPECT_EQ(say(line, "error"), Lines{"error tq.sorvo: bad argument for message " + name + ": " + fault}) << line;
+        EXPECT_EQ(say(line, "error"),
+                  Lines{"error tq.sorvo: bad argument for message " + name + ": " + fault})
+            << line;
         EXPECT_EQ(document(), before) << line;
     }
     EXPECT_EQ(last_edit(), "Insert Event");

@@ -39,7 +39,7 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "select_where pitch #99 131", "select_where time #3000 5000 add", "select_where velocity 0 #127 remove",
         "select_where time 0 #5000 within", "select_where label l#9 add", "select_invert", "select_invert",
         "undo", "redo", "undoredo -#3", "undoredo #38", "track_bpf_add b#3 0 1 #2", "track_mute #3 1",
-        "track_color 0.3", "int #2", "int #2", "undoredo_clear"};
+        "track_color 0.3", "int #2", "int #2", "undoredo_clear", "event_select #40 #40 add", "event_show #40"};
     // clang-format on
     return random_text(random, std::span(messages).first(undoable_only ? 35 : std::size(messages)));
 }

@@ -14,10 +14,11 @@ struct ImportCommand {
 int run_import(const ImportCommand& command);
 
 struct RecoverCommand {
-    std::string target;  ///< the document to write; empty: the sessions are listed
+    std::string target;  ///< the document or the picture (.png) to write; empty: what there is is listed
+    std::string from;    ///< a session's folder or a copy; empty: the latest session
     bool list = false;
 };
-/// Lists the sessions that ended unexpectedly, or writes the document of the latest; the session stays.
+/// Lists what was not lost, or writes the document of the latest session, or of another; it stays.
 int run_recover(const RecoverCommand& command);
 
 /// Lists the documents that were opened or saved last.

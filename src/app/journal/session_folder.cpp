@@ -82,8 +82,9 @@ void look_at(SessionFolder session, DeadSessions& found) {
                 put_aside(session));
             break;
         case Verdict::Dead:
-            found.sessions.push_back({session.path(), last_note(*journal, document_note).value_or(""),
-                                      local_time(changed(session.journal()))});
+            const std::time_t when = changed(session.journal());
+            found.sessions.push_back(
+                {session.path(), last_note(*journal, document_note).value_or(""), when, local_time(when)});
     }
 }
 

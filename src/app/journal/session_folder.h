@@ -3,6 +3,7 @@
 // unexpectedly.
 #pragma once
 
+#include <ctime>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -40,7 +41,8 @@ class SessionFolder {
 struct DeadSession {
     std::filesystem::path folder;
     std::string document;  ///< its file; empty: never saved
-    std::string ended;     ///< when something was last done in it, local time
+    std::time_t when = 0;  ///< something was last done in it
+    std::string ended;     ///< the same as text, local time
 };
 
 struct DeadSessions {

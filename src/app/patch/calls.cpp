@@ -168,6 +168,12 @@ bool make(Session& session, const SeedCall& call) {
     return true;
 }
 
+void be_without_file(Prseq& box) {
+    box.info.filename.clear();
+    box.info.folder.clear();
+    prseq_setdirtyflag(box, true);
+}
+
 /// The file is read once, since it may be a pipe. One that cannot be opened leaves the document as it is.
 bool make(Session& session, const OpenCall& call) {
     Prseq& box = session.box();
@@ -182,7 +188,11 @@ bool make(Session& session, const OpenCall& call) {
     const FileBytes bytes = files.read(path, fault);
     if (bytes && is_midi_file(path, *bytes)) return import_midi_bytes(box, path, *bytes).has_value();
     auto document = bytes ? dictionary_parse(*bytes, fault) : std::nullopt;
-    if (document) return read_document(box, *file, std::move(document));
+    if (document) {
+        if (!read_document(box, *file, std::move(document))) return false;
+        if (call.as_copy) be_without_file(box);
+        return true;
+    }
     object_error(box, fmt::sprintf("could not read \"%s\": %s", path, fault));
     return false;
 }

@@ -127,6 +127,7 @@ struct SeedCall {
 /// Replaces the document by a file's, or by the song of a Standard MIDI File; why that failed is posted.
 struct OpenCall {
     std::string file;
+    bool as_copy = false;  ///< the document has no file then, and is not saved
     friend bool operator==(const OpenCall&, const OpenCall&) = default;
 };
 struct ImportCall {
@@ -196,7 +197,7 @@ line_row<CloseCall>(".close", Word{&CloseCall::name, "an inspector"}, PlaceOfWin
     line_row<BufferCall>(".buffer", Word{&BufferCall::name, "a name"}, LastWord{&BufferCall::file, "a file"}),
     line_row<SoundCall>(".sound", Word{&SoundCall::name, "a name"}, SoundOfFormat{}),
     line_row<SeedCall>(".seed", Number{&SeedCall::seed, "seed", 0, 4294967295.}),
-    line_row<OpenCall>(".open", Word{&OpenCall::file, "a file"}),
+    line_row<OpenCall>(".open", Word{&OpenCall::file, "a file"}, Flag{&OpenCall::as_copy, "copy"}),
     line_row<ImportCall>(".import", Word{&ImportCall::file, "a file"}, Flag{&ImportCall::pedal_as_curve, "pedal"}),
 };
 // clang-format on

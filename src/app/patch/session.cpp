@@ -127,6 +127,6 @@ void Session::send(Symbol message, AtomSpan atoms) {
     call(MessageCall{message, {atoms.begin(), atoms.end()}, {}});
 }
 
-bool Session::open(const std::string& path) { return call(OpenCall{path}); }
+bool Session::open(const std::string& path) { return call(OpenCall{.file = path}); }
 
 }  // namespace tq

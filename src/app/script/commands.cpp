@@ -23,7 +23,7 @@ struct DriverCommands {
         if (!driver.replaying_)  // ".sound" has told what came of it
             driver.session_.call(BufferCall{buffer.name, file_of(buffer.file)});
     }
-    void operator()(const OpenCall& open) const { driver.session_.call(OpenCall{file_of(open.file)}); }
+    void operator()(const OpenCall& open) const { driver.session_.call(OpenCall{file_of(open.file), open.as_copy}); }
     void operator()(const ImportCall& import) const {
         driver.session_.call(ImportCall{file_of(import.file), import.pedal_as_curve});
     }

@@ -12,9 +12,6 @@ namespace {
 
 constexpr double label_width = 116, label_gap = 6, least_left = 100, label_height = 18;  // pixels
 
-/// Those that make sense while the focus is here.
-constexpr Shortcut::What wanted_here[] = {Command::Undo, Command::Redo, Command::Save, WindowAction::Quit};
-
 QRect pixels(const Rect& rect) { return QRectF(rect.x, rect.y, rect.width, rect.height).toAlignedRect(); }
 
 /// From top to bottom, which is the order in which Tab goes through them.
@@ -157,14 +154,10 @@ void InspectorWindow::closeEvent(QCloseEvent* event) {
 void InspectorWindow::make_window_shortcuts() {
     for (const QKeySequence& keys : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
         add_shortcut(keys, [this] { close(); });
-    for (const Shortcut& row : shortcuts()) {
-        if (std::ranges::find(wanted_here, row.what) == std::end(wanted_here)) continue;
-        if (row.scope != ShortcutScope::Window) continue;
-        add_shortcut(row.sequence, [this, wanted = row.what] {
-            finish();
-            user_.wants(wanted);
-        });
-    }
+    make_dialog_shortcuts(*this, [this](const Shortcut::What& wanted) {
+        finish();
+        user_.wants(wanted);
+    });
 }
 
 void InspectorWindow::add_shortcut(const QKeySequence& keys, const std::function<void()>& act) {

@@ -15,6 +15,7 @@
 #include "app/window/console.h"
 #include "app/window/console_lines.h"
 #include "app/window/empty_hint.h"
+#include "app/window/event_table.h"
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
@@ -34,6 +35,12 @@ constexpr int first_width = 1200, first_height = 740;
 QString dragged_file(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+void bring_to_front(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 /// A shortcut does what the item of a menu would, where that can be chosen. Undo and redo first end what is
@@ -223,8 +230,12 @@ void MainWindow::run(WindowAction action) {
             return files_.export_as(picture_export);
         case WindowAction::BringBack:
             return files_.bring_previous_back();
+        case WindowAction::UnsavedWork:
+            return files_.choose_unsaved_work();
         case WindowAction::History:
             return show_history();
+        case WindowAction::Events:
+            return show_events();
         case WindowAction::FullScreen:
             return set_full_screen(!isFullScreen());
         case WindowAction::Console:
@@ -291,18 +302,22 @@ void MainWindow::show_settings() {
     if (!settings_)
         settings_ = std::make_unique<AttributeInspector>(session_, *this,
                                                          [this](const SessionCall& made) { call(made); });
-    settings_->show();
-    settings_->raise();
-    settings_->activateWindow();
+    bring_to_front(*settings_);
 }
 
 void MainWindow::show_history() {
     if (!history_)
         history_ = new HistoryList(*this, session_.box(),
                                    [this](long edit) { send("undoredo " + std::to_string(edit)); });
-    history_->show();
-    history_->raise();
-    history_->activateWindow();
+    bring_to_front(*history_);
+}
+
+void MainWindow::show_events() {
+    if (!events_)
+        events_ = new EventTable(*this, session_.box(),
+                                 {.calls = [this](const SessionCall& made) { call(made); },
+                                  .wants = [this](const Shortcut::What& what) { run(what); }});
+    bring_to_front(*events_);
 }
 
 void MainWindow::tell(const std::string& text) {
@@ -323,6 +338,7 @@ void MainWindow::refresh() {
     if (metronome_) metronome_->follow();
     if (history_) history_->follow();
     if (hint_) hint_->follow();
+    if (events_) events_->follow();
     setWindowTitle(files_.document_name() + "[*] – sorvo");
     setWindowModified(prseq_getdirtyflag(box));
 }

@@ -24,6 +24,7 @@ class BoxWidget;
 class Console;
 class ConsoleLines;
 class EmptyHint;
+class EventTable;
 class HistoryList;
 class TransportBar;
 
@@ -73,6 +74,7 @@ class MainWindow : public QWidget {
     void run(WindowAction action);
     void show_settings();
     void show_history();
+    void show_events();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
     std::unique_ptr<Session> own_session_;
@@ -93,6 +95,7 @@ class MainWindow : public QWidget {
     EmptyHint* hint_ = nullptr;       ///< none where nobody works by hand
     int console_height_ = 160;        ///< the next time that it opens
     HistoryList* history_ = nullptr;  ///< likewise
+    EventTable* events_ = nullptr;    ///< likewise
 };
 
 }  // namespace tq

@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
 
+#include <algorithm>
 #include <filesystem>
 
-#include "app/patch/box_settings.h"
-#include "app/window/ask_recovery.h"
+#include "app/journal/kept_work.h"
+#include "app/journal/recovery.h"
+#include "app/window/kept_work_dialog.h"
 #include "app/window/key_changes.h"
 #include "app/window/line_input.h"
 #include "app/window/main_window.h"
@@ -18,11 +21,29 @@ namespace tq {
 
 namespace {
 
-std::optional<Recovery> wanted_recovery(const std::vector<DeadSession>& dead, const WindowOptions& options,
-                                        bool can_ask) {
-    if (dead.empty()) return {};
-    if (options.recover) return recover(dead.front().folder);
-    return can_ask ? ask_for_recovery(dead) : std::nullopt;
+/// What the window begins with.
+struct Begin {
+    std::optional<Recovery> recovery;
+    std::optional<KeptWork> copy;
+};
+
+/// Asks until something comes back, or nothing is to.
+Begin ask_what_comes_back(KeptWorkFound found) {
+    while (const std::optional<KeptWork> work = choose_kept_work(found.work, nullptr)) {
+        if (work->kind == KeptWork::Kind::Copy) return {{}, work};
+        if (std::optional<Recovery> recovery = recover(work->path)) return {std::move(recovery), {}};
+        QMessageBox::warning(nullptr, "sorvo", "This session cannot be brought back.");
+        found = find_kept_work();
+    }
+    return {};
+}
+
+/// Copies alone are no reason to ask.
+Begin wanted_begin(const KeptWorkFound& found, const WindowOptions& options, bool can_ask) {
+    const auto session = std::ranges::find(found.work, KeptWork::Kind::Session, &KeptWork::kind);
+    if (session == found.work.end()) return {};
+    if (options.recover) return {recover(session->path), {}};
+    return can_ask ? ask_what_comes_back(found) : Begin();
 }
 
 /// A session that was brought back goes on in its own working folder.
@@ -30,21 +51,6 @@ void bring_back(MainWindow& window, Recovery& recovery) {
     std::error_code ignored;
     if (!recovery.working_folder.empty()) std::filesystem::current_path(recovery.working_folder, ignored);
     window.files().go_on_with(recovery);
-}
-
-void begin_journal(MainWindow& window) {
-    std::string fault;
-    if (std::optional<SessionFolder> folder = SessionFolder::make(fault))
-        window.files().keep_journal(std::make_unique<Journal>(window.session(), std::move(*folder), true));
-    else
-        window.tell("this session has no journal: " + fault);
-}
-
-/// Scripts begin with the box as it is.
-void begin_by_hand(Session& session) {
-    std::string fault;
-    for (const MessageCall& message : first_messages(fault)) session.call(message);
-    if (!fault.empty()) object_error(session.box(), "the settings were not read: " + fault);
 }
 
 /// Desktops find the icon by the name of the entry in their menu; others are given it.
@@ -64,20 +70,21 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     if (runtime.has_screen()) follow_surroundings();
     std::vector<std::string> key_faults;
     use_keys(kept_keys(key_faults));
-    const DeadSessions dead = find_dead_sessions();
+    const KeptWorkFound found = find_kept_work();
     const bool can_ask = runtime.has_screen();
-    std::optional<Recovery> recovery = wanted_recovery(dead.sessions, options, can_ask);
+    Begin begin = wanted_begin(found, options, can_ask);
+    std::optional<Recovery>& recovery = begin.recovery;
     MainWindow window(open_loudspeaker(),
                       recovery ? std::move(recovery->session) : std::make_unique<Session>());
     std::optional<LineInput> input;  // before the journal, which hears what lines answer to dialogs
     if (options.lines) input.emplace(window, !can_ask);
-    for (const std::string& note : dead.notes) window.tell(note);
+    for (const std::string& note : found.notes) window.tell(note);
     for (const std::string& fault : key_faults) window.tell(fault);
     if (recovery)
         bring_back(window, *recovery);
     else
-        begin_journal(window);
-    if (!recovery && !options.lines) begin_by_hand(window.session());
+        window.files().begin_journal();
+    if (!recovery && !options.lines) window.files().begin_by_hand();
     if (!options.prepare(window.session())) return 1;
     if (options.recover && !recovery) window.tell("there is no session to bring back");
     if (can_ask && !options.lines) {
@@ -86,8 +93,9 @@ std::optional<int> show_main_window(const WindowOptions& options) {
     }
     window.show();
     QApplication::processEvents();  // a document's view is meant for the box as it is laid out
-    if (!options.file.empty() && recovery)
-        window.tell("\"" + options.file + "\" was not opened: a session came back");
+    if (begin.copy) window.files().bring_back(*begin.copy);
+    if (!options.file.empty() && (recovery || begin.copy))
+        window.tell("\"" + options.file + "\" was not opened: unsaved work came back");
     else if (!options.file.empty())
         window.files().open(options.file);
     if (input) input->start();

@@ -43,6 +43,7 @@ constexpr struct {
     {Qt::CTRL | Qt::Key_K, WindowAction::Console},
     {Qt::CTRL | Qt::Key_Comma, WindowAction::Settings},
     {Qt::CTRL | Qt::Key_H, WindowAction::History},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_E, WindowAction::Events},
     {Qt::Key_F11, WindowAction::FullScreen},
     {Qt::Key_F1, WindowAction::Keys},
 
@@ -99,11 +100,13 @@ constexpr struct {
     {"export_midi", "Export MIDI File..."},
     {"export_picture", "Export Picture..."},
     {"bring_back", "Bring Back the Previous Document"},
+    {"unsaved_work", "Unsaved Work..."},
     {"run_script", "Run Script..."},
     {"stop_script", "Stop the Script"},
     {"console", "Console"},
     {"settings", "Settings"},
     {"history", "History"},
+    {"events", "Events"},
     {"full_screen", "Full Screen"},
     {"keys", "Keys and Mouse"},
     {"tap_tempo", "Tap the Tempo"},
@@ -144,6 +147,9 @@ Shortcut shortcut(const Shortcut::What& what, const QKeySequence& sequence) {
             return {sequence, what, writes(sequence) ? ShortcutScope::Canvas : row.scope, row.repeats};
     return {sequence, what, writes(sequence) ? ShortcutScope::Canvas : ShortcutScope::Window};
 }
+
+constexpr Shortcut::What wanted_in_dialogs[] = {Command::Undo, Command::Redo, Command::Save,
+                                                WindowAction::Quit};
 
 }  // namespace
 
@@ -186,6 +192,15 @@ void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(S
         shortcut->setContext(on_canvas ? Qt::WidgetShortcut : Qt::WindowShortcut);
         shortcut->setAutoRepeat(row.repeats);
         QObject::connect(shortcut, &QShortcut::activated, &window, [act, what = row.what] { act(what); });
+    }
+}
+
+void make_dialog_shortcuts(QWidget& dialog, const std::function<void(Shortcut::What)>& act) {
+    for (const Shortcut& row : shortcuts()) {
+        if (std::ranges::find(wanted_in_dialogs, row.what) == std::end(wanted_in_dialogs)) continue;
+        if (row.scope != Window) continue;
+        QObject::connect(new QShortcut(row.sequence, &dialog), &QShortcut::activated, &dialog,
+                         [act, what = row.what] { act(what); });
     }
 }
 

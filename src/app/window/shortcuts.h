@@ -23,11 +23,13 @@ enum class WindowAction {
     ExportMidi,
     ExportPicture,
     BringBack,
+    UnsavedWork,
     RunScript,
     StopScript,
     Console,
     Settings,
     History,
+    Events,
     FullScreen,
     Keys,
     TapTempo,
@@ -66,5 +68,8 @@ std::span<const Shortcut> shortcuts();
 
 /// Makes all of them call `act`, instead of those that were made before, each as long as its widget exists.
 void make_shortcuts(QWidget& window, QWidget& canvas, const std::function<void(Shortcut::What)>& act);
+
+/// The same for a dialog beside the window: those that make sense while the focus is there.
+void make_dialog_shortcuts(QWidget& dialog, const std::function<void(Shortcut::What)>& act);
 
 }  // namespace tq

@@ -5,12 +5,16 @@
 #include <QMessageBox>
 
 #include <cstdio>
+#include <filesystem>
 
+#include "app/journal/kept_work.h"
 #include "app/journal/recovery.h"
+#include "app/patch/box_settings.h"
 #include "app/patch/kept_copies.h"
 #include "app/patch/recent_files.h"
 #include "app/window/box_widget.h"
 #include "app/window/export_dialog.h"
+#include "app/window/kept_work_dialog.h"
 #include "app/window/main_window.h"
 #include "app/window/popup.h"
 #include "file/document_writer.h"
@@ -140,10 +144,77 @@ void WindowFiles::export_as(const ExportKind& kind) {
 void WindowFiles::bring_previous_back() {
     std::optional<Recovery> recovery = journal_ ? recover_previous_document(*journal_) : std::nullopt;
     if (!recovery) return window_.tell("there is no document to bring back");
-    auto* window = new MainWindow(open_loudspeaker(), std::move(recovery->session));
+    MainWindow& window = make_another(std::move(recovery->session));
+    window.files().go_on_with(*recovery);
+    window.show();
+}
+
+/// Not shown yet; it goes when it is closed.
+MainWindow& WindowFiles::make_another(std::unique_ptr<Session> session) const {
+    auto* window = new MainWindow(open_loudspeaker(), std::move(session));
     window->setAttribute(Qt::WA_DeleteOnClose);
-    window->files().go_on_with(*recovery);
-    window->show();
+    if (asks_) window->files().ask_before_losing();
+    return *window;
+}
+
+void WindowFiles::choose_unsaved_work() {
+    KeptWorkFound found = find_kept_work();
+    for (const std::string& note : found.notes) window_.tell(note);
+    if (const std::optional<KeptWork> work = choose_kept_work(std::move(found.work), &window_))
+        bring_back(*work);
+}
+
+bool WindowFiles::is_blank() const {
+    const Prseq& box = session_.box();
+    return box.tracks.empty() && box.history.items.empty() && box.info.filename.empty();
+}
+
+void WindowFiles::bring_back(const KeptWork& work) {
+    if (work.kind == KeptWork::Kind::Session) return bring_back_session(work.path.string());
+    if (is_blank()) return open_copy(work.path.string());
+    MainWindow& window = make_another(std::make_unique<Session>());
+    window.files().begin_journal();
+    window.files().begin_by_hand();
+    window.show();
+    window.files().open_copy(work.path.string());
+}
+
+/// A session has a window of its own from the first; that of a blank one makes room for it.
+void WindowFiles::bring_back_session(const std::string& folder) {
+    std::optional<Recovery> recovery = recover(folder);
+    if (!recovery) return window_.tell("the session cannot be brought back: it runs, or cannot be read");
+    MainWindow& window = make_another(std::move(recovery->session));
+    window.files().go_on_with(*recovery);
+    const QRect place = window_.geometry();
+    window.show();
+    if (!is_blank()) return;
+    window.setGeometry(place);
+    window_.close();
+}
+
+/// Once the journal has all of it, nobody needs the file.
+void WindowFiles::open_copy(const std::string& path) {
+    timer_.act([this, path] {
+        const bool opened = session_.call(OpenCall{path, true});
+        if (!opened) return window_.tell("the copy stays where it is: " + path);
+        window_.refresh();
+        std::error_code ignored;
+        if (journal_ && journal_->drain()) std::filesystem::remove(path, ignored);
+    });
+}
+
+void WindowFiles::begin_by_hand() {
+    std::string fault;
+    for (const MessageCall& message : first_messages(fault)) session_.call(message);
+    if (!fault.empty()) object_error(session_.box(), "the settings were not read: " + fault);
+}
+
+void WindowFiles::begin_journal() {
+    std::string fault;
+    if (std::optional<SessionFolder> folder = SessionFolder::make(fault))
+        keep_journal(std::make_unique<Journal>(session_, std::move(*folder), true));
+    else
+        window_.tell("this session has no journal: " + fault);
 }
 
 void WindowFiles::go_on_with(Recovery& recovery) {

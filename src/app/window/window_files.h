@@ -14,6 +14,7 @@
 namespace tq {
 
 struct ExportKind;
+struct KeptWork;
 class MainWindow;
 struct Recovery;
 class Session;
@@ -36,6 +37,10 @@ class WindowFiles : private PatchFiles {
     /// In a window of its own: what is in this one stays.
     void bring_previous_back();
     bool has_previous() const;
+    /// Lists what was not lost, and brings back what is chosen of it: here when nothing is here, and else in
+    /// a window of its own.
+    void choose_unsaved_work();
+    void bring_back(const KeptWork& work);
 
     /// From now on, what is not saved is asked about before it is lost; until then, a copy is kept in
     /// silence, as when nobody is there to answer.
@@ -45,6 +50,10 @@ class WindowFiles : private PatchFiles {
     /// The window closes. What is not saved is kept, and the journal goes when nothing can be lost.
     void finish();
 
+    /// The session begins here, by hand: with the user's settings.
+    void begin_by_hand();
+    /// The session begins here, and its journal with it; says so when there is none.
+    void begin_journal();
     void keep_journal(std::unique_ptr<Journal> journal) { journal_ = std::move(journal); }
     /// Goes on with a session that was brought back, which stands still first: in its own journal.
     void go_on_with(Recovery& recovery);
@@ -63,6 +72,10 @@ class WindowFiles : private PatchFiles {
     template <typename Dialog>
     std::optional<std::string> ask(Dialog dialog);
     void show_all();
+    bool is_blank() const;
+    MainWindow& make_another(std::unique_ptr<Session> session) const;
+    void open_copy(const std::string& path);
+    void bring_back_session(const std::string& folder);
 
     MainWindow& window_;
     Session& session_;
