@@ -105,7 +105,7 @@ void BoxWidget::mouse(MouseCall::Kind kind, const QMouseEvent& event) {
     // While dragging, no button changed: the one that is held counts.
     const bool right = event.button() == Qt::RightButton || event.buttons() == Qt::RightButton;
     const MouseCall call{kind, event.position().x(), event.position().y(), right,
-                         modifiers_of(event.modifiers())};
+                         mouse_modifiers_of(event.modifiers())};
     timer_.act([this, call] { session_.call(call); });
 }
 
@@ -119,7 +119,7 @@ void BoxWidget::tell_pointer(QPoint at) {
     const MouseCall call{.kind = MouseCall::Kind::Move,
                          .x = double(at.x()),
                          .y = double(at.y()),
-                         .modifiers = modifiers_of(QApplication::keyboardModifiers())};
+                         .modifiers = mouse_modifiers_of(QApplication::keyboardModifiers())};
     timer_.act([this, call] { session_.call(call); });
 }
 

@@ -23,7 +23,8 @@ QString what_to_do() {
                    ? QString()
                    : "<tr><td align='right'><b>" + key + "</b>&nbsp;</td><td>" + does + "</td></tr>";
     };
-    return "<table cellpadding='3'>" + row(Command::InsertMode, "the pencil: drag here to draw notes") +
+    return "<table align='center' cellpadding='3'>" +
+           row(Command::InsertMode, "the pencil: drag here to draw notes") +
            row(Command::SelectMode, "the arrow: select, move and resize them") +
            row(WindowAction::Open, "open a document or a MIDI file; or drop it here") +
            row(Command::PlayOrStop, "play, stop") +

@@ -4,9 +4,11 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 #include "app/patch/export.h"
 #include "app/patch/paint_offscreen.h"
+#include "app/window/window_state.h"
 
 namespace tq {
 
@@ -23,6 +25,15 @@ QString suffix_of(const QString& filter, const QString& otherwise) {
     return rest.left(rest.indexOf(QRegularExpression("[ )]")));
 }
 
+constexpr const char* folder_key = "folder";
+
+/// Where a file was written last, else where the user's documents are.
+QString usual_folder() {
+    const QString last = window_state()->value(folder_key).toString();
+    return QFileInfo(last).isDir() ? last
+                                   : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
 }  // namespace
 
 QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name) {
@@ -33,10 +44,12 @@ QString choose_file_to_write(QWidget& window, const FileQuestion& question, cons
         dialog.setDefaultSuffix(suffix_of(filter, question.suffix));
     });
     const QFileInfo wanted(QString::fromStdString(name));
-    if (wanted.isAbsolute()) dialog.setDirectory(wanted.absolutePath());
+    dialog.setDirectory(wanted.isAbsolute() ? wanted.absolutePath() : usual_folder());
     dialog.selectFile(wanted.fileName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    return dialog.selectedFiles().front();
+    const QString chosen = dialog.selectedFiles().front();
+    window_state()->setValue(folder_key, QFileInfo(chosen).absolutePath());
+    return chosen;
 }
 
 std::string export_with_progress(QWidget& window, Session& session, const ExportKind& kind,

@@ -34,6 +34,11 @@ unsigned modifiers_of(Qt::KeyboardModifiers held) {
     return bits;
 }
 
+unsigned mouse_modifiers_of(Qt::KeyboardModifiers held) {
+    const unsigned bits = modifiers_of(held);
+    return bits & modifier_command ? bits | modifier_option : bits;
+}
+
 QList<QKeySequence> key_sequences(const KeyPress& press) {
     Qt::KeyboardModifiers held;
     for (const auto& row : modifier_rows) held.setFlag(row.key, press.modifiers & row.bit);

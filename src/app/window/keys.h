@@ -17,6 +17,8 @@ struct KeyPress {
 
 /// The bits of host/modifiers.h for modifier keys that are held.
 unsigned modifiers_of(Qt::KeyboardModifiers held);
+/// The same for the mouse: Ctrl is Alt as well, since desktops move windows by Alt.
+unsigned mouse_modifiers_of(Qt::KeyboardModifiers held);
 /// The keys that press one of the box's own.
 QList<QKeySequence> key_sequences(const KeyPress& press);
 /// None for keys that the box knows nothing of.

@@ -94,9 +94,9 @@ void TransportBar::make_tempo() {
     QToolButton* tapped = add_switch("Tap", "tap", "Tap the tempo (T)");
     tapped->setCheckable(false);
     connect(tapped, &QToolButton::pressed, this, [this] { tap(); });
-    metronome_ = add_switch("Click", "metronome",
-                            "A click on each beat of the document's bars; it is only heard, never sent");
+    metronome_ = add_switch("Click", "metronome", {});
     metronome_->setEnabled(false);
+    metronome_->setToolTip("A click on each beat needs an audio device, and none could be opened");
     connect(metronome_, &QToolButton::clicked, this, [this](bool on) { metronome(on); });
 }
 
@@ -150,6 +150,7 @@ void TransportBar::show_sound(std::function<float()> peak) {
     level_->peak = std::move(peak);
     level_->show();
     metronome_->setEnabled(true);
+    metronome_->setToolTip("A click on each beat of the document's bars; it is only heard, never sent");
 }
 
 void TransportBar::keep(QSettings& kept) const {

@@ -1,6 +1,7 @@
 // What a person does with the mouse, as it comes from the platform.
 #include <QApplication>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -65,6 +66,21 @@ struct Gestures : WindowTest {
     /// A pixel, in ms.
     double pixel() { return box.timelinelength / box.maindisplay.rect.width; }
 };
+
+TEST_F(Gestures, CtrlDragsCopiesWhereDesktopsKeepAltForWindows) {
+    add(1000, 1000, 60);
+    const QPoint from = at(1500, 60), to = at(3500, 60);
+    QTest::mousePress(&box_widget(), Qt::LeftButton, Qt::ControlModifier,
+                      box_widget().mapFrom(&window, from));
+    QMouseEvent move(QEvent::MouseMove, box_widget().mapFrom(&window, to), window.mapToGlobal(to),
+                     Qt::NoButton, Qt::LeftButton, Qt::ControlModifier);
+    QApplication::sendEvent(&box_widget(), &move);
+    QTest::mouseRelease(&box_widget(), Qt::LeftButton, Qt::ControlModifier,
+                        box_widget().mapFrom(&window, to));
+    ASSERT_EQ(events().size(), 2u);
+    EXPECT_EQ(first().start, 1000);
+    EXPECT_EQ(box.history.items.back()->name(), "Copy Event");
+}
 
 TEST_F(Gestures, InsertingDraggingAndResizing) {
     press(Qt::Key_2);

@@ -52,6 +52,16 @@ TEST_F(TransportTest, EverythingIsACallThatJournalsTell) {
     EXPECT_TRUE(box.cycle.active) << "and on it stays";
 }
 
+TEST_F(TransportTest, ADoubleClickTakesTheWholeTempo) {
+    tempo.setValue(120.9);
+    auto& line = *tempo.findChild<QLineEdit*>();
+    QTest::mouseDClick(&line, Qt::LeftButton, {},
+                       QPoint(line.fontMetrics().horizontalAdvance("120.9") - 2, line.height() / 2));
+    QTest::keyClicks(&line, "96");
+    QTest::keyClick(&line, Qt::Key_Return);
+    EXPECT_EQ(tempo.value(), 96);
+}
+
 TEST_F(TransportTest, PlayAtTheEndBeginsAnew) {
     session.send("position 10000");
     click("play");
