@@ -24,8 +24,8 @@ void begin_meter(Prseq& object);
 /// A region at a measure that has one replaces its signature.
 void TQ_Prseq_Meter_AddBarRegion(Meter& meter, long measure, long beats, long notevalue);
 const BarRegion* TQ_Prseq_Meter_FindBarRegionFromBarNumber(const Meter& meter, long measure);
-/// Computes the bars up to and including the one that starts at or before `timelinelength` ms. Not done again
-/// when the timeline grows.
+/// Computes the bars up to and including the one that starts at or before `timelinelength` ms. Done again
+/// when the timeline grows only where the bars follow the tempo.
 void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength);
 
 long measure_count(const Meter& meter);

@@ -1,5 +1,6 @@
 // Bars at the song's tempo, and what snaps to parts of their beats.
 #include "interaction/hand.h"
+#include "model/bars.h"
 #include "view/grid.h"
 
 namespace tq::test {
@@ -30,6 +31,11 @@ TEST_F(Beats, FollowTheTempoWhereTheDocumentSaysSo) {
     EXPECT_FALSE(prseq_getdirtyflag(box()));
     say(".command bars_follow_tempo");
     EXPECT_EQ(meter.spans.front().length, 4000);
+    const long bars = measure_count(meter);
+    say("maxtime 60000");
+    EXPECT_EQ(measure_count(meter), bars) << "these do not grow with the timeline";
+    say(".command bars_follow_tempo\nevent start 90000 <note> 60 90 </note>");
+    EXPECT_GT(measure_at(meter, measure_count(meter) - 1).end, 91000);
 }
 
 TEST_F(Beats, WhatTheHandDoesSnapsToTheirParts) {
