@@ -29,8 +29,8 @@ double step_ms(const Prseq& object, const DraggedEvents& events) {
                               : Snap::always(object).step(events.snapshots().front().start).value_or(tenths);
 }
 
-/// How far behind what is copied its copies begin: at its end, or where bars are worked in, as far on in the
-/// bar, the beat or its part, of which the smallest is taken that is at least half as long.
+/// How far behind what is copied its copies begin: at its end, or where beats are divided, a whole number of
+/// bars on; of beats, or of their parts, where it fills no more than half of a bar, or of a beat.
 double distance_of_copies(const Prseq& object, double start, double end) {
     constexpr double rounding = 1e-3;  // of a step
     const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(object.meter, start);
