@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <string>
 
 #include "documents.h"
 #include "edits/clipboard.h"
@@ -80,6 +81,7 @@ class Editing {
         session_->host().scheduler.run_until(session_->host().scheduler.now() + 100);
     }
     size_t count() const { return box_.tracks[0]->events.size(); }
+    void loop_half() { say(("cyclerange 0 " + std::to_string(length() / 2)).c_str()); }
     void forget() { session_->send("undoredo_clear"); }
 
  private:
@@ -140,6 +142,15 @@ const Operation operations[] = {
      [](Editing& e) { e.say("velocity_scale 0.9"); }, [](Editing& e) { e.undo(), e.forget(); }},
     {"join all that touch", true, [](Editing& e) { e.select_all(), e.say("quantise 480 both"); },
      [](Editing& e) { e.say("join"); }, [](Editing& e) { e.undo(), e.undo(), e.forget(); }},
+    {"change the song's tempo", true, nothing, [](Editing& e) { e.say("stretch_to_tempo 100"); },
+     [](Editing& e) { e.undo(), e.forget(); }},
+    {"drag the song's tempo by one step", true, [](Editing& e) { e.say("stretch_to_tempo 100"); },
+     [](Editing& e) { e.say("stretch_to_tempo 101"); }, [](Editing& e) { e.undo(), e.forget(); }},
+    {"raise a curve of the track", true, [](Editing& e) { e.say("track_level Volume 80"), e.forget(); },
+     [](Editing& e) { e.say("track_level Volume 70"); },
+     [](Editing& e) { e.undo(), e.forget(), e.say("track_level Volume 80"), e.forget(); }},
+    {"swap the halves of the song", true, [](Editing& e) { e.loop_half(); },
+     [](Editing& e) { e.say("loop_swap"); }, [](Editing& e) { e.undo(), e.forget(); }},
     {"select by pitch", true, nothing, [](Editing& e) { e.say("select_where pitch 0 70"); }, nothing},
     {"invert the selection", true, nothing, [](Editing& e) { e.say("select_invert"); }, nothing},
     {"select one event", false, [](Editing& e) { e.choose(); }, [](Editing& e) { e.select_one(); }, nothing},

@@ -13,6 +13,12 @@ struct EditName {
     const char *one, *many;
 };
 
+constexpr double shortest_event = 1;       ///< ms: what edits leave of an event at least
+constexpr double longest_timeline = 1e12;  ///< ms, about thirty years
+
+/// Gives events other times, within an edit; buffer ranges follow. What they were before.
+std::vector<UndoEventSnapshot> retime(Prseq& object, const std::vector<EventTimes>& times);
+
 /// Other times, velocities and curves for events, gathered first and done at once. What an event is already
 /// is no change.
 class EventChanges {
@@ -29,8 +35,6 @@ class EventChanges {
 
  private:
     bool empty() const { return times_.empty() && velocities_.empty() && curves_.empty(); }
-    std::vector<UndoEventSnapshot> write_times(Prseq& object) const;
-    void exchange_points();
 
     std::vector<EventTimes> times_;
     std::vector<ValueChange> velocities_;

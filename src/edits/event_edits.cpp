@@ -5,6 +5,7 @@
 #include "history/recorders.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/selected_events.h"
 #include "model/selection.h"
 #include "model/tracks.h"
@@ -25,13 +26,15 @@ void delete_events(Prseq& object, std::vector<EventRef> events) {
     TQ_Prseq_Tracks_DeleteEventReferences(object, events);
 }
 
-EventRef insert_event(Prseq& object, long start, double pitch) {
+EventRef insert_event(Prseq& object, double start, double pitch) {
     constexpr double velocity = 80;
     if (object.tracks.empty()) prseq_addtrack(object, {tq_sym_Untitled});
     Track& track = *TQ_Prseq_Tracks_GetActiveTrack(object);
     Edit edit(object, Change::Events);
-    EventRef event = TQ_Prseq_Events_MakeEvent(
-        object, start, pitch, velocity, static_cast<long>(object.defaults.eventduration), Symbol(), Symbol());
+    EventRef event =
+        TQ_Prseq_Events_MakeEvent(object, whole_ms(start), pitch, velocity,
+                                  static_cast<long>(object.defaults.eventduration), Symbol(), Symbol());
+    event->start = start;
     conform_event_to(track, *event);
     TQ_Prseq_Tracks_InsertEvent(object, track, event);
     TQ_Prseq_Undoredo_AddUndoRedoItem_InsertEvents(edit, {event});

@@ -15,7 +15,7 @@ void prseq_deleteselectedevents(Prseq& object);
 void delete_events(Prseq& object, std::vector<EventRef> events);
 /// Makes an event of the default duration and velocity 80 on the active track, which is made when there is
 /// none. `start` in ms.
-EventRef insert_event(Prseq& object, long start, double pitch);
+EventRef insert_event(Prseq& object, double start, double pitch);
 /// Cuts an event of the document in two at a position in ms; none, and nothing happens, where that is too
 /// near its ends.
 std::optional<Slices> slice_event(Prseq& object, const EventRef& event, double position);

@@ -11,14 +11,12 @@
 #include "history/edit.h"
 #include "host/host.h"
 #include "instance/prseq.h"
+#include "model/bars.h"
 #include "model/selected_events.h"
 
 namespace tq {
 
 namespace {
-
-constexpr double shortest = 1;             // ms
-constexpr double longest_timeline = 1e12;  // ms, about thirty years
 
 using Events = std::vector<EventRef>;
 
@@ -57,22 +55,23 @@ Span span_of(const Events& events) {
 }
 
 /// A time that does not move stays what it is to the last bit.
-double towards(double from, double to, double strength) {
-    return from == to || strength == 0 ? from : std::round(std::lerp(from, to, strength));
+double towards(const Prseq& object, double from, double to, double strength) {
+    return from == to || strength == 0 ? from : kept_time(object, std::lerp(from, to, strength));
 }
 
 double duration_until(double end, const Event& event, double start) {
-    return std::max(end - start, std::min(event.duration, shortest));
+    return std::max(end - start, std::min(event.duration, shortest_event));
 }
 
-void quantise(Event& event, const TimeGrid& grid, const Quantisation& how, EventChanges& changes) {
+void quantise(const Prseq& object, Event& event, const TimeGrid& grid, const Quantisation& how,
+              EventChanges& changes) {
     using enum Quantisation::Ends;
     const double line = how.what == Ends ? event.start : grid.nearest(event.start);
-    const double start = towards(event.start, line, how.strength);
+    const double start = towards(object, event.start, line, how.strength);
     if (how.what == Starts) return changes.times(event, start, event.duration);
     double end = grid.nearest(event.end());
     if (end <= line) end = grid.behind(line);
-    end = towards(event.end(), end, how.strength);
+    end = towards(object, event.end(), end, how.strength);
     const bool stays = start == event.start && end == event.end();
     changes.times(event, start, stays ? event.duration : duration_until(end, event, start));
 }
@@ -82,7 +81,7 @@ void quantise(Event& event, const TimeGrid& grid, const Quantisation& how, Event
 void quantise_selection(Prseq& object, const Quantisation& how) {
     change_selection(object, {"Quantise Event", "Quantise Events"}, [&](const Events& events, auto& changes) {
         const TimeGrid grid(object, how.grid, how.swing);
-        for (const EventRef& event : events) quantise(*event, grid, how, changes);
+        for (const EventRef& event : events) quantise(object, *event, grid, how, changes);
     });
 }
 
@@ -92,7 +91,8 @@ void legato_selection(Prseq& object, double gap) {
         for (const EventRef& event : events) {
             while (next != events.end() && (*next)->start <= event->start) ++next;
             if (next == events.end()) return;
-            changes.times(*event, event->start, std::max((*next)->start - gap - event->start, shortest));
+            changes.times(*event, event->start,
+                          std::max((*next)->start - gap - event->start, shortest_event));
         }
     };
     change_selection(object, {"Legato Event", "Legato Events"}, [&](const Events& events, auto& changes) {
@@ -105,7 +105,7 @@ bool stretch_selection(Prseq& object, double factor) {
     change_selection(object, {"Stretch Event", "Stretch Events"}, [&](const Events& events, auto& changes) {
         const Span span = span_of(events);
         const auto stretched = [&](double ms) {
-            return std::round(span.first_start + (ms - span.first_start) * factor);
+            return kept_time(object, span.first_start + (ms - span.first_start) * factor);
         };
         fits = factor <= 1 || stretched(span.end) <= longest_timeline;
         if (!fits || factor == 1) return;
@@ -129,7 +129,7 @@ void reverse_selection(Prseq& object) {
         const Span span = span_of(events);
         for (const EventRef& event : events) {
             const double start = span.first_start + (span.end - event->end());
-            changes.times(*event, towards(event->start, start, 1), event->duration);
+            changes.times(*event, towards(object, event->start, start, 1), event->duration);
             reverse_curves(*event, changes);
         }
     });

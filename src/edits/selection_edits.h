@@ -1,6 +1,6 @@
 // Undoable edits of the selected events, of all visible tracks where those of several are selected. Each is
-// one step of the history, and none when it changes nothing. Times that are computed are whole ms, as
-// documents hold them; no event gets shorter than 1 ms.
+// one step of the history, and none when it changes nothing. Times that are computed are as kept_time() says;
+// no event gets shorter than 1 ms.
 #pragma once
 
 #include <optional>

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "edits/selection_edits.h"
+#include "edits/time_grid.h"
 #include "history/edit.h"
 #include "history/recorders.h"
 #include "instance/prseq.h"
@@ -48,7 +49,7 @@ bool same_row(const Event& a, const Event& b) { return a.track == b.track && a.p
 void split_selection(Prseq& object, std::optional<double> position) {
     Edit edit(object, Change::Events);
     Exchange exchange;
-    const double at = position.value_or(std::round(object.linecursor.position));
+    const double at = position.value_or(edited_position(object));
     for (const EventRef& event : all_selected_events(object)) {
         const std::optional<Slices> slices = TQ_Prseq_Events_SliceEvent(object, *event, at);
         if (!slices) continue;

@@ -19,7 +19,8 @@ bool divides_beats(const Prseq& object) {
 }
 
 TimeGrid::TimeGrid(const Prseq& object, std::optional<double> ms, double swing)
-    : meter_(!ms && object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats) ? &object.meter
+    : object_(object),
+      meter_(!ms && object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats) ? &object.meter
                                                                                             : nullptr),
       distance_(ms.value_or(object.maindisplay.mslabelincrement / 10)),
       swing_(swing),
@@ -36,7 +37,7 @@ std::optional<TimeGrid::Lines> TimeGrid::lines_at(double ms) const {
 
 double TimeGrid::line(const Lines& lines, double index) const {
     const bool late = std::fmod(index, 2) != 0 && index < lines.count;
-    return std::round(lines.start + (index + (late ? swing_ / 2 : 0)) * lines.length);
+    return kept_time(object_, lines.start + (index + (late ? swing_ / 2 : 0)) * lines.length);
 }
 
 double TimeGrid::nearest(double ms) const {
@@ -50,9 +51,22 @@ double TimeGrid::nearest(double ms) const {
 double TimeGrid::behind(double ms) const {
     const std::optional<Lines> lines = lines_at(ms);
     if (!lines) return ms;
+    constexpr double rounding = 1e-6;  // ms
     double index = std::floor((ms - lines->start) / lines->length);
-    while (line(*lines, index) <= ms && index < lines->count) ++index;
+    while (line(*lines, index) <= ms + rounding && index < lines->count) ++index;
     return line(*lines, index);
+}
+
+double TimeGrid::spacing(double ms) const {
+    const std::optional<Lines> lines = lines_at(ms);
+    return lines ? lines->length : 0;
+}
+
+double edited_position(const Prseq& object) {
+    constexpr double meant = 0.05;  // ms: what single precision is off by after ten minutes
+    const double position = object.linecursor.position;
+    const double line = object.meter.followstempo ? TimeGrid(object, {}, 0).nearest(position) : position;
+    return kept_time(object, std::abs(line - position) < meant ? line : position);
 }
 
 }  // namespace tq

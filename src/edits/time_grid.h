@@ -13,7 +13,7 @@ struct Prseq;
 bool divides_beats(const Prseq& object);
 
 /// Lines that are equally far from each other, or the beats of the bars, or parts of them. Every second line
-/// comes later by `swing`, 0 to 1, of half of the distance. All are at whole ms.
+/// comes later by `swing`, 0 to 1, of half of the distance. They are where kept_time() says.
 class TimeGrid {
  public:
     /// Lines from 0 on, `ms` from each other. Without: those of the ruler, beats (or the parts that they
@@ -25,6 +25,8 @@ class TimeGrid {
     double nearest(double ms) const;
     /// The first line behind the one that the time lies on, or behind the time; the same where no bar is.
     double behind(double ms) const;
+    /// How far lines are from each other there, in ms; 0 where no bar is.
+    double spacing(double ms) const;
 
  private:
     /// Lines from `start` on, `length` from each other. The last of a bar is the first of the next one, and
@@ -35,8 +37,14 @@ class TimeGrid {
     std::optional<Lines> lines_at(double ms) const;
     double line(const Lines& lines, double index) const;
 
+    const Prseq& object_;
     const Meter* meter_;  ///< none: equally far
     double distance_, swing_, division_;
 };
+
+/// The play position, where what is edited there begins or ends: on the line of the grid that it means, which
+/// a position that came as a message only has in single precision. Rounded to whole ms where bars do not
+/// follow the tempo.
+double edited_position(const Prseq& object);
 
 }  // namespace tq

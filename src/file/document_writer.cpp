@@ -55,11 +55,20 @@ void write_bpfs(const Event& event, DictionaryWriter& out) {
     out.close_array();
 }
 
-void write_event(const Event& event, DictionaryWriter& out) {
+/// A time that is no whole ms, whole: beside it stands what it is.
+void write_exactly(const char* key, double ms, DictionaryWriter& out) {
+    if (ms != static_cast<double>(whole_ms(ms))) out.appendfloat(key, ms);
+}
+
+void write_event(const Event& event, bool exact, DictionaryWriter& out) {
     const BufferLink& link = event.link();
     out.open_dictionary();
     out.appendlong("start", whole_ms(event.start));
     out.appendlong("duration", whole_ms(event.duration));
+    if (exact) {
+        write_exactly("exactstart", event.start, out);
+        write_exactly("exactduration", event.duration, out);
+    }
     out.appendfloat("pitch", event.pitch);
     out.appendfloat("velocity", event.velocity);
     out.appendstring("label", event.label.text());
@@ -99,7 +108,7 @@ void write_types(const Track& track, DictionaryWriter& out) {
     out.close_array();
 }
 
-void write_track(const Track& track, DictionaryWriter& out) {
+void write_track(const Track& track, bool exact, DictionaryWriter& out) {
     out.open_dictionary();
     out.appendstring("name", track.name);
     out.appendlong("mute", track.mute);
@@ -111,7 +120,7 @@ void write_track(const Track& track, DictionaryWriter& out) {
     out.appendlong("discard_default_pitch_bpf_output", track.discarddefaultpitchbpfoutput);
     write_types(track, out);
     out.open_array("events");
-    track.events.for_each([&](const Event& event) { write_event(event, out); });
+    track.events.for_each([&](const Event& event) { write_event(event, exact, out); });
     out.close_array();
     out.close_dictionary();
 }
@@ -158,7 +167,7 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
     out.appendstring("tq.sorvo", "");
     write_header(object.info, out);
     out.open_array("tracks");
-    for (const TrackRef& track : object.tracks) write_track(*track, out);
+    for (const TrackRef& track : object.tracks) write_track(*track, object.meter.followstempo, out);
     out.close_array();
     if (!object.tracks.empty()) out.appendlong("activetrack", object.activetrack);
     out.appendfloat("maxtime", object.timelinelength);

@@ -1,6 +1,7 @@
 #include "file/new_document.h"
 
 #include "history/undoredo.h"
+#include "host/transport.h"
 #include "instance/prseq.h"
 #include "model/bars.h"
 #include "model/tracks.h"
@@ -27,8 +28,16 @@ void TQ_Prseq_NewFile(Prseq& object) {
     object.info.author = "Anonymous";
     object.info.memo.clear();
     begin_meter(object);
+    if (object.bars_follow_tempo) begin_song(object, usual_tempo);
     advance_revision(object);
     prseq_setdirtyflag(object, false);
+}
+
+void begin_song(Prseq& object, double bpm) {
+    constexpr double bars = 4;
+    itm_settempo(*object.transport, bpm);
+    follow_tempo(object);
+    object.cycle = {0, bars * object.meter.wholenote, false};
 }
 
 }  // namespace tq

@@ -96,11 +96,19 @@ void read_buffer(Prseq& object, Event& event, const Dictionary& dictionary) {
     TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
+/// What a whole ms stands for, where that is told.
+double exact_time(const Dictionary& dictionary, const char* key, double whole) {
+    const double exact = dictionary.getfloat(key).value_or(whole);
+    return exact > whole && exact < whole + 1 ? exact : whole;
+}
+
 void read_event(Prseq& object, Track& track, const Dictionary& dictionary) {
     EventRef event = TQ_Prseq_Events_MakeEvent(
         object, dictionary.getlong("start").value_or(0), dictionary.getfloat("pitch").value_or(0),
         dictionary.getfloat("velocity").value_or(0), dictionary.getlong("duration").value_or(0),
         symbol_of(dictionary, "label"), symbol_of(dictionary, "message"));
+    event->start = exact_time(dictionary, "exactstart", event->start);
+    event->duration = exact_time(dictionary, "exactduration", event->duration);
     event->bpfs.push_back(TQ_Prseq_Events_MakeBpfFromBpfType(*track.bpftypes.front()));
     if (dictionary.has("buffer")) read_buffer(object, *event, dictionary);
     TQ_Prseq_Parameters_AddExistingParameterTypesToEvent(track, *event);

@@ -8,6 +8,7 @@
 
 #include "history/event_state.h"
 #include "instance/capture_record.h"
+#include "instance/cycle.h"
 #include "instance/snapshot.h"
 #include "instance/track.h"
 #include "model/removed_types.h"
@@ -15,6 +16,13 @@
 namespace tq {
 
 class Edit;
+
+/// An event and the track that it is on, or was.
+struct PlacedEvent {
+    EventRef event;
+    TrackRef track;
+};
+std::vector<PlacedEvent> placed_events(const std::vector<EventRef>& events);
 
 // tracks
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddTrack(Edit& edit, TrackRef track, long previously_active);
@@ -73,10 +81,35 @@ struct EventsBefore {
     };
     std::vector<Curve> curves;
 };
+/// The curves take these points, which then are those that they had.
+void exchange_points(std::vector<EventsBefore::Curve>& curves);
 void record_changed_events(Edit& edit, std::string name, EventsBefore before);
+/// The tempo, and with it all that keeps its place in the bars.
+struct SongBefore {
+    std::vector<UndoEventSnapshot> times;
+    double tempo = 0;  ///< beats a minute
+    Cycle cycle;
+};
+void record_tempo_of_song(Edit& edit, SongBefore before);
+/// Whether undo would take back a change of the song's tempo.
+bool is_last_step_a_tempo(const Prseq& object);
+/// Curves of a track were level elsewhere, and new ones of the type. Any number of them is one step.
+void record_curve_level(Edit& edit, TrackRef track, BpfTypeRef type, double previous_default,
+                        std::vector<EventsBefore::Curve> before);
+/// Whether undo would take back a change of this type's level.
+bool is_last_step_a_level_of(const Prseq& object, const BpfType& type);
+/// Whether undo would take this type off its track again.
+bool is_last_step_the_coming_of(const Prseq& object, const BpfType& type);
 /// Events for events, of any tracks; all of them are on their tracks now.
 void record_exchanged_events(Edit& edit, std::string name, const std::vector<EventRef>& before,
                              const std::vector<EventRef>& after);
+
+/// Events, of any tracks, that went, came or are at other times.
+struct ArrangedBefore {
+    std::vector<UndoEventSnapshot> times;
+    std::vector<PlacedEvent> went, came;
+};
+void record_arrangement(Edit& edit, const char* name, ArrangedBefore before);
 
 // types on a track
 void TQ_Prseq_Undoredo_AddUndoRedoItem_AddParameterTypeToTrack(Edit& edit, TrackRef track, long index);

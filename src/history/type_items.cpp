@@ -101,6 +101,11 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_AddBpfType(Edit& edit, TrackRef track, lo
     record<BpfTypeItem>(edit, "Add Bpf Type To Track", std::move(track), std::move(added), true);
 }
 
+bool is_last_step_the_coming_of(const Prseq& object, const BpfType& type) {
+    const auto* item = last_step<BpfTypeItem>(object.history);
+    return item && item->came && item->removed.type.get() == &type;
+}
+
 void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfType(Edit& edit, TrackRef track, RemovedBpfType removed) {
     record<BpfTypeItem>(edit, "Delete Bpf Type From Track", std::move(track), std::move(removed), false);
 }

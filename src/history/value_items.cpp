@@ -81,18 +81,12 @@ struct EventsItem : UndoItem {
     void undo(Prseq& object) override {
         times.undo(object);
         velocities.undo(object);
-        exchange_points();
+        exchange_points(curves);
     }
     void redo(Prseq& object) override {
         times.redo(object);
         velocities.redo(object);
-        exchange_points();
-    }
-    void exchange_points() {
-        for (auto& [curve, points] : curves) {
-            std::swap(curve.bpf->points, points);
-            TQ_Prseq_Events_LookAgain(*curve.event);
-        }
+        exchange_points(curves);
     }
 };
 
@@ -157,6 +151,13 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_ChangeEventsParameter(Edit& edit, std::ve
                                                              Symbol parameter,
                                                              std::optional<size_t> covered) {
     record<ParameterItem>(edit, std::move(changes), parameter, covered);
+}
+
+void exchange_points(std::vector<EventsBefore::Curve>& curves) {
+    for (auto& [curve, points] : curves) {
+        std::swap(curve.bpf->points, points);
+        TQ_Prseq_Events_LookAgain(*curve.event);
+    }
 }
 
 void record_changed_events(Edit& edit, std::string name, EventsBefore before) {

@@ -1,8 +1,6 @@
 #include <fmt/printf.h>
 
-#include <utility>
-
-#include "history/edit.h"
+#include "edits/song_edits.h"
 #include "inspectors/fields.h"
 #include "inspectors/patcher_helpers.h"
 #include "instance/prseq.h"
@@ -16,13 +14,9 @@ template <std::string DocumentInfo::*text>
 void show_text(const Inspected& at, Field& field) {
     field.set({gensym(at.object.info.*text)});
 }
-/// What stands in the header is no part of the history.
 template <std::string DocumentInfo::*text>
 void change_text(const Inspected& at, const Field& field, const std::string&) {
-    std::string changed = TQ_Prseq_Utilities_GetTextAtomsFromSender(field);
-    if (changed == at.object.info.*text) return;
-    Edit edit(at.object, Edit::Unrecorded{Change::Nothing});
-    at.object.info.*text = std::move(changed);
+    change_document_text(at.object, text, TQ_Prseq_Utilities_GetTextAtomsFromSender(field));
 }
 
 void show_signature(const Inspected& at, Field& field) {

@@ -17,8 +17,10 @@ struct AttributeFields {
     double menufontsize = 0;
     long event_capture_span = 0;  ///< ms
     bool snaptime = false, snappitch = false;
-    long snap_division = 0;          ///< parts of a beat; 0: the ruler's own steps
-    bool bars_follow_tempo = false;  ///< in new documents; see Meter
+    long snap_division = 0;            ///< parts of a beat; 0: the ruler's own steps
+    bool bars_follow_tempo = false;    ///< in new documents; see Meter
+    bool keep_middle = false;          ///< of events too narrow for two edges and a middle
+    bool events_follow_tempo = false;  ///< where bars do, events keep their place in them
     bool menudisplay = false, focusdisplay = false, dirtydisplay = false;
     bool trackdisplay = false, keydisplay_shown = false, parameterdisplay = false;
     bool showlabels = false, showmessages = false, showbpfs = false, showbuffers = false,

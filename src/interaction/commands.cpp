@@ -1,10 +1,13 @@
 #include "interaction/commands.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "edits/arrangement.h"
 #include "edits/clipboard.h"
 #include "edits/event_edits.h"
 #include "edits/selection_edits.h"
+#include "edits/time_grid.h"
 #include "edits/timeline_edits.h"
 #include "edits/track_edits.h"
 #include "edits/type_edits.h"
@@ -56,6 +59,10 @@ bool has_selection(const Prseq& object) {
 bool has_events(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     return track && !track->events.empty();
+}
+
+bool has_song(const Prseq& object) {
+    return std::ranges::any_of(object.tracks, [](const TrackRef& track) { return !track->events.empty(); });
 }
 
 void open_file(Prseq& object) { replace_document(object, Replacement::Opened); }
@@ -120,7 +127,9 @@ void lengthen(Prseq& object) {
 void insert_at_position(Prseq& object) {
     constexpr double middle_c = 60;
     const double pitch = list_selected_events(object) ? object.selection.front()->pitch : middle_c;
-    select_only(object, insert_event(object, static_cast<long>(object.linecursor.position), pitch).get());
+    const double at = object.linecursor.position;
+    const double start = object.meter.followstempo ? edited_position(object) : std::trunc(at);
+    select_only(object, insert_event(object, start, pitch).get());
 }
 bool can_insert(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
@@ -329,6 +338,7 @@ constexpr CommandRow rows[] = {
     {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
      prseq_zoom_to_selection},
     {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", is_zoomed_in, never, prseq_zoom_out_all},
+    {Command::ZoomToSong, "zoom_to_song", "Zoom To the Song", always, never, zoom_to_song},
     {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},
     {Command::GoToStart, "go_to_start", "Go To Start", always, never, go_to_start},
     {Command::GoToEnd, "go_to_end", "Go To End", always, never, go_to_end},
@@ -371,12 +381,18 @@ constexpr CommandRow rows[] = {
      bpf_time_is<false>, set_bpf_time<false>},
     {Command::Cycle, "cycle", "Cycle", always, has_cycle, cycle_or_not},
     {Command::LoopSelection, "loop_selection", "Loop Selection", has_selection, never, loop_selection},
+    {Command::RepeatLoop, "loop_repeat", "Repeat the Loop", has_song, never, repeat_loop},
+    {Command::InsertLoop, "loop_insert", "Insert Time at the Loop", has_song, never, insert_loop},
+    {Command::DeleteLoop, "loop_delete", "Delete the Loop's Time", has_song, never, delete_loop},
+    {Command::SwapLoop, "loop_swap", "Swap the Loop with What Follows", has_song, never, swap_loop},
     {Command::FollowLineCursor, "follow_line_cursor", "Follow Line Cursor", always, follows_line_cursor,
      follow_line_cursor_or_not},
     toggle<&AttributeFields::snappitch>(Command::PitchSnap, "snappitch", "Pitch Snap"),
     toggle<&AttributeFields::snaptime>(Command::TimeSnap, "snaptime", "Time Snap"),
     {Command::BarsFollowTempo, "bars_follow_tempo", "Bars Follow the Tempo", always, bars_follow_tempo,
      turn_bars_follow_tempo},
+    toggle<&AttributeFields::events_follow_tempo>(Command::EventsFollowTempo, "events_follow_tempo",
+                                                  "Events Follow the Tempo", bars_follow_tempo),
     mode_row<MouseMode::Select>(Command::SelectMode, "select_mode"),
     mode_row<MouseMode::Insert>(Command::InsertMode, "insert_mode"),
     mode_row<MouseMode::Slice>(Command::SliceMode, "slice_mode"),

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "edits/event_edits.h"
 #include "history/edit.h"
@@ -70,8 +71,9 @@ class InsertGesture final : public Gesture {
 
 std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press) {
     TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
-    const double start = snapped_start(object, press.ms);
-    EventRef event = insert_event(object, static_cast<long>(start), pitch_to_insert(object, press));
+    const double at = snapped_start(object, press.ms);
+    const bool exact = object.snaptime && object.meter.followstempo;
+    EventRef event = insert_event(object, exact ? at : std::trunc(at), pitch_to_insert(object, press));
     if (const std::optional<double> step = Snap(object).step(event->start)) last(object, event, *step);
     tell(object, *event, press);
     return std::make_unique<InsertGesture>(std::move(event));

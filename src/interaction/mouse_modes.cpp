@@ -27,7 +27,9 @@ namespace tq {
 
 namespace {
 
+/// Where beats are divided, an event that is there already is edited: another one would lie on it, unseen.
 void press_in_insert_mode(Prseq& object, const Pointer& press) {
+    if (divides_beats(object) && event_under(object, press)) return press_in_select_mode(object, press);
     object.gesture = insert_gesture(object, press);
 }
 

@@ -48,6 +48,8 @@ std::optional<double> Snap::step(double start) const {
     return beats_ ? std::optional(beats_->behind(start) - start) : std::nullopt;
 }
 
+double Snap::spacing(double ms) const { return beats_ ? beats_->spacing(ms) : tenths_; }
+
 double pitch_to_insert(const Prseq& object, const Pointer& pointer) {
     const double pitch = std::clamp(pointer.pitch, 0., Prseq::maximumpitch);
     return object.snappitch ? std::floor(pitch) : pitch;

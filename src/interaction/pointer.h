@@ -28,6 +28,8 @@ class Snap {
     bool keeps_distances() const { return beats_.has_value(); }
     /// To the next time behind, in ms; none where it is not a part of a beat.
     std::optional<double> step(double start) const;
+    /// How far times are from each other there, in ms.
+    double spacing(double ms) const;
 
  private:
     Snap(const Prseq& object, bool on);

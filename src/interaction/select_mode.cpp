@@ -1,5 +1,7 @@
 #include "interaction/select_mode.h"
 
+#include <algorithm>
+
 #include "host/modifiers.h"
 #include "instance/prseq.h"
 #include "interaction/cursors.h"
@@ -17,11 +19,14 @@ namespace {
 
 constexpr double edge_grip = 3;  // pixels
 
-/// Inside of the start, but on both sides of the end: short events keep a middle.
-Edge edge_at(const Rect& rect, double x) {
-    const double right = rect.x + rect.width;
-    if (x >= rect.x && x <= rect.x + edge_grip) return Edge::Start;
-    return x >= right - edge_grip && x <= right + edge_grip ? Edge::End : Edge::Inside;
+/// Inside of the start, but on both sides of the end. Events that are to keep a middle have half of their
+/// width there.
+Edge edge_at(const Prseq& object, const Rect& rect, double x) {
+    constexpr double part = 0.25;
+    const double right = rect.x + rect.width,
+                 inside = object.keep_middle ? std::min(edge_grip, rect.width * part) : edge_grip;
+    if (x >= rect.x && x <= rect.x + inside) return Edge::Start;
+    return x >= right - inside && x <= right + edge_grip ? Edge::End : Edge::Inside;
 }
 
 void select_clicked(Event& event, bool toggle) {
@@ -46,7 +51,7 @@ void press_in_select_mode(Prseq& object, const Pointer& press) {
     select_clicked(*event, shift);
     list_selected_events(object);
     if (!event->selected) return;  // there is nothing to drag
-    const Edge edge = edge_at(TQ_Prseq_Events_Rect(object, *event), event_space(object, press).x);
+    const Edge edge = edge_at(object, TQ_Prseq_Events_Rect(object, *event), event_space(object, press).x);
     if (edge == Edge::Inside)
         object.gesture = move_gesture(object, event, press);
     else
@@ -55,8 +60,8 @@ void press_in_select_mode(Prseq& object, const Pointer& press) {
 
 void hover_in_select_mode(Prseq& object, const Pointer& at) {
     const EventRef event = event_or_end_under(object, at, edge_grip);
-    const Edge edge =
-        event ? edge_at(TQ_Prseq_Events_Rect(object, *event), event_space(object, at).x) : Edge::Inside;
+    const Edge edge = event ? edge_at(object, TQ_Prseq_Events_Rect(object, *event), event_space(object, at).x)
+                            : Edge::Inside;
     TQ_Prseq_SetMouseCursorFromIcon(object, edge == Edge::Start ? CursorResizeLeft
                                             : edge == Edge::End ? CursorResizeRight
                                                                 : CursorArrow);

@@ -22,11 +22,9 @@ namespace {
 
 constexpr double shortest = 1;  // ms
 
-/// The grid of snapping, whether that is on or not, from where the first of the events begins.
+/// The grid of snapping, whether that is on or not, where the first of the events begins.
 double step_ms(const Prseq& object, const DraggedEvents& events) {
-    const double tenths = object.maindisplay.mslabelincrement / 10;
-    return events.size() == 0 ? tenths
-                              : Snap::always(object).step(events.snapshots().front().start).value_or(tenths);
+    return Snap::always(object).spacing(events.size() == 0 ? 0 : events.snapshots().front().start);
 }
 
 /// How far behind what is copied its copies begin: at its end, or where beats are divided, a whole number of
@@ -46,7 +44,7 @@ double distance_of_copies(const Prseq& object, double start, double end) {
 
 /// What is pasted again goes on behind what was pasted.
 void paste_at_position(Prseq& object) {
-    const double at = std::floor(object.linecursor.position);
+    const double at = edited_position(object);
     const std::optional<double> end = paste_events_at(object, at);
     if (end && !object.playing) prseq_position(object, at + distance_of_copies(object, at, *end));
 }

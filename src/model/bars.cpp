@@ -44,6 +44,12 @@ void let_bars_follow_tempo(Prseq& object, bool on) {
     follow_tempo(object);
 }
 
+double kept_time(const Prseq& object, double ms) {
+    constexpr double rounding = 1e-6;  // ms, more than what computing leaves behind
+    const double whole = std::round(ms);
+    return object.meter.followstempo && std::abs(ms - whole) > rounding ? ms : whole;
+}
+
 void follow_tempo(Prseq& object) {
     Meter& meter = object.meter;
     const double length =
@@ -93,6 +99,10 @@ void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength) {
         first += count;
         start += static_cast<double>(count) * length;
     }
+}
+
+long first_beat(const Meter& meter) {
+    return meter.barregions.empty() ? BarRegion{}.notevalue : meter.barregions.front().notevalue;
 }
 
 long measure_count(const Meter& meter) {

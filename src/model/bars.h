@@ -16,6 +16,9 @@ void prseq_bar(Prseq& object, long bar, long beats, long notevalue);
 
 /// Whether a quarter note of the bars lasts one of the tempo; else it lasts 1000 ms.
 void let_bars_follow_tempo(Prseq& object, bool on);
+/// A time that is computed, in ms, as the document holds it: where its bars follow the tempo, lines of bars
+/// and beats are seldom at whole ms, and it is kept as it is; else it is rounded to whole ms.
+double kept_time(const Prseq& object, double ms);
 /// The tempo may be another one.
 void follow_tempo(Prseq& object);
 
@@ -28,6 +31,8 @@ const BarRegion* TQ_Prseq_Meter_FindBarRegionFromBarNumber(const Meter& meter, l
 /// when the timeline grows only where the bars follow the tempo.
 void TQ_Prseq_Meter_CalculateMeasures(Meter& meter, double timelinelength);
 
+/// The note value of the first bar's beats.
+long first_beat(const Meter& meter);
 long measure_count(const Meter& meter);
 /// The bar of an index from 0 to measure_count() - 1.
 Measure measure_at(const Meter& meter, long index);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace tq {
 
@@ -42,6 +43,11 @@ std::optional<double> Arguments::optional_number(const NumberArgument& argument)
 std::string Arguments::text(const char* name) {
     const Atom atom = take(name);
     return atom.is_symbol() ? atom.as_symbol().text() : text_of(atom);
+}
+
+std::string Arguments::rest(const char* name) {
+    if (left_.size() < 2) return text(name);
+    return atom_gettext(std::exchange(left_, {}));
 }
 
 size_t Arguments::word(const char* name, std::span<const char* const> words) {

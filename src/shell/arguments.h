@@ -30,6 +30,8 @@ class Arguments {
     std::optional<double> optional_number(const NumberArgument& argument);
     /// Any atom, as text.
     std::string text(const char* name);
+    /// All that is left, which must be something, as text.
+    std::string rest(const char* name);
     /// The index of a word, which has to be one of these.
     size_t word(const char* name, std::span<const char* const> words);
     /// The same, or the first of them when nothing is left.

@@ -70,6 +70,9 @@ constexpr SwitchRow snap_switches[] = {
     {"snappitch", &F::snappitch, "Snap Pitch", "Behavior", "0", false, Change::Nothing},
     {"bars_follow_tempo", &F::bars_follow_tempo, "Bars Follow the Tempo", "Behavior", "0", true,
      Change::Meter},
+    {"keep_middle", &F::keep_middle, "Narrow Events Keep a Middle", "Behavior", "0", false, Change::Nothing},
+    {"events_follow_tempo", &F::events_follow_tempo, "Events Follow the Tempo", "Behavior", "0", false,
+     Change::Nothing},
 };
 // What moves or hides displays changes the contents of no layer that keeps its size, but for the knobs of
 // the scrollbars.

@@ -6,9 +6,13 @@
 #include <unordered_set>
 #include <vector>
 
+#include "edits/arrangement.h"
 #include "edits/event_edits.h"
 #include "edits/selection_edits.h"
+#include "edits/song_edits.h"
+#include "edits/track_edits.h"
 #include "instance/prseq.h"
+#include "instance/symbols.h"
 #include "interaction/go_to_event.h"
 #include "model/bpfs.h"
 #include "model/events.h"
@@ -46,11 +50,6 @@ void stretch(Prseq& object, Arguments& arguments) {
     if (!stretch_selection(object, factor)) throw BadArgument{"FACTOR leads beyond what a timeline can hold"};
 }
 
-void reverse(Prseq& object, Arguments& arguments) {
-    arguments.end();
-    reverse_selection(object);
-}
-
 void humanise(Prseq& object, Arguments& arguments) {
     Humanisation how{.time = arguments.number({"TIME_MS", 0, day}),
                      .velocity = arguments.number({"VELOCITY", 0, 127})};
@@ -63,11 +62,6 @@ void split(Prseq& object, Arguments& arguments) {
     const std::optional<double> position = arguments.optional_number({"MS", 0, any});
     arguments.end();
     split_selection(object, position);
-}
-
-void join(Prseq& object, Arguments& arguments) {
-    arguments.end();
-    join_selection(object);
 }
 
 void velocity_scale(Prseq& object, Arguments& arguments) {
@@ -106,11 +100,6 @@ void select_where(Prseq& object, Arguments& arguments) {
     const auto how = SelectHow(arguments.optional_word("the last argument", hows));
     arguments.end();
     select_where(object, where, how);
-}
-
-void select_invert(Prseq& object, Arguments& arguments) {
-    arguments.end();
-    invert_selection(object);
 }
 
 long identifier(Arguments& arguments) { return static_cast<long>(arguments.number({"ID", 1, 1L << 52})); }
@@ -172,6 +161,50 @@ void track_bpf_active(Prseq& object, Arguments& arguments) {
     object_error(object, fmt::format("track_bpf_active: the active track has no curve {}", index));
 }
 
+void stretch_to_tempo(Prseq& object, Arguments& arguments) {
+    const double bpm = arguments.number({"BPM", 1, 10000});
+    arguments.end();
+    if (!change_song_tempo(object, bpm)) throw BadArgument{"BPM leads beyond what a timeline can hold"};
+}
+
+/// The active track, without an index; none, which is told, when there is no such track.
+Track* track_of(Prseq& object, const char* message, Arguments& arguments) {
+    constexpr double last = 1L << 52;
+    const std::optional<double> index = arguments.optional_number({"INDEX", 0, last});
+    Track* track = track_at(object, index ? static_cast<long>(*index) : object.activetrack);
+    if (!track)
+        object_error(object, index ? fmt::format("{}: there is no track {}", message, *index)
+                                   : fmt::format("{}: there is no active track", message));
+    return track;
+}
+
+void track_name(Prseq& object, Arguments& arguments) {
+    Track* track = track_of(object, "track_name", arguments);
+    const Symbol name = gensym(arguments.rest("NAME"));
+    if (track && name.text() != track->name) change_track_name(object, track, name);
+}
+
+void track_level(Prseq& object, Arguments& arguments) {
+    constexpr double any_level = 1e9;
+    Track* track = track_of(object, "track_level", arguments);
+    const Symbol name = gensym(arguments.text("NAME"));
+    const double level = arguments.number({"LEVEL", -any_level, any_level});
+    arguments.end();
+    if (name.empty() || name == tq_sym_Pitch) throw BadArgument{"NAME is to be a curve other than \"Pitch\""};
+    if (track) change_curve_level(object, track, name, level);
+}
+
+template <std::string DocumentInfo::*text>
+void document_text(Prseq& object, Arguments& arguments) {
+    change_document_text(object, text, arguments.rest("TEXT"));
+}
+
+template <void (*edit)(Prseq&)>
+void plain(Prseq& object, Arguments& arguments) {
+    arguments.end();
+    edit(object);
+}
+
 struct MessageRow {
     const char* name;
     void (*run)(Prseq&, Arguments&);
@@ -180,20 +213,30 @@ constexpr MessageRow rows[] = {{"quantise", quantise},
                                {"quantize", quantise},
                                {"legato", legato},
                                {"stretch", stretch},
-                               {"reverse", reverse},
+                               {"reverse", plain<reverse_selection>},
                                {"humanise", humanise},
                                {"humanize", humanise},
                                {"split", split},
-                               {"join", join},
+                               {"join", plain<join_selection>},
                                {"velocity_scale", velocity_scale},
                                {"velocity_ramp", velocity_ramp},
                                {"select_where", select_where},
-                               {"select_invert", select_invert},
+                               {"select_invert", plain<invert_selection>},
                                {"event_delete", event_delete},
                                {"event_select", event_select},
                                {"event_show", event_show},
                                {"time_display_type", time_display_type},
-                               {"track_bpf_active", track_bpf_active}};
+                               {"track_bpf_active", track_bpf_active},
+                               {"track_level", track_level},
+                               {"track_name", track_name},
+                               {"stretch_to_tempo", stretch_to_tempo},
+                               {"document_title", document_text<&DocumentInfo::title>},
+                               {"document_author", document_text<&DocumentInfo::author>},
+                               {"document_memo", document_text<&DocumentInfo::memo>},
+                               {"loop_repeat", plain<repeat_loop>},
+                               {"loop_insert", plain<insert_loop>},
+                               {"loop_delete", plain<delete_loop>},
+                               {"loop_swap", plain<swap_loop>}};
 
 }  // namespace
 

@@ -108,6 +108,12 @@ double pitch_in_the_middle(const Prseq& object) {
                                                         object.keydisplay.rect.height / 2);
 }
 
+/// Where bars follow the tempo, what is told to lie between whole ms does.
+void keep_exact_times(Event& event, const EventKeywords& keywords) {
+    event.start = keywords.start.value_or(event.start);
+    event.duration = keywords.duration.value_or(event.duration);
+}
+
 void insert_new_event(const EventMessage& message, Track& track) {
     Prseq& object = message.object;
     const EventKeywords& keywords = message.keywords;
@@ -120,6 +126,7 @@ void insert_new_event(const EventMessage& message, Track& track) {
         object, whole_ms(keywords.start.value_or(position)), note.pitch, note.velocity,
         whole_ms(keywords.duration.value_or(object.defaults.eventduration)),
         keywords.label.value_or(Symbol()), text);
+    if (object.meter.followstempo) keep_exact_times(*event, keywords);
     if (auto wish = parse_buffer(message)) link_buffer(object, *event, *wish);
     TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track, *event);
     if (keywords.bpf.has_name())

@@ -127,6 +127,22 @@ void prseq_zoom_out_all(Prseq& object) {
     zoom_to(object, {0, Prseq::maximumpitch, object.timelinelength, pitch_rows});
 }
 
+void zoom_to_song(Prseq& object) {
+    constexpr double rows_around = 2;
+    double end = 0, lowest = Prseq::maximumpitch, highest = 0;
+    for (const TrackRef& track : object.tracks) {
+        if (!track->visible || track->events.empty()) continue;
+        end = std::max(end, track->events.latest_end());
+        track->events.for_each([&](const Event& event) {
+            lowest = std::min(lowest, event.pitch);
+            highest = std::max(highest, event.pitch);
+        });
+    }
+    if (end <= 0) return prseq_zoom_out_all(object);
+    zoom_to(object, TQ_Prseq_Zoom_MakeSector(0, end, std::min(highest + rows_around, Prseq::maximumpitch),
+                                             std::max(lowest - rows_around, 0.)));
+}
+
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy) {
     zoom_by(object, 0.5, pagex, localy);
 }

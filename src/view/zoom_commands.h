@@ -13,6 +13,8 @@ void prseq_zoom_in(Prseq& object);
 void prseq_zoom_out(Prseq& object);
 void prseq_zoom_to_selection(Prseq& object);
 void prseq_zoom_out_all(Prseq& object);
+/// All events of visible tracks, as large as they can be; without any, all of the timeline.
+void zoom_to_song(Prseq& object);
 
 /// To a sector of the document; the view is reported as it was before.
 void zoom_to(Prseq& object, const Sector& target);

@@ -34,7 +34,7 @@ TEST_F(Import, makesWhatMessagesWouldHaveMade) {
          "00 ff 03 04 42 61 73 73 00 c1 20 07 91 24 7f 81 00 91 24 00 00 91 30 01 87 68 91 30 00 00 ff 2f 00",
          "00 99 24 70 10 89 24 00 00 ff 2f 00"});
     std::string path = folder.file_with("song.mid", text_of(bytes));
-    say("new_track_color 0\n.tempo 125\nbars_follow_tempo 1");
+    say("new_track_color 0\n.tempo 125\nbars_follow_tempo 1\ncyclerange 0 7680");
     MidiSong song = read_midi_file(bytes);
     size_t notes = 0;
     for (size_t t = 0; t < song.tracks.size(); ++t) {
@@ -144,7 +144,7 @@ Lines song_of(Prseq& box) {
         const auto first = lines.size();
         track->events.for_each([&](const Event& event) {
             std::string line =
-                fmt::format("{} {} {} {}", event.start, event.duration, event.pitch, event.velocity);
+                fmt::format("{:.0f} {:.0f} {} {}", event.start, event.end(), event.pitch, event.velocity);
             for (const BpfRef& bpf : event.bpfs) {
                 line += " " + bpf->name().text();
                 for (const BpfPoint& p : bpf->points)

@@ -56,6 +56,40 @@ TEST_F(Beats, WhatTheHandDoesSnapsToTheirParts) {
     EXPECT_TRUE(comes_back());
 }
 
+TEST_F(Beats, TheInsertModeEditsWhatIsThere) {
+    say("mouse_mode insert");
+    click(1230, 60);
+    click(1240, 60);
+    EXPECT_EQ(events(), "1200+150@60*") << "no other one on it";
+    drag(at(1270, 60), at(1570, 62));
+    EXPECT_EQ(events(), "1500+150@62*");
+    click(1660, 62);
+    EXPECT_EQ(events(), "1500+150@62 1650+150@62") << "right behind it";
+    EXPECT_TRUE(comes_back());
+}
+
+TEST_F(Beats, KeysMoveByWholeSteps) {
+    say("event start 610 duration 100 <note> 60 90 </note>\n.wait 100\n.command select_all");
+    for (int i = 0; i < 3; ++i) say(".command move_earlier");
+    EXPECT_EQ(events(), "160+100@60*") << "as far from the lines as it was";
+    for (int i = 0; i < 3; ++i) say(".command move_later");
+    EXPECT_EQ(events(), "610+100@60*");
+    say(".command lengthen");
+    EXPECT_EQ(events(), "610+250@60*");
+}
+
+/// 8 pixels: 3 of each edge leave 2 in the middle, a quarter of each 4.
+TEST_F(Beats, NarrowEventsKeepAMiddle) {
+    say("snaptime 0\nevent start 1000 duration 80 <note> 60 90 </note>\n.wait 100");
+    drag(at(1025, 60), at(925, 60));
+    EXPECT_EQ(events(), "925+155@60*");
+    say("undo\nkeep_middle 1");
+    drag(at(1025, 60), at(925, 60));
+    EXPECT_EQ(events(), "900+80@60*");
+    drag(at(910, 60), at(810, 60));
+    EXPECT_EQ(events(), "810+170@60*");
+}
+
 TEST_F(Beats, WhatIsMovedTogetherKeepsItsDistances) {
     say("event start 600 duration 100 <note> 60 90 </note>\nevent start 817 duration 100 <note> 64 90 "
         "</note>\n.wait 100");

@@ -65,6 +65,16 @@ TEST_F(Messages, areAllTriedHere) {
                                       "time_display_type",
                                       "track_solo",
                                       "track_bpf_active",
+                                      "track_level",
+                                      "loop_repeat",
+                                      "loop_insert",
+                                      "loop_delete",
+                                      "loop_swap",
+                                      "track_name",
+                                      "stretch_to_tempo",
+                                      "document_title",
+                                      "document_author",
+                                      "document_memo",
                                       "event_select",
                                       "event_show"};  // they judge their atoms
                                                       // themselves

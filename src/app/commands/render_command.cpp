@@ -31,10 +31,11 @@ void lay_out(Session& session, OffscreenPainter& painter, const RenderCommand& c
 
 bool write_picture(Session& session, OffscreenPainter& painter, const RenderCommand& command) {
     Prseq& box = session.box();
-    if (box.info.filename.empty()) {  // a document has its own view, a MIDI file is shown whole
-        box.zoom_animation = false;
+    box.zoom_animation = false;
+    if (command.whole)
+        zoom_to_song(box);
+    else if (box.info.filename.empty())  // a document has its own view, a MIDI file is shown whole
         prseq_zoom_out_all(box);
-    }
     std::optional<std::string> reason = painter.paint_to_png(box, command.png);
     if (reason) complain(*reason);
     return !reason;

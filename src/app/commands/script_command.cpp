@@ -47,6 +47,10 @@ int run_script(const ScriptCommand& command) {
     GraphicsRuntime graphics(GraphicsRuntime::Screen::Never);
     int status = 0;
     options.prepare = [&](Session& session) { status = make_named_buffers(session, command.buffers); };
+    options.advise = [](const ScriptPlace& place, const std::string& what) {
+        std::cout.flush();
+        std::cerr << text_of(place) << ": " << what << "\n";
+    };
     Script script(options, std::cout);
     if (status) return status;
     if (command.quiet) script.set_quiet(true);

@@ -21,6 +21,8 @@ enum Controller : int {
     Portamento = 65,
     Sostenuto = 66,
     SoftPedal = 67,
+    Reverb = 91,
+    Chorus = 93,
     DataIncrement = 96,
     DataDecrement = 97,
     OwnParameterFine = 98,

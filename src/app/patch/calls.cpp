@@ -7,13 +7,13 @@
 #include "app/patch/import.h"
 #include "app/patch/receivers.h"
 #include "app/patch/session.h"
+#include "edits/song_edits.h"
 #include "file/document_messages.h"
 #include "inspectors/inspectors.h"
 #include "instance/change.h"
 #include "interaction/commands.h"
 #include "interaction/key_commands.h"
 #include "interaction/mouse.h"
-#include "model/bars.h"
 #include "view/zoom_commands.h"
 
 namespace tq {
@@ -101,9 +101,9 @@ bool make(Session& session, const FocusCall& call) {
 }
 
 bool make(Session& session, const TempoCall& call) {
-    itm_settempo(*session.box().transport, call.bpm);
-    follow_tempo(session.box());
-    return true;
+    const bool fits = change_tempo(session.box(), call.bpm);
+    if (!fits) object_error(session.box(), "at this tempo the song would be longer than a timeline");
+    return fits;
 }
 
 bool make(Session& session, const TransportCall& call) {

@@ -59,13 +59,14 @@ class TrackImport {
                                           : source.name);
     }
 
-    /// Start and end are rounded to whole ms each, so that rounding does not add up in the duration.
     EventRef event_of(std::size_t index) {
         const MidiNote& note = source_.notes[index];
-        const double start = jgraphics_round(note.start_ms),
-                     end = jgraphics_round(note.start_ms + note.duration_ms);
+        const double start = kept_time(object_, note.start_ms),
+                     end = kept_time(object_, note.start_ms + note.duration_ms);
         EventRef event = TQ_Prseq_Events_MakeEvent(object_, whole_ms(start), note.pitch, note.velocity,
                                                    whole_ms(end - start), Symbol(), Symbol());
+        event->start = start;
+        event->duration = kept_time(object_, end - start);
         TQ_Prseq_Events_AddBpfsFromExistingBpfTypesOnExistingTrack(track_, *event);
         if (event->duration <= 0) return event;
         set(*event, tq_sym_Pitch, note, source_.bend(note), 1);
@@ -97,8 +98,12 @@ class TrackImport {
 
 /// The first one, at which the bars are counted.
 void set_tempo(Prseq& object, const MidiSong& song) {
-    if (!song.tempos.empty()) itm_settempo(*object.transport, 60e6 / song.tempos.front().quarter_us);
     let_bars_follow_tempo(object, true);
+    const double bpm =
+        song.tempos.empty() ? itm_gettempo(*object.transport) : 60e6 / song.tempos.front().quarter_us;
+    if (object.bars_follow_tempo) return begin_song(object, bpm);
+    itm_settempo(*object.transport, bpm);
+    follow_tempo(object);
 }
 
 /// Bars up to the end of the timeline, which must be settled.
@@ -154,6 +159,7 @@ std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& pa
     if (prseq_getdirtyflag(object))
         object.host().patch.keep_copy(object, TQ_Prseq_Json_MakeDictionary(object, true));
     TQ_Prseq_NewFile(object);
+    set_tempo(object, *song);
     object.info.title = cut_text(std::filesystem::path(path).stem().string(), longest_title);
     MidiImport import{.tracks = song->tracks.size()};
     for (MidiTrack& track : song->tracks) {
@@ -162,7 +168,6 @@ std::optional<MidiImport> import_midi_bytes(Prseq& object, const std::string& pa
         track = MidiTrack();  // its memory is needed for the next
     }
     settle_timeline_length(object);
-    set_tempo(object, *song);
     const ImportedMeter meter = meter_of(*song, object.meter.wholenote);
     set_meter(object, meter);
     TQ_Prseq_Tracks_OutputTrackInfo(object);

@@ -6,6 +6,7 @@
 #include "app/patch/receivers.h"
 #include "app/sound/event_message.h"
 #include "instance/symbols.h"
+#include "instance/utilities.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -54,11 +55,19 @@ std::optional<PlayedNote> NoteListener::note_of(AtomSpan arguments) const {
     return note;
 }
 
+/// What leaves the box tells whole ms; notes of a song whose bars follow the tempo end between them.
+double NoteListener::exact_duration(double told) const {
+    const EventRef& event = session_.box().nextevent;
+    const bool sent = !session_.sending && event && static_cast<double>(whole_ms(event->duration)) == told;
+    return sent ? event->duration : told;
+}
+
 void NoteListener::play(AtomSpan arguments, const Voice& voice, const std::string& source, long track) {
     if (silenced(track)) return;
     std::optional<PlayedNote> note = note_of(arguments);
     if (!note) return;
     note->ms = now();
+    note->duration_ms = exact_duration(note->duration_ms);
     note->voice = voice;
     note->source = source;
     note->track = track;

@@ -32,6 +32,7 @@ class NoteListener : public SessionListener {
     std::optional<PlayedNote> note_of(AtomSpan arguments) const;
     void play(AtomSpan arguments, const Voice& voice, const std::string& source, long track);
     bool silenced(long track) const;
+    double exact_duration(double told) const;
     void mute(AtomSpan atoms);
     long track_that_plays() const;
 

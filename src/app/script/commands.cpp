@@ -17,13 +17,18 @@ struct DriverCommands {
     void operator()(const Call& call) const {
         driver.session_.call(call);
     }
-    void operator()(MessageCall&& call) const { driver.session_.call(std::move(call)); }
+    void operator()(MessageCall&& call) const {
+        if (!driver.replaying_) driver.look_for_slips(call);
+        driver.session_.call(std::move(call));
+    }
     void operator()(const SizeCall& size) const { driver.resize({size.width, size.height}); }
     void operator()(const BufferCall& buffer) const {
         if (!driver.replaying_)  // ".sound" has told what came of it
             driver.session_.call(BufferCall{buffer.name, file_of(buffer.file)});
     }
-    void operator()(const OpenCall& open) const { driver.session_.call(OpenCall{file_of(open.file), open.as_copy}); }
+    void operator()(const OpenCall& open) const {
+        driver.session_.call(OpenCall{file_of(open.file), open.as_copy});
+    }
     void operator()(const ImportCall& import) const {
         driver.session_.call(ImportCall{file_of(import.file), import.pedal_as_curve});
     }

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "app/script/commands.h"
+#include "app/script/known_words.h"
 #include "app/script/line_times.h"
+#include "app/script/message_advice.h"
 #include "host/files.h"
 #include "view/draw.h"
 
@@ -37,6 +39,15 @@ std::optional<size_t> chosen_item(std::span<const PopupItem> items, const Choose
     return found == items.end() ? std::nullopt : std::optional(static_cast<size_t>(found - items.begin()));
 }
 
+/// What "help" asks about; none where the line asks nothing.
+std::optional<std::string> name_to_help_with(const std::string& line) {
+    constexpr std::string_view help = "help";
+    if (!line.starts_with(help)) return {};
+    const std::vector<MessageWord> words = message_words(line);
+    if (words.empty() || words[0].text != help || words[0].literal) return {};
+    return words.size() > 1 ? words[1].text : "";
+}
+
 }  // namespace
 
 Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(session) {}
@@ -60,10 +71,14 @@ void Driver::run(std::istream& lines, const std::string& name) {
 void Driver::run_line(const std::string& text, const ScriptPlace& place) {
     const std::string line = trimmed(text);
     if (line.empty() || line[0] == '#') return;
-    const ScriptPlace here = place;
+    const ScriptPlace here = place_ = place;
     quiet_.line_begins(here);
     try {
-        run_command(*this, in_ms(line));
+        const std::optional<std::string> name = name_to_help_with(line);
+        if (name && !replaying_)
+            for (const std::string& known : help_on(*name)) say(known);
+        else
+            run_command(*this, in_ms(line));
         if (fault_) throw ScriptFault{"", 0, *std::exchange(fault_, {})};
     } catch (ScriptFault& fault) {
         quiet_.line_ends();
@@ -71,6 +86,15 @@ void Driver::run_line(const std::string& text, const ScriptPlace& place) {
         throw;
     }
     quiet_.line_ends();
+}
+
+/// In a stretch without answers they are told among the mistakes.
+void Driver::look_for_slips(const MessageCall& message) {
+    for (const std::string& what : advice_on(session_.box(), message, false))
+        if (quiet_.on())
+            quiet_.note_mistake(place_, what);
+        else
+            advise(place_, what);
 }
 
 /// Journals tell times in ms, and words as the box got them.

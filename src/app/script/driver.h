@@ -52,6 +52,11 @@ class Driver : private PatchFiles {
     virtual void quit();
     /// The bytes that ".file read" names; none, and the reason in `fault`, when they are not there.
     virtual FileBytes kept_bytes(const std::string& name, std::string& fault);
+    /// A message was understood and yet does not what was meant.
+    virtual void advise(const ScriptPlace& place, const std::string& what) {
+        static_cast<void>(place);
+        static_cast<void>(what);
+    }
     /// Before each line; may throw a ScriptFault.
     virtual void line_begins(long /*number*/) {}
     /// After each line.
@@ -79,8 +84,10 @@ class Driver : private PatchFiles {
     /// tell of another access.
     std::optional<FileLine> take_outcome(FileLine::Kind good, FileLine::Kind bad);
     void note_fault(const std::string& what);
+    void look_for_slips(const MessageCall& message);
 
     Session& session_;
+    ScriptPlace place_;  ///< of the line that is being run
     RunningScripts scripts_;
     Quiet quiet_{session_};
     std::deque<AnswerLine> answers_;

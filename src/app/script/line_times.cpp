@@ -114,9 +114,11 @@ class LineInMs {
             ms = *count * ms_a_minute / beats_.tempo;
         return ms && *ms <= longest_time_ms ? ms : std::nullopt;
     }
+    /// Whole ms, unless the document has what is between them.
+    double kept(double ms) const { return beats_.meter.followstempo ? ms : std::round(ms); }
     std::optional<double> put(MessageWord& word, Time time) {
         const std::optional<double> ms = ms_of_word(word, time);
-        if (ms) write(word, time == Time::Exact ? *ms : std::round(*ms));
+        if (ms) write(word, time == Time::Exact ? *ms : kept(*ms));
         return ms;
     }
     void write(MessageWord& word, double ms) {
@@ -145,7 +147,7 @@ class LineInMs {
             }
         }
         // So that the next one, which starts where this one ends, follows without a gap.
-        if (start_ms && length_ms) write(*length, std::round(*start_ms + *length_ms) - std::round(*start_ms));
+        if (start_ms && length_ms) write(*length, kept(*start_ms + *length_ms) - kept(*start_ms));
     }
     /// The index of the tag that closes the one at `open`, or behind the last word.
     size_t end_of_tag(size_t open) const {

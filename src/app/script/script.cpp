@@ -3,7 +3,7 @@
 namespace tq {
 
 Script::Script(const ScriptOptions& options, std::ostream& out)
-    : Driver(own_session), printer_(own_session, out, options.times) {
+    : Driver(own_session), advise_(options.advise), printer_(own_session, out, options.times) {
     own_session.listen(*this);
     options.prepare(own_session);
     own_session.call(SizeCall{options.width, options.height});

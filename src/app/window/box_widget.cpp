@@ -109,6 +109,11 @@ void BoxWidget::mouse(MouseCall::Kind kind, const QMouseEvent& event) {
     timer_.act([this, call] { session_.call(call); });
 }
 
+void BoxWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton && menu_at(event->position().toPoint())) return;
+    mouse(MouseCall::Kind::Down, *event);
+}
+
 void BoxWidget::mouseMoveEvent(QMouseEvent* event) {
     const bool dragged = event->buttons() & (Qt::LeftButton | Qt::RightButton);
     mouse(dragged ? MouseCall::Kind::Drag : MouseCall::Kind::Move, *event);

@@ -20,11 +20,14 @@ class BoxWidget : public QWidget, private SessionListener {
     using QWidget::cursor;
     /// Called after every paint of the box.
     std::function<void()> painted = [] {};
+    /// Shows the menu of what is at a point, where there is one beside the box's own: then the press is no
+    /// press of the box.
+    std::function<bool(QPoint at)> menu_at = [](QPoint) { return false; };
 
  protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
-    void mousePressEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Down, *event); }
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override { mouse(MouseCall::Kind::Up, *event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -18,8 +18,8 @@
 #include <algorithm>
 
 #include "app/patch/kept_list.h"
+#include "app/script/known_words.h"
 #include "app/script/session_printer.h"
-#include "app/window/console_words.h"
 #include "app/window/shortcuts.h"
 #include "host/object.h"
 #include "shell/instance.h"

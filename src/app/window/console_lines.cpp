@@ -3,10 +3,10 @@
 #include <QFileDialog>
 #include <algorithm>
 
+#include "app/script/known_words.h"
+#include "app/script/message_advice.h"
 #include "app/window/console.h"
-#include "app/window/console_words.h"
 #include "app/window/main_window.h"
-#include "app/window/message_advice.h"
 
 namespace tq {
 

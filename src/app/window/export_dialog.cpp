@@ -1,5 +1,6 @@
 #include "app/window/export_dialog.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QProgressDialog>
@@ -27,11 +28,12 @@ QString suffix_of(const QString& filter, const QString& otherwise) {
 
 constexpr const char* folder_key = "folder";
 
-/// Where a file was written last, else where the user's documents are.
+/// Where a file was written last, else where the user's documents are, if anywhere.
 QString usual_folder() {
     const QString last = window_state()->value(folder_key).toString();
-    return QFileInfo(last).isDir() ? last
-                                   : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {last, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
+        if (QFileInfo(folder).isDir()) return folder;
+    return QDir::homePath();
 }
 
 }  // namespace
@@ -52,12 +54,13 @@ QString choose_file_to_write(QWidget& window, const FileQuestion& question, cons
     return chosen;
 }
 
-std::string export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
-                                 const std::string& path) {
+ExportEnd export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
+                               const std::string& path) {
     if (kind.picture) {
         OffscreenPainter painter;
         painter.ratio = window.devicePixelRatioF();
-        return painter.paint_to_png(session.box(), path).value_or("");
+        const std::optional<std::string> fault = painter.paint_to_png(session.box(), path);
+        return {.written = !fault, .fault = fault.value_or("")};
     }
     QProgressDialog dialog("Writing " + QFileInfo(QString::fromStdString(path)).fileName() + " …", "Cancel",
                            0, full, &window);
@@ -69,7 +72,7 @@ std::string export_with_progress(QWidget& window, Session& session, const Export
         return !dialog.wasCanceled();
     });
     dialog.setValue(full);
-    return end.fault;
+    return end;
 }
 
 }  // namespace tq

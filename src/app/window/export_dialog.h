@@ -5,11 +5,11 @@
 #include <functional>
 #include <string>
 
+#include "app/patch/export.h"
+
 class QWidget;
 
 namespace tq {
-
-class Session;
 
 struct FileQuestion {
     const char* title;
@@ -27,9 +27,8 @@ inline constexpr ExportKind sound_export{{"Export Sound", "WAV (*.wav);;FLAC (*.
 inline constexpr ExportKind midi_export{{"Export MIDI File", "Standard MIDI Files (*.mid *.midi)", "mid"}};
 inline constexpr ExportKind picture_export{{"Export Picture", "PNG (*.png)", "png"}, true};
 
-/// Writes it; a dialog shows how far that is, and can stop it. Why that failed; empty when it did not, or was
-/// stopped.
-std::string export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
-                                 const std::string& path);
+/// Writes it; a dialog shows how far that is, and can stop it.
+ExportEnd export_with_progress(QWidget& window, Session& session, const ExportKind& kind,
+                               const std::string& path);
 
 }  // namespace tq

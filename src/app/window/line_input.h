@@ -22,6 +22,7 @@ class LineInput : public WindowLines {
     void say(const std::string& line) override { printer_.say(line); }
     void tell_fault(const ScriptFault& fault, bool in_script) override;
     void tell_complaint(const ScriptPlace& place, const std::string& what) override;
+    void advise(const ScriptPlace& place, const std::string& what) override { tell_complaint(place, what); }
     void finished() override;
     void read_input();
 

@@ -1,7 +1,9 @@
 #include "app/window/main_window.h"
 
 #include <QDragEnterEvent>
+#include <QInputDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -19,11 +21,15 @@
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
+#include "app/window/track_levels.h"
 #include "app/window/transport_bar.h"
 #include "app/window/window_menus.h"
 #include "app/window/window_state.h"
 #include "instance/change.h"
+#include "instance/geometry.h"
+#include "model/bars.h"
 #include "model/tracks.h"
+#include "view/trackdisplay.h"
 
 namespace tq {
 
@@ -46,8 +52,9 @@ void bring_to_front(QWidget& window) {
 /// A shortcut does what the item of a menu would, where that can be chosen. Undo and redo first end what is
 /// under way, which they may then be about, and saving asks for a name.
 bool can_run(Command command, const Prseq& box) {
-    const bool looks_for_itself =
-        command == Command::Undo || command == Command::Redo || command == Command::Save;
+    const bool looks_for_itself = command == Command::Undo || command == Command::Redo ||
+                                  command == Command::Save ||
+                                  command == Command::ZoomOutAll;  // also where only the timeline has grown
     return looks_for_itself || command_row(command).enabled(box);
 }
 
@@ -112,6 +119,7 @@ void MainWindow::build() {
 }
 
 void MainWindow::connect_parts() {
+    box_->menu_at = [this](QPoint at) { return show_track_menu(at); };
     box_->painted = [this] { refresh(); };
     console_->entered = [this](const std::vector<std::string>& lines) { console_lines_->run(lines); };
     bar_->play_or_stop = [this] { run(Command::PlayOrStop); };
@@ -161,6 +169,28 @@ void MainWindow::make_menus() {
     layout()->setMenuBar(menus);
 }
 
+/// Of the track below the pointer, which becomes the active one, or of the list.
+bool MainWindow::show_track_menu(QPoint at) {
+    const Prseq& box = session_.box();
+    const Rect& list = box.layout[Part::TrackDisplay];
+    if (!TQRectContainsPoint(list, at.x(), at.y())) return false;
+    const long track = TQ_Prseq_Trackdisplay_WhatTrack(box, at.x() - list.x, at.y() - list.y);
+    if (track >= 0 && track != box.activetrack) send("track_active " + std::to_string(track));
+    findChild<QMenu*>("Track")->popup(box_->mapToGlobal(at));
+    return true;
+}
+
+void MainWindow::rename_track() {
+    const Prseq& box = session_.box();
+    const Track* track = track_at(box, box.activetrack);
+    if (!track) return;
+    bool agreed = false;
+    const QString name = QInputDialog::getText(this, "Rename Track", "Name:", QLineEdit::Normal,
+                                               QString::fromStdString(track->name), &agreed);
+    if (agreed && !name.isEmpty())
+        call(MessageCall{gensym("track_name"), {track->index, gensym(name.toStdString())}, {}});
+}
+
 bool MainWindow::enabled(const Shortcut::What& what) const {
     const Prseq& box = session_.box();
     if (const Command* command = std::get_if<Command>(&what)) return can_run(*command, box);
@@ -187,7 +217,7 @@ bool MainWindow::checked(const Shortcut::What& what) const {
 
 void MainWindow::listen_to_loudspeaker() {
     if (!loudspeaker_.output) {
-        bar_->show_status(QString::fromStdString("no audio device: " + loudspeaker_.reason));
+        bar_->show_status(QString::fromStdString("no sound: " + loudspeaker_.reason));
         return;
     }
     notes_.add(*loudspeaker_.output);
@@ -234,6 +264,10 @@ void MainWindow::run(WindowAction action) {
             return files_.choose_unsaved_work();
         case WindowAction::History:
             return show_history();
+        case WindowAction::RenameTrack:
+            return rename_track();
+        case WindowAction::Levels:
+            return show_levels();
         case WindowAction::Events:
             return show_events();
         case WindowAction::FullScreen:
@@ -312,6 +346,13 @@ void MainWindow::show_history() {
     bring_to_front(*history_);
 }
 
+void MainWindow::show_levels() {
+    if (!levels_)
+        levels_ =
+            new TrackLevels(*this, session_.box(), [this](const std::string& message) { send(message); });
+    bring_to_front(*levels_);
+}
+
 void MainWindow::show_events() {
     if (!events_)
         events_ = new EventTable(*this, session_.box(),
@@ -323,7 +364,10 @@ void MainWindow::show_events() {
 void MainWindow::tell(const std::string& text) {
     object_post(session_.box(), text);
     show_console(true);
+    box_->setFocus();  // who works there goes on
 }
+
+void MainWindow::say(const std::string& text) { bar_->show_status(QString::fromStdString(text)); }
 
 void MainWindow::refresh() {
     files_.refresh();
@@ -333,10 +377,11 @@ void MainWindow::refresh() {
                       .position = box.linecursor.position,
                       .tempo = itm_gettempo(*box.transport),
                       .snap = box.snaptime,
-                      .division = box.snap_division,
+                      .division = {box.snap_division, first_beat(box.meter)},
                       .solo = solo_tracks(box)});
     if (metronome_) metronome_->follow();
     if (history_) history_->follow();
+    if (levels_) levels_->follow();
     if (hint_) hint_->follow();
     if (events_) events_->follow();
     setWindowTitle(files_.document_name() + "[*] – sorvo");

@@ -26,6 +26,7 @@ class ConsoleLines;
 class EmptyHint;
 class EventTable;
 class HistoryList;
+class TrackLevels;
 class TransportBar;
 
 class MainWindow : public QWidget {
@@ -42,6 +43,8 @@ class MainWindow : public QWidget {
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     void show_console(bool open);
+    /// Says in the bar what has been done.
+    void say(const std::string& text);
     /// Sends the box a message in message text.
     void send(const std::string& message);
     /// Does what a menu or a key wants, if it can be done now.
@@ -64,6 +67,8 @@ class MainWindow : public QWidget {
     void connect_parts();
     void listen_to_loudspeaker();
     void make_menus();
+    bool show_track_menu(QPoint at);
+    void rename_track();
     void make_keys();
     void save_looks();
     bool enabled(const Shortcut::What& what) const;
@@ -74,6 +79,7 @@ class MainWindow : public QWidget {
     void run(WindowAction action);
     void show_settings();
     void show_history();
+    void show_levels();
     void show_events();
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
@@ -96,6 +102,7 @@ class MainWindow : public QWidget {
     int console_height_ = 160;        ///< the next time that it opens
     HistoryList* history_ = nullptr;  ///< likewise
     EventTable* events_ = nullptr;    ///< likewise
+    TrackLevels* levels_ = nullptr;   ///< likewise
 };
 
 }  // namespace tq

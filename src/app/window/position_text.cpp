@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/patch/bar_beats.h"
+#include "model/bars.h"
 
 namespace tq {
 
@@ -39,11 +40,14 @@ std::optional<double> minutes_value(const QString& text, const Meter&) {
     return seconds * 1000;
 }
 
+/// To the nearest thousandth of a beat, so that a beat never shows as the end of the one before.
 QString bars_text(double ms, const Meter& meter) {
-    constexpr double rounding = 1e-6;  // so that a beat's beginning never shows as the end of the one before
-    const std::optional<BarBeat> place = bar_beat_at(meter, ms + rounding);
+    constexpr double parts = 1000;
+    const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(meter, ms);
+    const double part = bar ? (bar->end - bar->start) / static_cast<double>(bar->beats) / parts : 0;
+    const std::optional<BarBeat> place = bar_beat_at(meter, ms + part / 2);
     if (!place) return "-";
-    const auto thousandths = static_cast<qint64>(std::floor(place->beat * 1000));
+    const auto thousandths = static_cast<qint64>(std::floor(place->beat * parts));
     return QString("%1.%2.%3")
         .arg(place->bar)
         .arg(thousandths / 1000)

@@ -44,6 +44,7 @@ constexpr struct {
     {Qt::CTRL | Qt::Key_Comma, WindowAction::Settings},
     {Qt::CTRL | Qt::Key_H, WindowAction::History},
     {Qt::CTRL | Qt::SHIFT | Qt::Key_E, WindowAction::Events},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_L, WindowAction::Levels},
     {Qt::Key_F11, WindowAction::FullScreen},
     {Qt::Key_F1, WindowAction::Keys},
 
@@ -87,7 +88,10 @@ constexpr struct {
     {Qt::CTRL | Qt::Key_Minus, Command::ZoomOut, Canvas, repeats},
     {Qt::CTRL | Qt::Key_0, Command::ZoomOutAll, Canvas},
     {Qt::CTRL | Qt::Key_E, Command::ZoomToSelection, Canvas},
+    {Qt::Key_F, Command::ZoomToSong, Canvas},
     {Qt::CTRL | Qt::Key_L, Command::LoopSelection, Canvas},
+    {Qt::CTRL | Qt::Key_R, Command::RepeatLoop, Canvas},
+    {Qt::Key_F2, WindowAction::RenameTrack, Canvas},
     {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
 
@@ -106,6 +110,8 @@ constexpr struct {
     {"console", "Console"},
     {"settings", "Settings"},
     {"history", "History"},
+    {"rename_track", "Rename..."},
+    {"levels", "Volume and Pan..."},
     {"events", "Events"},
     {"full_screen", "Full Screen"},
     {"keys", "Keys and Mouse"},

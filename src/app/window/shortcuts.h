@@ -29,6 +29,8 @@ enum class WindowAction {
     Console,
     Settings,
     History,
+    RenameTrack,
+    Levels,
     Events,
     FullScreen,
     Keys,

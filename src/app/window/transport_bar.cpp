@@ -14,7 +14,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/window/division_menu.h"
 #include "app/window/level_meter.h"
 #include "app/window/position_field.h"
 #include "app/window/recent_menu.h"
@@ -86,7 +85,7 @@ void TransportBar::make_tempo() {
     tempo_->setKeyboardTracking(false);
     tempo_->setToolTip(
         "Tempo of the bars, the metronome and MIDI files.\n"
-        "The events' times are in ms, and stay where they are.");
+        "Events keep their places in the bars, as long as Grid > Events Follow the Tempo is on.");
     tempo_->installEventFilter(this);
     tempo_->findChild<QLineEdit*>()->installEventFilter(this);
     connect(tempo_, &QDoubleSpinBox::valueChanged, this, [this](double bpm) { tempo(bpm); });
@@ -219,7 +218,7 @@ void TransportBar::show_state(const TransportState& state) {
     position_->show_position(state.position);
     snap_->setChecked(state.snap);
     division_ = state.division;
-    snap_->setText("Snap " + division_text(division_));
+    snap_->setText("Snap " + division_text(division_.division, division_.beat));
     solo_->setVisible(!state.solo.isEmpty());
     solo_->setText("Solo: " + state.solo);
     tempo_shown_ = state.tempo;

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "app/window/division_menu.h"
 #include "app/window/tap_tempo.h"
 #include "instance/meter.h"
 
@@ -28,8 +29,8 @@ struct TransportState {
     double position = 0;  ///< ms
     double tempo = 120;   ///< beats a minute
     bool snap = false;
-    long division = 0;  ///< parts of a beat that time snaps to
-    QString solo;       ///< which tracks alone sound; empty: all
+    Divided division = {};
+    QString solo;  ///< which tracks alone sound; empty: all
 };
 
 class TransportBar : public QWidget {
@@ -85,7 +86,7 @@ class TransportBar : public QWidget {
 
     PositionField* position_;
     QToolButton *play_, *metronome_, *loop_, *snap_, *solo_, *console_;
-    long division_ = 0;
+    Divided division_;
     QLabel* status_;
     QMenu* recent_;
     QDoubleSpinBox* tempo_;

@@ -137,8 +137,10 @@ void WindowFiles::export_as(const ExportKind& kind) {
     const QString path = choose_file_to_write(window_, kind.question,
                                               QFileInfo(document_name()).completeBaseName().toStdString());
     if (path.isEmpty()) return;
-    const std::string fault = export_with_progress(window_, session_, kind, path.toStdString());
-    if (!fault.empty()) window_.tell("could not write \"" + path.toStdString() + "\": " + fault);
+    const ExportEnd end = export_with_progress(window_, session_, kind, path.toStdString());
+    if (end.written) return window_.say("Wrote " + path.toStdString());
+    window_.say("");
+    if (!end.fault.empty()) window_.tell("could not write \"" + path.toStdString() + "\": " + end.fault);
 }
 
 void WindowFiles::bring_previous_back() {

@@ -11,6 +11,7 @@
 #include "app/window/sound_menu.h"
 #include "app/window/surroundings.h"
 #include "instance/prseq.h"
+#include "model/bars.h"
 #include "model/tracks.h"
 
 namespace tq {
@@ -83,22 +84,40 @@ const std::vector<MenuRow>& menus() {
           Command::Softer, Separator, Command::InvertSelection}},
         {"&Track",
          {Command::NewTrack, Command::DeleteTrack, Command::PreviousTrack, Command::NextTrack, Separator,
-          Sounds, Command::MuteTrack, Command::SoloTrack, Separator, Command::TrackInspector, Tracks}},
+          WindowAction::RenameTrack, Sounds, WindowAction::Levels, Command::MuteTrack, Command::SoloTrack,
+          Separator, Command::TrackInspector, Tracks}},
         {"&Curves",
          {Command::EditBpfs, Separator, Command::DisplayAllBpfs, Separator, Command::BpfTimeAbsolute,
           Command::BpfTimeRelative, CurveTypes}},
         {"&Grid",
          {Command::TimeSnap, Divisions, Command::PitchSnap, Separator, Command::Milliseconds,
-          Command::MinutesSeconds, Command::BarsBeats, Separator, Command::BarsFollowTempo}},
+          Command::MinutesSeconds, Command::BarsBeats, Separator, Command::BarsFollowTempo,
+          Command::EventsFollowTempo}},
         {"&View",
-         {Command::TrackDisplay, Command::KeyDisplay, Command::ParameterDisplay, Command::NoteLanes,
-          Separator, Command::ShowLabels, Command::ShowMessages, Command::ShowBpfs, Command::ShowBuffers,
-          Separator, Command::ZoomIn, Command::ZoomOut, Command::ZoomToSelection, Command::ZoomOutAll,
-          Separator, WindowAction::Console, WindowAction::Settings, Special::Surroundings,
+         {Command::TrackDisplay,
+          Command::KeyDisplay,
+          Command::ParameterDisplay,
+          Command::NoteLanes,
+          Separator,
+          Command::ShowLabels,
+          Command::ShowMessages,
+          Command::ShowBpfs,
+          Command::ShowBuffers,
+          Separator,
+          Command::ZoomIn,
+          Command::ZoomOut,
+          Command::ZoomToSelection,
+          Command::ZoomToSong,
+          Command::ZoomOutAll,
+          Separator,
+          WindowAction::Console,
+          WindowAction::Settings,
+          Special::Surroundings,
           WindowAction::FullScreen}},
         {"&Play",
          {Command::PlayOrStop, Command::GoToStart, Command::GoToEnd, Separator, Command::Cycle,
-          Command::LoopSelection, Command::FollowLineCursor}},
+          Command::LoopSelection, Command::FollowLineCursor, Separator, Command::RepeatLoop,
+          Command::SwapLoop, Command::InsertLoop, Command::DeleteLoop}},
         {"&Help", {WindowAction::Keys}},
     };
     return rows;
@@ -196,7 +215,10 @@ class MenuFiller {
         }
     }
 
-    void add_divisions() { fill_division_menu(*menu_.addMenu("Snap to"), box_.snap_division, acts_->send); }
+    void add_divisions() {
+        fill_division_menu(*menu_.addMenu("Snap to"), {box_.snap_division, first_beat(box_.meter)},
+                           acts_->send);
+    }
 
     QMenu& menu_;
     const MenuRow& row_;
@@ -210,6 +232,7 @@ void make_window_menus(QMenuBar& bar, const Prseq& box, WindowMenuActs acts) {
     const auto shared = std::make_shared<WindowMenuActs>(std::move(acts));
     for (const MenuRow& row : menus()) {
         QMenu* menu = bar.addMenu(row.title);
+        menu->setObjectName(QString(row.title).remove('&'));
         MenuFiller filler(*menu, row, box, shared);
         filler.fill();  // some desktops ask for what is in a menu before they show it
         QObject::connect(menu, &QMenu::aboutToShow, menu, [filler]() mutable { filler.fill(); });

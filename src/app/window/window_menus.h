@@ -21,7 +21,7 @@ struct WindowMenuActs {
 };
 
 /// Fills the bar. Each menu is made ready when it is about to be shown; the words of commands are those that
-/// they have then.
+/// they have then. Each menu's object name is its title.
 void make_window_menus(QMenuBar& bar, const Prseq& box, WindowMenuActs acts);
 
 }  // namespace tq

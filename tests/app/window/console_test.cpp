@@ -8,9 +8,9 @@
 #include <QRegularExpression>
 #include <QToolButton>
 
+#include "app/script/known_words.h"
+#include "app/script/message_advice.h"
 #include "app/script_fixture.h"
-#include "app/window/console_words.h"
-#include "app/window/message_advice.h"
 #include "app/window/window_fixture.h"
 #include "shell/instance.h"
 #include "shell/message_help.h"
@@ -72,17 +72,16 @@ TEST_F(ConsoleTest, DriverLinesAreDoneAndFaultsAreSaid) {
 TEST_F(ConsoleTest, QuietLinesAreCountedAndTheirMistakesTold) {
     QString lines = ".quiet on\n\ntrack_add A\n";
     for (int i = 0; i < 500; ++i) lines += "event start " + QString::number(i) + "b <note> 60 90 </note>\n";
-    paste(lines + "event_delete 1 777 2\nevnt\n.tempoo 9\n.replay\nhelp\n.quiet off\n.show cursor");
+    paste(lines + "event_delete 1 777 2\nevnt\n.tempoo 9\n.replay\n.quiet off\n.show cursor");
     ASSERT_TRUE(QTest::qWaitFor([&] { return console_text().endsWith("\ncursor -1"); }));
     static const QRegularExpression steps("steps \\d+");  // as many bursts as it takes
     EXPECT_EQ(console_text().section("\n> .show", 0, 0).replace(steps, "steps N").toStdString(),
               "> .quiet on\n"
-              "quiet lines 505 events 498 steps N mistakes 5\n"
+              "quiet lines 504 events 498 steps N mistakes 4\n"
               "quiet console:504: event_delete: no event with id 777\n"
               "quiet console:505: doesn't understand \"evnt\"\n"
               "quiet console:506: no such line: .tempoo\n"
-              "quiet console:507: only journals have the line .replay\n"
-              "quiet console:508: doesn't understand \"help\"");
+              "quiet console:507: only journals have the line .replay");
     EXPECT_EQ(answer("event_delete 3 777"), "error tq.sorvo: event_delete: no event with id 777");
     EXPECT_EQ(box.tracks[0]->events.size(), 497u);
 }

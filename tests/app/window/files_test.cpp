@@ -76,9 +76,9 @@ TEST_F(WindowFiles, MenusShowAndDoWhatCommandsDo) {
     EXPECT_EQ(box.tracks[0]->destination, Symbol());
     choose({"Edit", "Undo Change Track Destination"});
     EXPECT_EQ(box.tracks[0]->destination.text(), "mine");
-    choose({"Grid", "Snap to", "Thirds (Triplets)"});
+    choose({"Grid", "Snap to", "1/8 T (3 to a beat)"});
     EXPECT_EQ(box.snap_division, 3);
-    EXPECT_TRUE(item({"Grid", "Snap to", "Thirds (Triplets)"})->isChecked());
+    EXPECT_TRUE(item({"Grid", "Snap to", "1/8 T (3 to a beat)"})->isChecked());
     session.send("track_add Second");
     choose({"Track", "Track 1"});
     EXPECT_EQ(box.activetrack, 0);

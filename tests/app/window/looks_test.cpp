@@ -79,7 +79,7 @@ TEST_F(WindowTest, SoloAndSnapShowInTheBar) {
     EXPECT_TRUE(box.snaptime);
     session.send("snap_division 3");
     window.refresh();
-    EXPECT_EQ(snap.text(), "Snap 1/3");
+    EXPECT_EQ(snap.text(), "Snap 1/8 T");
 }
 
 }  // namespace

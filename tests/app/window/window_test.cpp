@@ -101,7 +101,7 @@ TEST_F(WindowTest, TheBarShowsAndSetsWhatTheBoxDoes) {
     QStringList texts;
     for (QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
     EXPECT_EQ(part<QLineEdit>("position").text(), "01:01.234");
-    EXPECT_FALSE(texts.filter("no audio device").isEmpty());
+    EXPECT_FALSE(texts.filter("no sound: ").isEmpty());
 }
 
 TEST_F(WindowTest, AFileThatCannotBeOpenedIsSaidOnTheConsole) {

@@ -1,4 +1,4 @@
-// The words that the console knows: names, what they take, and what is like them.
+// The words that lines can say: names, what they take, and what is like them.
 #pragma once
 
 #include <span>
@@ -27,8 +27,8 @@ Names completions(std::string_view line);
 /// What all of them begin with.
 std::string common_beginning(const Names& names);
 
-/// What is known of a message, an attribute, a driver line or a command, as lines of text; without a name,
-/// all names.
+/// What is known of a message, an attribute, a driver line or a command, as lines of text; of a word that is
+/// none of these, all that it stands in; without a name, all names.
 Names help_on(std::string_view name);
 
 }  // namespace tq

@@ -1,4 +1,4 @@
-#include "app/window/message_advice.h"
+#include "app/script/message_advice.h"
 
 #include <fmt/format.h>
 
@@ -18,6 +18,8 @@ void on_event(const Prseq&, AtomSpan atoms, Advice& advice) {
     if (const std::string& tag = keywords.unclosed.text(); !tag.empty())
         advice.push_back(fmt::format("\"{}\" has no \"</{}\": all that follows was taken for its own", tag,
                                      tag.substr(1)));
+    if (!keywords.id && keywords.note.atoms.size() == 1)
+        advice.push_back("a note without velocity is silent: \"<note> PITCH VELOCITY </note>\"");
     if (!keywords.passed_over.empty()) advice.push_back("passed over: " + atom_gettext(keywords.passed_over));
 }
 

@@ -1,14 +1,15 @@
-#include "app/window/console_words.h"
+#include "app/script/known_words.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <numeric>
 
 #include "app/patch/session.h"
-#include "app/window/line_usage.h"
+#include "app/script/line_usage.h"
 #include "instance/prseq.h"
 #include "interaction/commands.h"
 #include "interaction/mouse_modes.h"
@@ -126,22 +127,57 @@ void add_command(Names& lines, std::string_view name) {
     lines.push_back(fmt::format(".command {}: {}", name, row->text(blank.box())));
 }
 
+Names names_of_methods() {
+    Names names;
+    for (const Method& method : prseq_class().methods()) names.push_back(method.name.text());
+    return names;
+}
+
+Names names_of_attributes() {
+    Names names;
+    for (const Attribute& attribute : prseq_class().attributes()) names.push_back(attribute.name.text());
+    return names;
+}
+
 Names overview() {
-    return {fmt::format("messages and attributes: {}", fmt::join(message_names(), " ")),
+    return {fmt::format("messages: {}", fmt::join(names_of_methods(), " ")),
+            fmt::format("attributes (NAME VALUE sets one, getNAME asks): {}",
+                        fmt::join(names_of_attributes(), " ")),
             fmt::format("lines of the driver: {}", fmt::join(driver_line_names(), " ")),
             fmt::format("commands, for \".command\": {}", fmt::join(command_names(), " ")),
-            "\"help NAME\" tells what one of them takes"};
+            "\"help NAME\" tells what one of them takes, \"help WORD\" which of them are about something"};
+}
+
+std::string lower(std::string_view text) {
+    std::string small(text);
+    std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });
+    return small;
+}
+
+void add_all_about(Names& lines, std::string_view name) {
+    for (const auto add : {add_message, add_attribute, add_line, add_command}) add(lines, name);
+}
+
+/// All whose help has the word in it.
+Names about(std::string_view word) {
+    Names all, found;
+    for (const Names& names :
+         {names_of_methods(), names_of_attributes(), driver_line_names(), command_names()})
+        for (const std::string& name : names) add_all_about(all, name);
+    for (const std::string& line : all) {
+        const bool fits = line.front() != ' ' && lower(line).find(lower(word)) != std::string::npos;
+        if (fits && std::ranges::find(found, line) == found.end()) found.push_back(line);
+    }
+    return found;
 }
 
 }  // namespace
 
 Names message_names() {
-    Names names;
-    const Class& c = prseq_class();
-    for (const Method& method : c.methods()) names.push_back(method.name.text());
-    for (const Attribute& attribute : c.attributes()) {
-        names.push_back(attribute.name.text());
-        names.push_back("get" + attribute.name.text());
+    Names names = names_of_methods();
+    for (const std::string& attribute : names_of_attributes()) {
+        names.push_back(attribute);
+        names.push_back("get" + attribute);
     }
     return names;
 }
@@ -205,8 +241,10 @@ std::string common_beginning(const Names& names) {
 
 Names help_on(std::string_view name) {
     if (name.empty()) return overview();
+    constexpr size_t shortest = 3;  // letters of a word that is looked for
     Names lines;
-    for (const auto add : {add_message, add_attribute, add_line, add_command}) add(lines, name);
+    add_all_about(lines, name);
+    if (lines.empty() && name.size() >= shortest) lines = about(name);
     if (!lines.empty()) return lines;
     lines.push_back(fmt::format("nothing is called \"{}\"", name));
     if (const std::string meant = nearest_name(all_names(), name); !meant.empty())
