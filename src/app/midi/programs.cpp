@@ -1,6 +1,7 @@
 #include "app/midi/programs.h"
 
 #include <array>
+#include <iterator>
 
 namespace tq {
 
@@ -138,8 +139,64 @@ constexpr std::array<std::string_view, 128> names = {
 };
 static_assert(!names.back().empty());
 
+constexpr int first_drum = 35;
+constexpr std::string_view drums[] = {
+    "Acoustic Bass Drum",
+    "Bass Drum 1",
+    "Side Stick",
+    "Acoustic Snare",
+    "Hand Clap",
+    "Electric Snare",
+    "Low Floor Tom",
+    "Closed Hi-Hat",
+    "High Floor Tom",
+    "Pedal Hi-Hat",
+    "Low Tom",
+    "Open Hi-Hat",
+    "Low-Mid Tom",
+    "Hi-Mid Tom",
+    "Crash Cymbal 1",
+    "High Tom",
+    "Ride Cymbal 1",
+    "Chinese Cymbal",
+    "Ride Bell",
+    "Tambourine",
+    "Splash Cymbal",
+    "Cowbell",
+    "Crash Cymbal 2",
+    "Vibraslap",
+    "Ride Cymbal 2",
+    "Hi Bongo",
+    "Low Bongo",
+    "Mute Hi Conga",
+    "Open Hi Conga",
+    "Low Conga",
+    "High Timbale",
+    "Low Timbale",
+    "High Agogo",
+    "Low Agogo",
+    "Cabasa",
+    "Maracas",
+    "Short Whistle",
+    "Long Whistle",
+    "Short Guiro",
+    "Long Guiro",
+    "Claves",
+    "Hi Wood Block",
+    "Low Wood Block",
+    "Mute Cuica",
+    "Open Cuica",
+    "Mute Triangle",
+    "Open Triangle",
+};
+
 }  // namespace
 
 std::string_view midi_program_name(int program) { return names.at(static_cast<std::size_t>(program)); }
+
+std::string_view midi_drum_name(long key) {
+    const long index = key - first_drum;
+    return index >= 0 && index < std::ssize(drums) ? drums[index] : std::string_view();
+}
 
 }  // namespace tq

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
@@ -81,6 +82,13 @@ void BoxWidget::bring_up_to_date() {
     painted();
 }
 
+bool BoxWidget::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), tip_at(help->pos()), this);  // an empty one hides it
+    return true;
+}
+
 void BoxWidget::paintEvent(QPaintEvent* event) {
     const bool other_screen = picture_.surface() && picture_.surface()->ratio() != devicePixelRatioF();
     if (other_screen) show_cursor();
@@ -117,6 +125,7 @@ void BoxWidget::mousePressEvent(QMouseEvent* event) {
 void BoxWidget::mouseMoveEvent(QMouseEvent* event) {
     const bool dragged = event->buttons() & (Qt::LeftButton | Qt::RightButton);
     mouse(dragged ? MouseCall::Kind::Drag : MouseCall::Kind::Move, *event);
+    pointed(event->position().toPoint());
 }
 
 /// Where it is without having moved there.
@@ -137,6 +146,7 @@ void BoxWidget::leaveEvent(QEvent*) {
     const QPoint at = mapFromGlobal(QCursor::pos());
     const MouseCall call{.kind = MouseCall::Kind::Leave, .x = double(at.x()), .y = double(at.y())};
     timer_.act([this, call] { session_.call(call); });
+    pointed({});
 }
 
 /// The second press of a double click is a press too.

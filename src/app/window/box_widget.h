@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "app/patch/session.h"
 #include "app/window/session_timer.h"
@@ -23,8 +24,13 @@ class BoxWidget : public QWidget, private SessionListener {
     /// Shows the menu of what is at a point, where there is one beside the box's own: then the press is no
     /// press of the box.
     std::function<bool(QPoint at)> menu_at = [](QPoint) { return false; };
+    /// What helps at a point; empty: nothing.
+    std::function<QString(QPoint at)> tip_at = [](QPoint) { return QString(); };
+    /// The pointer is there, or nowhere any more.
+    std::function<void(std::optional<QPoint> at)> pointed = [](auto) {};
 
  protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent* event) override;

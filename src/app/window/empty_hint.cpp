@@ -9,16 +9,9 @@ namespace tq {
 
 namespace {
 
-/// The key that does this, or nothing.
-QString key_of(const Shortcut::What& what) {
-    for (const Shortcut& row : shortcuts())
-        if (row.what == what) return row.sequence.toString(QKeySequence::NativeText);
-    return {};
-}
-
 QString what_to_do() {
     const auto row = [](const Shortcut::What& what, const QString& does) {
-        const QString key = key_of(what);
+        const QString key = key_text(what);
         return key.isEmpty()
                    ? QString()
                    : "<tr><td align='right'><b>" + key + "</b>&nbsp;</td><td>" + does + "</td></tr>";

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/window/note_names.h"
 #include "app/window/position_text.h"
 #include "instance/prseq.h"
 #include "instance/symbols.h"
@@ -14,17 +15,6 @@ using Edited = std::optional<Atoms>;
 
 QString text_of(double value) { return QString::number(value, 'g', 12); }
 QString text_of(const std::string& text) { return QString::fromStdString(text); }
-
-QString note_name(double pitch) {
-    static constexpr const char* names[] = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
-    constexpr long keys = 12, lowest_octave = -2;  // as the key display counts
-    const long key = std::lround(std::floor(pitch));
-    const long in_octave = ((key % keys) + keys) % keys;
-    const long octave = (key - in_octave) / keys + lowest_octave;
-    const QString name = QString("%1%2").arg(names[in_octave]).arg(octave);
-    const long cents = std::lround((pitch - static_cast<double>(key)) * 100);
-    return cents ? name + QString(" +%1").arg(cents) : name;
-}
 
 /// Whole numbers are exact as ints.
 Atom atom_of(double value) {
@@ -83,7 +73,7 @@ constexpr EventColumn columns[] = {
      [](const Event& e) { return e.duration; }, nullptr, set_duration},
     {"Pitch", 60, Qt::AlignRight, [](const Prseq&, const Event& e) { return text_of(e.pitch); },
      [](const Event& e) { return e.pitch; }, nullptr, set_pitch},
-    {"Note", 70, Qt::AlignRight, [](const Prseq&, const Event& e) { return note_name(e.pitch); },
+    {"Note", 70, Qt::AlignRight, [](const Prseq&, const Event& e) { return note_name(e.pitch, e.track); },
      [](const Event& e) { return e.pitch; }, nullptr, nullptr},
     {"Velocity", 70, Qt::AlignRight, [](const Prseq&, const Event& e) { return text_of(e.velocity); },
      [](const Event& e) { return e.velocity; }, nullptr, set_velocity},

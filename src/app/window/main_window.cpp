@@ -21,6 +21,7 @@
 #include "app/window/export_dialog.h"
 #include "app/window/history_list.h"
 #include "app/window/keys_page.h"
+#include "app/window/pointer_text.h"
 #include "app/window/track_levels.h"
 #include "app/window/transport_bar.h"
 #include "app/window/window_menus.h"
@@ -120,6 +121,10 @@ void MainWindow::build() {
 
 void MainWindow::connect_parts() {
     box_->menu_at = [this](QPoint at) { return show_track_menu(at); };
+    box_->tip_at = [this](QPoint at) { return tip_at(session_.box(), at); };
+    box_->pointed = [this](std::optional<QPoint> at) {
+        bar_->show_pointer(at ? pointer_text(session_.box(), *at) : QString());
+    };
     box_->painted = [this] { refresh(); };
     console_->entered = [this](const std::vector<std::string>& lines) { console_lines_->run(lines); };
     bar_->play_or_stop = [this] { run(Command::PlayOrStop); };

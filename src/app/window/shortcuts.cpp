@@ -161,6 +161,12 @@ constexpr Shortcut::What wanted_in_dialogs[] = {Command::Undo, Command::Redo, Co
 
 const char* text_of(WindowAction action) { return action_rows[static_cast<size_t>(action)].text; }
 
+QString key_text(const Shortcut::What& what) {
+    for (const Shortcut& row : shortcuts())
+        if (row.what == what) return row.sequence.toString(QKeySequence::NativeText);
+    return {};
+}
+
 const char* name_of(const Shortcut::What& what) {
     if (const auto* command = std::get_if<Command>(&what)) return command_row(*command).name;
     return action_rows[static_cast<size_t>(std::get<WindowAction>(what))].name;

@@ -52,6 +52,8 @@ struct Shortcut {
     ShortcutScope scope = ShortcutScope::Window;
     bool repeats = false;  ///< while the key is held
 };
+/// The first key that does this, as menus show it; empty: none does.
+QString key_text(const Shortcut::What& what);
 /// In scripts and among the user's keys.
 const char* name_of(const Shortcut::What& what);
 /// Null: nothing has that name.

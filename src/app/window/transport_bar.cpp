@@ -22,8 +22,8 @@ namespace tq {
 
 namespace {
 
-constexpr double slowest = 1, fastest = 10000;  // beats a minute
-constexpr int full_volume = 100, volume_width = 80;
+constexpr double slowest = 1, fastest = 10000;                            // beats a minute
+constexpr int full_volume = 100, volume_width = 80, pointer_width = 150;  // pixels
 
 }  // namespace
 
@@ -37,6 +37,10 @@ TransportBar::TransportBar(const Meter& meter) : position_(new PositionField(met
     make_snap();
     make_volume();
     make_solo();
+    pointer_ = new QLabel;
+    pointer_->setObjectName("pointer");
+    pointer_->setMinimumWidth(pointer_width);
+    row->addWidget(pointer_);
     status_ = new QLabel;
     status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(status_, 1);
@@ -234,6 +238,8 @@ void TransportBar::show_status(const QString& text) {
     status_->setText(text);
     status_->setToolTip(text);  // where it is cut
 }
+
+void TransportBar::show_pointer(const QString& text) { pointer_->setText(text); }
 
 void TransportBar::show_console_open(bool open) { console_->setChecked(open); }
 

@@ -39,6 +39,8 @@ class TransportBar : public QWidget {
     explicit TransportBar(const Meter& meter);
     void show_state(const TransportState& state);
     void show_status(const QString& text);
+    /// What is under the pointer.
+    void show_pointer(const QString& text);
     void show_console_open(bool open);
     /// There is sound: a metronome and a level, which is what `peak` says (LevelMeter).
     void show_sound(std::function<float()> peak);
@@ -87,6 +89,7 @@ class TransportBar : public QWidget {
     PositionField* position_;
     QToolButton *play_, *metronome_, *loop_, *snap_, *solo_, *console_;
     Divided division_;
+    QLabel* pointer_;
     QLabel* status_;
     QMenu* recent_;
     QDoubleSpinBox* tempo_;

@@ -123,13 +123,6 @@ const std::vector<MenuRow>& menus() {
     return rows;
 }
 
-/// The first key that does the same, as menus show it.
-QString key_of(const Shortcut::What& what) {
-    for (const Shortcut& row : shortcuts())
-        if (row.what == what) return "\t" + row.sequence.toString(QKeySequence::NativeText);
-    return {};
-}
-
 /// One menu, which is filled anew whenever it is about to be shown.
 class MenuFiller {
  public:
@@ -159,7 +152,7 @@ class MenuFiller {
 
     /// Keys are the shortcuts' own: here they are only shown.
     void add(const Shortcut::What& what, QString text, bool checked) {
-        QAction* action = menu_.addAction(text.replace("&", "&&") + key_of(what));
+        QAction* action = menu_.addAction(text.replace("&", "&&") + "\t" + key_text(what));
         action->setEnabled(acts_->enabled(what));
         action->setCheckable(checked);
         action->setChecked(checked);

@@ -1,5 +1,7 @@
 // What a person does to a track in the window: its menu where it stands, its name, its levels.
+#include <QDoubleSpinBox>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QSlider>
 #include <QSpinBox>
@@ -8,6 +10,8 @@
 #include "app/window/window_fixture.h"
 #include "edits/song_edits.h"
 #include "model/bpfs.h"
+#include "view/icon_menu.h"
+#include "view/maindisplay.h"
 #include "view/trackdisplay.h"
 
 namespace tq::test {
@@ -99,6 +103,32 @@ TEST_F(TracksTest, AndNotesAreCalledByTheirValues) {
         {{0, 4}, "ruler"},  {{1, 4}, "1/4"},     {{4, 4}, "1/16"}, {{3, 4}, "1/8 T"},
         {{6, 4}, "1/16 T"}, {{12, 4}, "1/32 T"}, {{2, 8}, "1/16"}, {{5, 4}, "5 to a beat"}};
     for (const auto& [snap, text] : texts) EXPECT_EQ(division_text(snap.first, snap.second), text);
+}
+
+TEST_F(TracksTest, ThePointersPlaceIsToldInMusiciansWords) {
+    session.send("track_destination 0 gm:drums");
+    session.send("bars_follow_tempo 1");
+    session.call(TempoCall{104});
+    session.send("time_display_type bars");
+    const auto told_at = [&](double ms, double pitch) {
+        const Rect& display = box.maindisplay.rect;
+        const Point p = TQ_Prseq_Maindisplay_CalculateDisplayPositionFromStartAndPitch(box, box.maindisplay,
+                                                                                       ms, pitch + 0.5);
+        QTest::mouseMove(&box_widget(),
+                         QPoint(int(display.x + p.x), int(display.y + p.y - box.maindisplay.verticalscroll)));
+        QTest::qWait(10);
+        return part<QLabel>("pointer").text().toStdString();
+    };
+    EXPECT_TRUE(told_at(2307.7 + 600, 60).starts_with("2.2.0")) << told_at(2307.7 + 600, 60);
+    EXPECT_TRUE(told_at(100, 61).ends_with("  C#3"));
+    session.send("track_active 0");
+    session.send("scroll_vert 0.9");
+    EXPECT_TRUE(told_at(100, 38).ends_with("  D1 Acoustic Snare")) << told_at(100, 38);
+    const Rect icon = icon_rect(box, 1);
+    const Rect& display = box.layout[Part::UpperDisplay];
+    EXPECT_EQ(box_widget().tip_at(QPoint(int(display.x + icon.x + 3), int(display.y + icon.y + 3))),
+              "Insert (2)");
+    EXPECT_EQ(box_widget().tip_at(QPoint(5, 300)), "");
 }
 
 /// Documents hold their tempo, so a change of it alone is a change.
