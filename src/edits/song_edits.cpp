@@ -41,13 +41,6 @@ std::vector<EventTimes> stretched_times(const Prseq& object, double factor) {
     return times;
 }
 
-/// Seen again at its place in the bars, which is another one in ms.
-void set_tempo(Prseq& object, double bpm) {
-    itm_settempo(*object.transport, bpm);
-    follow_tempo(object);
-    prseq_show(object, Change::LineCursor);
-}
-
 bool keeps_places(const Prseq& object) { return object.meter.followstempo && object.events_follow_tempo; }
 
 BpfPoints raised(const BpfPoints& points, double by) {
@@ -74,7 +67,7 @@ bool change_tempo(Prseq& object, double bpm) {
     if (keeps_places(object)) return change_song_tempo(object, bpm);
     if (bpm == itm_gettempo(*object.transport)) return true;
     Edit edit(object, Edit::Unrecorded{Change::LineCursor});  // documents hold their tempo
-    set_tempo(object, bpm);
+    change_transport_tempo(object, bpm);
     return true;
 }
 
@@ -87,7 +80,7 @@ bool change_song_tempo(Prseq& object, double bpm) {
     if (factor == 1) return true;
     Edit edit(object, Change::Events);
     before.times = retime(object, stretched_times(object, factor));
-    set_tempo(object, bpm);
+    change_transport_tempo(object, bpm);
     set_cycle_range(object, kept_time(object, before.cycle.start * factor),
                     kept_time(object, before.cycle.end * factor));
     TQ_Prseq_Output_CycleRange(object);

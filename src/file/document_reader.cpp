@@ -101,8 +101,10 @@ void read_view(Prseq& object, const Dictionary& root) {
 void read_cycle(Prseq& object, const Dictionary& root) {
     std::optional<Dictionary> cycle = root.getdictionary("cycle");
     if (!cycle) return;
-    if (auto start = cycle->getlong("cyclestart")) object.cycle.start = static_cast<double>(*start);
-    if (auto end = cycle->getlong("cycleend")) object.cycle.end = static_cast<double>(*end);
+    if (auto start = cycle->getlong("cyclestart"))
+        object.cycle.start = exact_time(*cycle, "exactcyclestart", static_cast<double>(*start));
+    if (auto end = cycle->getlong("cycleend"))
+        object.cycle.end = exact_time(*cycle, "exactcycleend", static_cast<double>(*end));
     if (auto active = cycle->getlong("cycleactive")) object.cycle.active = *active != 0;
     TQ_Prseq_Output_CycleRange(object);
     TQ_Prseq_Output_Cycle(object);

@@ -151,10 +151,14 @@ void write_view(const Prseq& object, DictionaryWriter& out) {
     out.appendfloat("horizontalscroll", object.horizontalscroll);
 }
 
-void write_cycle(const Cycle& cycle, DictionaryWriter& out) {
+void write_cycle(const Cycle& cycle, bool exact, DictionaryWriter& out) {
     out.open_dictionary("cycle");
     out.appendlong("cyclestart", whole_ms(cycle.start));
     out.appendlong("cycleend", whole_ms(cycle.end));
+    if (exact) {
+        write_exactly("exactcyclestart", cycle.start, out);
+        write_exactly("exactcycleend", cycle.end, out);
+    }
     out.appendlong("cycleactive", cycle.active);
     out.close_dictionary();
 }
@@ -176,7 +180,7 @@ std::string TQ_Prseq_Json_MakeDictionary(const Prseq& object, bool lines) {
     if (object.meter.followstempo) out.appendlong("bars_follow_tempo", 1);
     write_meters(object.meter, out);
     write_view(object, out);
-    write_cycle(object.cycle, out);
+    write_cycle(object.cycle, object.meter.followstempo, out);
     out.close_dictionary();
     return out.text();
 }

@@ -96,12 +96,6 @@ void read_buffer(Prseq& object, Event& event, const Dictionary& dictionary) {
     TQ_Prseq_Buffer_CalculateBufferRatio(event);
 }
 
-/// What a whole ms stands for, where that is told.
-double exact_time(const Dictionary& dictionary, const char* key, double whole) {
-    const double exact = dictionary.getfloat(key).value_or(whole);
-    return exact > whole && exact < whole + 1 ? exact : whole;
-}
-
 void read_event(Prseq& object, Track& track, const Dictionary& dictionary) {
     EventRef event = TQ_Prseq_Events_MakeEvent(
         object, dictionary.getlong("start").value_or(0), dictionary.getfloat("pitch").value_or(0),
@@ -122,6 +116,11 @@ void read_event(Prseq& object, Track& track, const Dictionary& dictionary) {
 }
 
 }  // namespace
+
+double exact_time(const Dictionary& dictionary, const char* key, double whole) {
+    const double exact = dictionary.getfloat(key).value_or(whole);
+    return exact > whole && exact < whole + 1 ? exact : whole;
+}
 
 void read_track(Prseq& object, const Dictionary& dictionary) {
     if (auto name = dictionary.getstring("name")) {

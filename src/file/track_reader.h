@@ -11,4 +11,7 @@ struct Prseq;
 /// and its events, go to the active track.
 void read_track(Prseq& object, const Dictionary& dictionary);
 
+/// What a whole ms stands for, where a key beside it tells that.
+double exact_time(const Dictionary& dictionary, const char* key, double whole);
+
 }  // namespace tq

@@ -29,8 +29,7 @@ struct TempoItem : UndoItem {
     void redo(Prseq& object) override { set(object, after); }
     static void set(Prseq& object, const SongBefore& song) {
         set_snapshots(song.times);
-        itm_settempo(*object.transport, song.tempo);
-        follow_tempo(object);
+        change_transport_tempo(object, song.tempo);
         set_cycle_range(object, song.cycle.start, song.cycle.end);
         TQ_Prseq_Output_CycleRange(object);
         prseq_show(object, Change::Cycle);

@@ -4,6 +4,7 @@
 
 #include "host/defer.h"
 #include "instance/prseq.h"
+#include "model/bars.h"
 #include "model/playback_search.h"
 #include "playback/linecursor.h"
 #include "playback/output.h"
@@ -47,6 +48,14 @@ void prseq_position(Prseq& object, double ms) {
     TQ_Prseq_Time_ScheduleFirstEvent(object, ms);
     TQ_Prseq_LineCursor_SetHorizontalScrollFromLineCursorPosition(object);
     jbox_redraw(object);
+}
+
+void change_transport_tempo(Prseq& object, double bpm) {
+    const double beat = itm_gettempo(*object.transport) / bpm;
+    itm_settempo(*object.transport, bpm);
+    follow_tempo(object);
+    object.linecursor.position = std::min(object.linecursor.position * beat, object.timelinelength);
+    prseq_show(object, Change::LineCursor);
 }
 
 void set_cycle_range(Prseq& object, double start, double end) {

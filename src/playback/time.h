@@ -11,6 +11,9 @@ struct Track;
 void prseq_int(Prseq& object, long start);
 /// Message "position": moves the play position to `ms` (held within the timeline) and reports it in ticks.
 void prseq_position(Prseq& object, double ms);
+/// The transport's tempo, 1 to 10000 beats a minute; bars that follow it do. The play position keeps its
+/// place in beats, so it is at another ms.
+void change_transport_tempo(Prseq& object, double bpm);
 /// The loop's start and end in ms, held within the timeline; the start may lie after the end.
 void set_cycle_range(Prseq& object, double start, double end);
 /// The start alone; the loop's end stays armed, or not, as it is.

@@ -128,7 +128,7 @@ void prseq_zoom_out_all(Prseq& object) {
 }
 
 void zoom_to_song(Prseq& object) {
-    constexpr double rows_around = 2;
+    constexpr double rows_around = 2, fewest_rows = 36;  // what is less would be too high to be read
     double end = 0, lowest = Prseq::maximumpitch, highest = 0;
     for (const TrackRef& track : object.tracks) {
         if (!track->visible || track->events.empty()) continue;
@@ -139,8 +139,9 @@ void zoom_to_song(Prseq& object) {
         });
     }
     if (end <= 0) return prseq_zoom_out_all(object);
-    zoom_to(object, TQ_Prseq_Zoom_MakeSector(0, end, std::min(highest + rows_around, Prseq::maximumpitch),
-                                             std::max(lowest - rows_around, 0.)));
+    const double more = std::max(fewest_rows - (highest - lowest), 2 * rows_around) / 2;
+    zoom_to(object, TQ_Prseq_Zoom_MakeSector(0, end, std::min(highest + more, Prseq::maximumpitch),
+                                             std::max(lowest - more, 0.)));
 }
 
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy) {

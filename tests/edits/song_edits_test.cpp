@@ -34,11 +34,13 @@ constexpr const char* as_made = "100 600-1200: 0+600 613+250 1200+1 ";
 
 TEST_F(Song, GoesWithItsTempo) {
     ASSERT_EQ(song(), as_made);
-    say(".tempo 50");
+    say("position 900\n.tempo 50");
+    EXPECT_EQ(box().linecursor.position, 1800) << "the same beat";
     EXPECT_EQ(song(), "50 1200-2400: 0+1200 1226+500 2400+2 ");
     EXPECT_TRUE(holds_together(box()));
     say("undo");
     EXPECT_EQ(song(), as_made) << "to the last bit";
+    EXPECT_EQ(box().linecursor.position, 900);
     EXPECT_EQ(box().meter.wholenote, 2400);
     say("redo");
     EXPECT_EQ(song(), "50 1200-2400: 0+1200 1226+500 2400+2 ");
@@ -119,9 +121,12 @@ TEST_F(ExactSong, IsKeptAsItIsDrawn) {
     EXPECT_EQ(in_beats(), song);
     EXPECT_TRUE(holds_together(box()));
 
+    say(".command loop_selection");
     const std::string before = document();
     say("write " + folder.file("a.json") + "\nread " + folder.file("a.json"));
     EXPECT_EQ(in_beats(), song);
+    EXPECT_NEAR(beats(box().cycle.start), 4, 1e-9);
+    EXPECT_NEAR(beats(box().cycle.end), 6, 1e-9);
     EXPECT_EQ(document(), before);
     EXPECT_TRUE(comes_back());
 

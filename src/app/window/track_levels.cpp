@@ -50,7 +50,7 @@ double level_from(const Track& track, const std::string& name, int value) {
 TrackLevels::TrackLevels(QWidget& window, const Prseq& box, std::function<void(const std::string&)> send)
     : QDialog(&window), box_(box), send_(std::move(send)), track_(new QLabel) {
     setObjectName("track levels");
-    setWindowTitle("Levels");
+    setWindowTitle("Volume and Pan");
     auto* grid = new QGridLayout(this);
     grid->addWidget(track_, 0, 0, 1, 3);
     for (const LevelRow& row : levels) {

@@ -22,8 +22,8 @@ namespace tq {
 
 namespace {
 
-constexpr double slowest = 1, fastest = 10000;                            // beats a minute
-constexpr int full_volume = 100, volume_width = 80, pointer_width = 150;  // pixels
+constexpr double slowest = 1, fastest = 10000;  // beats a minute
+constexpr int full_volume = 100, volume_width = 80;
 
 }  // namespace
 
@@ -39,11 +39,11 @@ TransportBar::TransportBar(const Meter& meter) : position_(new PositionField(met
     make_solo();
     pointer_ = new QLabel;
     pointer_->setObjectName("pointer");
-    pointer_->setMinimumWidth(pointer_width);
-    row->addWidget(pointer_);
     status_ = new QLabel;
-    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    row->addWidget(status_, 1);
+    for (QLabel* text : {pointer_, status_}) {  // what there is room for
+        text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        row->addWidget(text, 1);
+    }
     make_open();
     console_ = add_switch("Console", "console", "Messages to and from the box (Ctrl+K)");
     connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
