@@ -21,16 +21,26 @@ SongBefore song_now(const Prseq& object, const std::vector<UndoEventSnapshot>& e
     return song;
 }
 
+bool same_range(const Cycle& a, const Cycle& b) { return a.start == b.start && a.end == b.end; }
+
 struct TempoItem : UndoItem {
     TempoItem(SongBefore b, SongBefore a) : before(std::move(b)), after(std::move(a)) {}
     SongBefore before, after;
     std::string name() const override { return "Change Tempo"; }
-    void undo(Prseq& object) override { set(object, before); }
-    void redo(Prseq& object) override { set(object, after); }
-    static void set(Prseq& object, const SongBefore& song) {
-        set_snapshots(song.times);
-        change_transport_tempo(object, song.tempo);
-        set_cycle_range(object, song.cycle.start, song.cycle.end);
+    void undo(Prseq& object) override { step(object, after, before); }
+    void redo(Prseq& object) override { step(object, before, after); }
+    /// The loop is no part of the history: it may be another one by now, and then keeps its place, too. What
+    /// it is now comes back with the next step.
+    static void step(Prseq& object, SongBefore& from, SongBefore& to) {
+        set_snapshots(to.times);
+        change_transport_tempo(object, to.tempo);
+        if (!same_range(object.cycle, from.cycle)) {
+            const double beat = from.tempo / to.tempo;
+            from.cycle = object.cycle;
+            to.cycle = {kept_time(object, from.cycle.start * beat), kept_time(object, from.cycle.end * beat)};
+        }
+        set_cycle_range(object, to.cycle.start, to.cycle.end);
+        to.cycle = object.cycle;  // held in the timeline
         TQ_Prseq_Output_CycleRange(object);
         prseq_show(object, Change::Cycle);
     }

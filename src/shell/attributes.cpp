@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "history/edit.h"
 #include "host/host.h"
 #include "instance/prseq.h"
 #include "model/bars.h"
@@ -145,6 +146,14 @@ Attribute& add_value(Class& c, Field F::*field, const ValueRow& row) {
     return attribute;
 }
 
+/// In the document, too; there is nothing to be saved in one that is empty and has no file.
+void change_bars(Prseq& object) {
+    Edit edit(object, Edit::Unrecorded{Change::Meter});
+    const bool blank = object.tracks.empty() && object.info.filename.empty();
+    if (blank || object.meter.followstempo == object.bars_follow_tempo) edit.nothing();
+    let_bars_follow_tempo(object, object.bars_follow_tempo);
+}
+
 }  // namespace
 
 void add_attributes(Class& c) {
@@ -184,7 +193,7 @@ void attribute_modified(Prseq& object, Symbol name) {
     if (name == linecursorcolor) TQ_Prseq_LineCursor_SetLineColor(object);
     if (name == transport)
         TQ_Prseq_Time_FollowTransport(object, itm_getnamed(object.host(), object.transportname));
-    if (name == bars_follow_tempo) let_bars_follow_tempo(object, object.bars_follow_tempo);
+    if (name == bars_follow_tempo) change_bars(object);
     follow_tempo(object);
     synchronise_view(object);
     auto change = changes().find(name);

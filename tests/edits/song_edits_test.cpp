@@ -65,6 +65,13 @@ TEST_F(Song, IsRoundedOnceHoweverOftenTheTempoChanges) {
     EXPECT_EQ(all_events(), "200+1200 1226+500 2400+2 ");
 }
 
+TEST_F(Song, TakesTheLoopOfNowAlong) {
+    say(".tempo 50\ncyclerange 300 3000\nundo");
+    EXPECT_EQ(song(), "100 150-1500: 0+600 613+250 1200+1 ");
+    say("redo");
+    EXPECT_EQ(song(), "50 300-3000: 0+1200 1226+500 2400+2 ");
+}
+
 TEST_F(Song, StaysWhereOnlyTheTempoIsToChange) {
     say("events_follow_tempo 0\n.tempo 50");
     EXPECT_EQ(song(), "50 600-1200: 0+600 613+250 1200+1 ");

@@ -29,6 +29,7 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "event start #5000 duration #900 track #3 <note> #131 99 </note>",
         "event start #5000 duration #900 track #3 <note> #131 99 </note>",
         "event id #40 start #5000 label l\xe9#9",
+        "event id #40 start #5000", "event id #40 duration #700", "event id #40 label l#9",
         "event id #40 track #4 <parameter> p#5 #20 </parameter>",
         "event id #40 <bpf> Pitch 0 0 #400 #5 </bpf> <message> m #9 </message>",
         "event id #40 duration #2000 <note> #131 </note>",
@@ -36,12 +37,15 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "quantise #400", "quantise 1#99 0.#9 0.#9 both", "legato #30", "stretch 0.#9", "stretch 1.#4",
         "reverse", "humanise #90 #40", "humanise #40 #9 #9", "split #5000", "split #1000", "join",
         "velocity_scale #2.#9 -#40", "velocity_ramp #127 #127", "event_delete #40 #40",
+        "stretch_to_tempo 9#9", "stretch_to_tempo 1#30", "track_level Volume #90", "track_level Volume 1#27",
+        "track_name n#9", "loop_repeat", "loop_swap", "loop_insert", "loop_delete",
         "select_where pitch #99 131", "select_where time #3000 5000 add", "select_where velocity 0 #127 remove",
         "select_where time 0 #5000 within", "select_where label l#9 add", "select_invert", "select_invert",
         "undo", "redo", "undoredo -#3", "undoredo #38", "track_bpf_add b#3 0 1 #2", "track_mute #3 1",
-        "track_color 0.3", "int #2", "int #2", "undoredo_clear", "event_select #40 #40 add", "event_show #40"};
+        "track_color 0.3", "int #2", "int #2", "undoredo_clear", "cyclerange #2000 #3000", "bars_follow_tempo #2",
+        "events_follow_tempo #2", "event_select #40 #40 add", "event_show #40"};
     // clang-format on
-    return random_text(random, std::span(messages).first(undoable_only ? 35 : std::size(messages)));
+    return random_text(random, std::span(messages).first(undoable_only ? 47 : std::size(messages)));
 }
 
 }  // namespace tq::test
