@@ -91,12 +91,13 @@ struct SongBefore {
     Cycle cycle;
 };
 void record_tempo_of_song(Edit& edit, SongBefore before);
-/// Whether undo would take back a change of the song's tempo.
+/// Whether undo would take back a change of the song's tempo, and another one can take its place: not when it
+/// led to what is in the document's file.
 bool is_last_step_a_tempo(const Prseq& object);
 /// Curves of a track were level elsewhere, and new ones of the type. Any number of them is one step.
 void record_curve_level(Edit& edit, TrackRef track, BpfTypeRef type, double previous_default,
                         std::vector<EventsBefore::Curve> before);
-/// Whether undo would take back a change of this type's level.
+/// The same of a change of this type's level.
 bool is_last_step_a_level_of(const Prseq& object, const BpfType& type);
 /// Whether undo would take this type off its track again.
 bool is_last_step_the_coming_of(const Prseq& object, const BpfType& type);

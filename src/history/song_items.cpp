@@ -14,6 +14,11 @@ namespace tq {
 
 namespace {
 
+/// What is in the document's file can be gone back to: the step that led there stays one of its own.
+bool goes_on(const Prseq& object, const UndoItem& item) {
+    return item.revision_after != object.revisions.saved;
+}
+
 SongBefore song_now(const Prseq& object, const std::vector<UndoEventSnapshot>& events) {
     SongBefore song{{}, itm_gettempo(*object.transport), object.cycle};
     song.times.reserve(events.size());
@@ -95,7 +100,10 @@ void record_tempo_of_song(Edit& edit, SongBefore before) {
     record<TempoItem>(edit, std::move(before), std::move(after));
 }
 
-bool is_last_step_a_tempo(const Prseq& object) { return last_step<TempoItem>(object.history); }
+bool is_last_step_a_tempo(const Prseq& object) {
+    const auto* item = last_step<TempoItem>(object.history);
+    return item && goes_on(object, *item);
+}
 
 void record_curve_level(Edit& edit, TrackRef track, BpfTypeRef type, double previous_default,
                         std::vector<EventsBefore::Curve> before) {
@@ -104,7 +112,7 @@ void record_curve_level(Edit& edit, TrackRef track, BpfTypeRef type, double prev
 
 bool is_last_step_a_level_of(const Prseq& object, const BpfType& type) {
     const auto* item = last_step<LevelItem>(object.history);
-    return item && item->type.get() == &type;
+    return item && item->type.get() == &type && goes_on(object, *item);
 }
 
 }  // namespace tq

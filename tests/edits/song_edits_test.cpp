@@ -65,6 +65,14 @@ TEST_F(Song, IsRoundedOnceHoweverOftenTheTempoChanges) {
     EXPECT_EQ(all_events(), "200+1200 1226+500 2400+2 ");
 }
 
+TEST_F(Song, CanGoBackToWhatWasSaved) {
+    say(".tempo 92\nwrite " + folder.file("a.json") + "\n.tempo 80\n.tempo 70\nundo");
+    EXPECT_EQ(itm_gettempo(*box().transport), 92);
+    EXPECT_FALSE(prseq_getdirtyflag(box()));
+    say("undo");
+    EXPECT_EQ(song(), as_made);
+}
+
 TEST_F(Song, TakesTheLoopOfNowAlong) {
     say(".tempo 50\ncyclerange 300 3000\nundo");
     EXPECT_EQ(song(), "100 150-1500: 0+600 613+250 1200+1 ");

@@ -187,12 +187,12 @@ bool MainWindow::show_track_menu(QPoint at) {
 
 void MainWindow::rename_track() {
     const Prseq& box = session_.box();
-    const Track* track = track_at(box, box.activetrack);
+    const TrackRef track = track_at(box, box.activetrack);
     if (!track) return;
     bool agreed = false;
     const QString name = QInputDialog::getText(this, "Rename Track", "Name:", QLineEdit::Normal,
                                                QString::fromStdString(track->name), &agreed);
-    if (agreed && !name.isEmpty())
+    if (agreed && !name.isEmpty() && track->index >= 0)  // it may have gone meanwhile
         call(MessageCall{gensym("track_name"), {track->index, gensym(name.toStdString())}, {}});
 }
 
