@@ -4,6 +4,7 @@
 #include "host/transport.h"
 #include "instance/prseq.h"
 #include "model/bars.h"
+#include "model/timeline.h"
 #include "model/tracks.h"
 #include "playback/time.h"
 
@@ -38,6 +39,7 @@ void begin_song(Prseq& object, double bpm) {
     itm_settempo(*object.transport, bpm);
     follow_tempo(object);
     object.cycle = {0, bars * object.meter.wholenote, false};
+    extend_timeline(object, object.cycle.end);
 }
 
 }  // namespace tq

@@ -157,6 +157,15 @@ Lines song_of(Prseq& box) {
     return lines;
 }
 
+/// Four bars at 40 beats a minute are longer than a new timeline.
+TEST_F(Import, ofASlowSongByHandHasItsLoopInTheTimeline) {
+    const Bytes bytes = midi_file(0, 96, {"00 ff 51 03 16 e3 60 00 90 3c 40 60 80 3c 40 00 ff 2f 00"});
+    say("bars_follow_tempo 1\n.import " + folder.file_with("slow.mid", text_of(bytes)));
+    EXPECT_EQ(itm_gettempo(*box().transport), 40);
+    EXPECT_EQ(box().cycle.end, 24000);
+    EXPECT_GE(box().timelinelength, box().cycle.end);
+}
+
 TEST_F(Import, ofWhatWasWrittenIsTheSameSong) {
     const auto files = real_files();
     if (files.empty()) GTEST_SKIP() << "no MIDI files on this machine";

@@ -39,15 +39,6 @@ std::optional<size_t> chosen_item(std::span<const PopupItem> items, const Choose
     return found == items.end() ? std::nullopt : std::optional(static_cast<size_t>(found - items.begin()));
 }
 
-/// What "help" asks about; none where the line asks nothing.
-std::optional<std::string> name_to_help_with(const std::string& line) {
-    constexpr std::string_view help = "help";
-    if (!line.starts_with(help)) return {};
-    const std::vector<MessageWord> words = message_words(line);
-    if (words.empty() || words[0].text != help || words[0].literal) return {};
-    return words.size() > 1 ? words[1].text : "";
-}
-
 }  // namespace
 
 Driver::Driver(Session& session) : PatchFiles(session.host().patch), session_(session) {}

@@ -252,4 +252,12 @@ Names help_on(std::string_view name) {
     return lines;
 }
 
+std::optional<std::string> name_to_help_with(const std::string& line) {
+    constexpr std::string_view help = "help";
+    if (line.find(help) != line.find_first_not_of(' ')) return {};  // most lines are not taken apart
+    const std::vector<MessageWord> words = message_words(line);
+    if (words.empty() || words[0].text != help || words[0].literal) return {};
+    return words.size() > 1 ? words[1].text : "";
+}
+
 }  // namespace tq

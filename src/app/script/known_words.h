@@ -1,6 +1,7 @@
 // The words that lines can say: names, what they take, and what is like them.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,6 +28,8 @@ Names completions(std::string_view line);
 /// What all of them begin with.
 std::string common_beginning(const Names& names);
 
+/// What a "help" line asks about, perhaps nothing; none where the line is another one.
+std::optional<std::string> name_to_help_with(const std::string& line);
 /// What is known of a message, an attribute, a driver line or a command, as lines of text; of a word that is
 /// none of these, all that it stands in; without a name, all names.
 Names help_on(std::string_view name);

@@ -50,8 +50,8 @@ void ConsoleLines::run_entered(const std::string& line, const ScriptPlace& place
     console_.say("> " + line);
     const std::vector<MessageWord> words = message_words(line);
     if (words.empty() || line[0] == '#') return;
-    if (words[0].text == "help" && !is_understood(gensym("help")))
-        for (const std::string& text : help_on(word_of(words, 1))) console_.say(text);
+    if (const std::optional<std::string> name = name_to_help_with(line))
+        for (const std::string& text : help_on(*name)) console_.say(text);
     else if (is_driver_line(line))
         run_driver_line(line, place);
     else

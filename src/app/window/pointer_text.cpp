@@ -1,5 +1,7 @@
 #include "app/window/pointer_text.h"
 
+#include <cmath>
+
 #include "app/window/note_names.h"
 #include "app/window/position_text.h"
 #include "app/window/shortcuts.h"
