@@ -5,8 +5,10 @@
 
 #include "history/edit.h"
 #include "instance/prseq.h"
+#include "model/bpfs.h"
 #include "model/events.h"
 #include "model/selected_events.h"
+#include "model/track_info.h"
 
 namespace tq {
 
@@ -35,6 +37,14 @@ void EventChanges::points(Event& event, Bpf& bpf, BpfPoints points) {
     if (points != bpf.points) curves_.push_back({{&event, &bpf}, std::move(points)});
 }
 
+void EventChanges::new_curves(Prseq& object, Track& track, const BpfTypeValues& values) {
+    const RemovedBpfType none{nullptr, std::ssize(track.bpftypes), track.activebpfindex, {}};
+    BpfTypeRef type = TQ_Prseq_Tracks_AddBpfTypeToTrack(object, track.index, values.name, values.minimum,
+                                                        values.maximum, values.default_);
+    came_.push_back({&track, none});
+    came_.back().type.type = std::move(type);
+}
+
 void EventChanges::make(Edit& edit, const EditName& name) {
     if (empty()) return edit.nothing();
     EventsBefore before;
@@ -44,6 +54,11 @@ void EventChanges::make(Edit& edit, const EditName& name) {
     const size_t count = std::max({times_.size(), velocities_.size(), curves_.size()});
     before.velocities = std::move(velocities_);
     before.curves = std::move(curves_);
+    before.came = std::move(came_);
+    if (!before.came.empty()) {
+        TQ_Prseq_Tracks_OutputTrackInfo(edit.object());
+        prseq_show(edit.object(), Change::Types);
+    }
     record_changed_events(edit, count == 1 ? name.one : name.many, std::move(before));
 }
 

@@ -30,15 +30,20 @@ class EventChanges {
     /// Of one of the event's curves.
     void points(Event& event, Bpf& bpf, BpfPoints points);
 
+    /// Gives a track, which has no curves of that name, and its events new ones, at once; they go with the
+    /// step.
+    void new_curves(Prseq& object, Track& track, const BpfTypeValues& values);
+
     /// Does all of it as one step of the history; none when there is nothing to do.
     void make(Edit& edit, const EditName& name);
 
  private:
-    bool empty() const { return times_.empty() && velocities_.empty() && curves_.empty(); }
+    bool empty() const { return times_.empty() && velocities_.empty() && curves_.empty() && came_.empty(); }
 
     std::vector<EventTimes> times_;
     std::vector<ValueChange> velocities_;
     std::vector<EventsBefore::Curve> curves_;
+    std::vector<EventsBefore::CameType> came_;
 };
 
 }  // namespace tq

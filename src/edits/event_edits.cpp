@@ -12,18 +12,25 @@
 
 namespace tq {
 
-void prseq_deleteselectedevents(Prseq& object) {
-    Edit edit(object, Change::Events);
-    if (!list_selected_events(object)) return edit.nothing();
-    TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(edit, object.selection);
-    TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(object, object.activetrack);
-}
+namespace {
 
-void delete_events(Prseq& object, std::vector<EventRef> events) {
-    Edit edit(object, Change::Events);
+void delete_of_edit(Edit& edit, const std::vector<EventRef>& events) {
     if (events.empty()) return edit.nothing();
     TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteEvents(edit, events);
-    TQ_Prseq_Tracks_DeleteEventReferences(object, events);
+    TQ_Prseq_Tracks_DeleteEventReferences(edit.object(), events);
+}
+
+}  // namespace
+
+void prseq_deleteselectedevents(Prseq& object) {
+    Edit edit(object, Change::Events);
+    list_selected_events(object);
+    delete_of_edit(edit, all_selected_events(object));
+}
+
+void delete_events(Prseq& object, const std::vector<EventRef>& events) {
+    Edit edit(object, Change::Events);
+    delete_of_edit(edit, events);
 }
 
 EventRef insert_event(Prseq& object, double start, double pitch) {

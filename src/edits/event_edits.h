@@ -12,7 +12,7 @@ struct Prseq;
 /// Takes the active track's selected events out of the document.
 void prseq_deleteselectedevents(Prseq& object);
 /// Takes events of any tracks out of the document.
-void delete_events(Prseq& object, std::vector<EventRef> events);
+void delete_events(Prseq& object, const std::vector<EventRef>& events);
 /// Makes an event of the default duration and velocity 80 on the active track, which is made when there is
 /// none. `start` in ms.
 EventRef insert_event(Prseq& object, double start, double pitch);

@@ -12,6 +12,7 @@
 #include "host/host.h"
 #include "instance/prseq.h"
 #include "model/bars.h"
+#include "model/bpfs.h"
 #include "model/selected_events.h"
 
 namespace tq {
@@ -41,19 +42,6 @@ void for_each_track(std::span<const EventRef> events, Visit visit) {
     }
 }
 
-struct Span {
-    double first_start = HUGE_VAL, last_start = 0, end = 0;  ///< ms
-};
-Span span_of(const Events& events) {
-    Span span;
-    for (const EventRef& event : events) {
-        span.first_start = std::min(span.first_start, event->start);
-        span.last_start = std::max(span.last_start, event->start);
-        span.end = std::max(span.end, event->end());
-    }
-    return span;
-}
-
 /// A time that does not move stays what it is to the last bit.
 double towards(const Prseq& object, double from, double to, double strength) {
     return from == to || strength == 0 ? from : kept_time(object, std::lerp(from, to, strength));
@@ -74,6 +62,17 @@ void quantise(const Prseq& object, Event& event, const TimeGrid& grid, const Qua
     end = towards(object, event.end(), end, how.strength);
     const bool stays = start == event.start && end == event.end();
     changes.times(event, start, stays ? event.duration : duration_until(end, event, start));
+}
+
+/// What holds of a curve at a time of its event, by a line over the selection.
+BpfPoints faded(const Event& event, const Bpf& bpf, const TimeSpan& span, const Fade& how) {
+    const double length = std::max(span.end - span.start, shortest_event);
+    BpfPoints points = bpf.points;
+    for (BpfPoint& point : points) {
+        const double way = (event.start + point.x * event.duration - span.start) / length;
+        point.y *= std::lerp(how.from, how.to, std::clamp(way, 0., 1.));
+    }
+    return points;
 }
 
 }  // namespace
@@ -103,9 +102,9 @@ void legato_selection(Prseq& object, double gap) {
 bool stretch_selection(Prseq& object, double factor) {
     bool fits = true;
     change_selection(object, {"Stretch Event", "Stretch Events"}, [&](const Events& events, auto& changes) {
-        const Span span = span_of(events);
+        const TimeSpan span = time_span(events);
         const auto stretched = [&](double ms) {
-            return kept_time(object, span.first_start + (ms - span.first_start) * factor);
+            return kept_time(object, span.start + (ms - span.start) * factor);
         };
         fits = factor <= 1 || stretched(span.end) <= longest_timeline;
         if (!fits || factor == 1) return;
@@ -126,9 +125,9 @@ void reverse_selection(Prseq& object) {
         }
     };
     change_selection(object, {"Reverse Event", "Reverse Events"}, [&](const Events& events, auto& changes) {
-        const Span span = span_of(events);
+        const TimeSpan span = time_span(events);
         for (const EventRef& event : events) {
-            const double start = span.first_start + (span.end - event->end());
+            const double start = span.start + (span.end - event->end());
             changes.times(*event, towards(object, event->start, start, 1), event->duration);
             reverse_curves(*event, changes);
         }
@@ -164,13 +163,29 @@ void scale_velocities(Prseq& object, double factor, double offset) {
 void ramp_velocities(Prseq& object, double from, double to) {
     change_selection(object, {"Ramp Event Velocity", "Ramp Events Velocity"},
                      [=](const Events& events, auto& changes) {
-                         const Span span = span_of(events);
-                         const double length = span.last_start - span.first_start;
+                         const TimeSpan span = time_span(events);
+                         const double length = span.last_start - span.start;
                          for (const EventRef& event : events) {
-                             const double way = length > 0 ? (event->start - span.first_start) / length : 0;
+                             const double way = length > 0 ? (event->start - span.start) / length : 0;
                              changes.velocity(*event, std::lerp(from, to, way));
                          }
                      });
+}
+
+void fade_selection(Prseq& object, const Fade& how) {
+    constexpr double full = 127;
+    change_selection(object, {"Fade Event", "Fade Events"}, [&](const Events& events, auto& changes) {
+        const TimeSpan span = time_span(events);
+        for_each_track(events, [&](auto of_one) {
+            Track& track = *of_one.front()->track;
+            if (!TQ_Prseq_Tracks_GetBpfTypeWithGivenName(track, how.curve))
+                changes.new_curves(object, track, {how.curve, 0, full, how.level});
+        });
+        for (const EventRef& event : events) {
+            Bpf& bpf = *TQ_Prseq_Events_GetBpfWithGivenName(*event, how.curve);
+            changes.points(*event, bpf, faded(*event, bpf, span, how));
+        }
+    });
 }
 
 }  // namespace tq

@@ -5,16 +5,19 @@
 
 #include <optional>
 
+#include "edits/time_grid.h"
+#include "host/symbol.h"
+
 namespace tq {
 
 struct Prseq;
 
 struct Quantisation {
     enum class Ends { Starts, Ends, Both };
-    std::optional<double> grid = {};  ///< ms, at least 1; none: the lines of the ruler
-    double strength = 1;              ///< 0 to 1: how far events go towards the lines
-    double swing = 0;                 ///< 0 to 1: how late every second line is, of half of the grid
-    Ends what = Ends::Starts;         ///< starts take their events with them; ends stay behind their starts
+    GridStep grid = {};        ///< at least 1 ms
+    double strength = 1;       ///< 0 to 1: how far events go towards the lines
+    double swing = 0;          ///< 0 to 1: how late every second line is, of half of the grid
+    Ends what = Ends::Starts;  ///< starts take their events with them; ends stay behind their starts
 };
 void quantise_selection(Prseq& object, const Quantisation& how);
 
@@ -41,6 +44,14 @@ void humanise_selection(Prseq& object, const Humanisation& how);
 void scale_velocities(Prseq& object, double factor, double offset);
 /// Velocities go evenly from that at the first start to that at the last one.
 void ramp_velocities(Prseq& object, double from, double to);
+
+/// What is drawn in the events' curves of a name is multiplied by a straight line over the selection.
+struct Fade {
+    Symbol curve;
+    double from = 1, to = 1;  ///< unity
+    double level = 127;       ///< of the curves, 0 to 127, that a track gets which has none of that name
+};
+void fade_selection(Prseq& object, const Fade& how);
 
 /// Cuts the events that sound at a position in ms, without one at the play position. Both parts are selected.
 void split_selection(Prseq& object, std::optional<double> position);

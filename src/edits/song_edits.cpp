@@ -122,6 +122,11 @@ void change_curve_level(Prseq& object, const TrackRef& track, Symbol name, doubl
     TQ_Prseq_Tracks_OutputTrackInfo(object);
 }
 
+void change_time_signature(Prseq& object, long bar, long beats, long notevalue) {
+    Edit edit(object, Edit::Unrecorded{Change::Meter});
+    prseq_bar(object, bar, beats, notevalue);
+}
+
 void change_document_text(Prseq& object, std::string DocumentInfo::*text, std::string changed) {
     if (changed == object.info.*text) return;
     Edit edit(object, Edit::Unrecorded{Change::Nothing});

@@ -28,6 +28,9 @@ double curve_level(const Track& track, const BpfType& type);
 /// there.
 void change_curve_level(Prseq& object, const TrackRef& track, Symbol name, double level);
 
+/// The time signature from a bar on, counted from 1, as prseq_bar() sets it; it is no part of the history.
+void change_time_signature(Prseq& object, long bar, long beats, long notevalue);
+
 /// A text of the document's header; it is no part of the history.
 void change_document_text(Prseq& object, std::string DocumentInfo::*text, std::string changed);
 

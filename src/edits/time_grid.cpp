@@ -1,5 +1,6 @@
 #include "edits/time_grid.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "instance/prseq.h"
@@ -11,18 +12,19 @@ namespace {
 
 constexpr double last_line = 1e12;  // ms; numbers of later lines would have no room in a double
 
-}  // namespace
-
-bool divides_beats(const Prseq& object) {
-    return object.snap_division > 0 &&
-           object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats);
+bool tells_beats(const Prseq& object) {
+    return object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats);
 }
 
-TimeGrid::TimeGrid(const Prseq& object, std::optional<double> ms, double swing)
+}  // namespace
+
+bool divides_beats(const Prseq& object) { return object.snap_division > 0 && tells_beats(object); }
+
+TimeGrid::TimeGrid(const Prseq& object, const GridStep& step, double swing)
     : object_(object),
-      meter_(!ms && object.timedisplaytype == static_cast<long>(TimeDisplayType::BarsBeats) ? &object.meter
-                                                                                            : nullptr),
-      distance_(ms.value_or(object.maindisplay.mslabelincrement / 10)),
+      meter_(step.note || (!step.ms && tells_beats(object)) ? &object.meter : nullptr),
+      note_(step.note),
+      distance_(step.ms.value_or(object.maindisplay.mslabelincrement / 10)),
       swing_(swing),
       division_(divides_beats(object) ? static_cast<double>(object.snap_division) : 1) {}
 
@@ -31,13 +33,15 @@ std::optional<TimeGrid::Lines> TimeGrid::lines_at(double ms) const {
     if (!meter_) return Lines{0, distance_, HUGE_VAL};
     const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(*meter_, ms);
     if (!bar) return {};
-    const double count = static_cast<double>(bar->beats) * division_;
+    const double division = note_ ? 1 / (*note_ * static_cast<double>(bar->notevalue)) : division_;
+    const double count = static_cast<double>(bar->beats) * division;
     return Lines{bar->start, (bar->end - bar->start) / count, count};
 }
 
 double TimeGrid::line(const Lines& lines, double index) const {
     const bool late = std::fmod(index, 2) != 0 && index < lines.count;
-    return kept_time(object_, lines.start + (index + (late ? swing_ / 2 : 0)) * lines.length);
+    const double lengths = std::min(index + (late ? swing_ / 2 : 0), lines.count);
+    return kept_time(object_, lines.start + lengths * lines.length);
 }
 
 double TimeGrid::nearest(double ms) const {

@@ -12,13 +12,18 @@ struct Prseq;
 /// Whether the ruler tells bars and beats, and beats are to be divided.
 bool divides_beats(const Prseq& object);
 
+/// How far lines are from each other. Without either: as those of the ruler, beats (or the parts that they
+/// are divided into) or tenths of its main divisions.
+struct GridStep {
+    std::optional<double> ms = {};    ///< from 0 on
+    std::optional<double> note = {};  ///< of a whole note, from the begin of each bar on
+};
+
 /// Lines that are equally far from each other, or the beats of the bars, or parts of them. Every second line
 /// comes later by `swing`, 0 to 1, of half of the distance. They are where kept_time() says.
 class TimeGrid {
  public:
-    /// Lines from 0 on, `ms` from each other. Without: those of the ruler, beats (or the parts that they
-    /// are divided into) or tenths of its main divisions.
-    TimeGrid(const Prseq& object, std::optional<double> ms, double swing);
+    TimeGrid(const Prseq& object, const GridStep& step, double swing);
 
     /// The nearest line, of two the later one. Where no bar is, and 30 years from now, the
     /// time stays as it is.
@@ -29,8 +34,8 @@ class TimeGrid {
     double spacing(double ms) const;
 
  private:
-    /// Lines from `start` on, `length` from each other. The last of a bar is the first of the next one, and
-    /// never late.
+    /// Lines from `start` on, `length` from each other. Where the bar, of `count` lengths, ends is the last,
+    /// which is the first of the next one, and never late.
     struct Lines {
         double start, length, count;
     };
@@ -39,6 +44,7 @@ class TimeGrid {
 
     const Prseq& object_;
     const Meter* meter_;  ///< none: equally far
+    std::optional<double> note_;
     double distance_, swing_, division_;
 };
 

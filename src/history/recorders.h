@@ -80,6 +80,11 @@ struct EventsBefore {
         BpfPoints points;
     };
     std::vector<Curve> curves;
+    struct CameType {
+        TrackRef track;
+        RemovedBpfType type;
+    };
+    std::vector<CameType> came;  ///< curves that were not there before
 };
 /// The curves take these points, which then are those that they had.
 void exchange_points(std::vector<EventsBefore::Curve>& curves);

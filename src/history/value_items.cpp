@@ -6,6 +6,7 @@
 #include "model/events.h"
 #include "model/parameters.h"
 #include "model/selected_events.h"
+#include "model/track_info.h"
 
 namespace tq {
 
@@ -66,27 +67,39 @@ struct ParameterItem : UndoItem {
     }
 };
 
-/// Many events' times, velocities and curves at once.
+/// Many events' times, velocities and curves at once, and curves that came for it.
 struct EventsItem : UndoItem {
     EventsItem(std::string t, EventsBefore b)
         : text(std::move(t)),
           times(moved, std::move(b.times)),
           velocities(std::move(b.velocities), tq_sym_Velocity),
-          curves(std::move(b.curves)) {}
+          curves(std::move(b.curves)),
+          came(std::move(b.came)) {}
     std::string text;
     TimesItem times;
     ParameterItem velocities;
     std::vector<EventsBefore::Curve> curves;  ///< with the points that the curves do not have now
+    std::vector<EventsBefore::CameType> came;
     std::string name() const override { return text; }
     void undo(Prseq& object) override {
         times.undo(object);
         velocities.undo(object);
         exchange_points(curves);
+        for (auto& [track, type] : came)
+            if (const long index = place_of(*track, type); index >= 0) type = remove_bpf_type(*track, index);
+        report_types(object);
     }
     void redo(Prseq& object) override {
+        for (auto& [track, type] : came) put_back_bpf_type(*track, type);
+        report_types(object);
         times.redo(object);
         velocities.redo(object);
         exchange_points(curves);
+    }
+    void report_types(Prseq& object) const {
+        if (came.empty()) return;
+        TQ_Prseq_Tracks_OutputTrackInfo(object);
+        prseq_show(object, Change::Types);
     }
 };
 

@@ -33,7 +33,7 @@ void change_signature(const Inspected& at, const Field& field, const std::string
     const long bar = cell_of(field, row, 0).as_long(), beats = cell_of(field, row, 1).as_long(),
                notevalue = cell_of(field, row, 2).as_long();
     object_post(at.object, fmt::sprintf("barregion %ld %ld %ld", bar, beats, notevalue));
-    prseq_bar(at.object, bar, beats, notevalue);
+    change_time_signature(at.object, bar, beats, notevalue);
 }
 
 constexpr FieldRow rows[] = {

@@ -20,6 +20,8 @@ struct AttributeFields {
     long snap_division = 0;            ///< parts of a beat; 0: the ruler's own steps
     bool bars_follow_tempo = false;    ///< in new documents; see Meter
     bool keep_middle = false;          ///< of events too narrow for two edges and a middle
+    bool lane_by_time = false;         ///< the lane is drawn at the pointer's times, over whole chords
+    bool shift_draws_loop = false;     ///< in the ruler
     bool events_follow_tempo = false;  ///< where bars do, events keep their place in them
     bool menudisplay = false, focusdisplay = false, dirtydisplay = false;
     bool trackdisplay = false, keydisplay_shown = false, parameterdisplay = false;

@@ -91,7 +91,7 @@ class BufferRangeGesture final : public Gesture {
 void press_in_buffer_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_or_end_under(object, press, grip);
     if (!event) return;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     TQ_Prseq_Tracks_SelectEvent2(object, *event);
     list_selected_events(object);
     if (event->buffer())

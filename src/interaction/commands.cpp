@@ -23,6 +23,7 @@
 #include "model/bars.h"
 #include "model/bpf_editor.h"
 #include "model/select_where.h"
+#include "model/selected_events.h"
 #include "model/selection.h"
 #include "model/tracks.h"
 #include "playback/output.h"
@@ -52,10 +53,7 @@ bool is_zoomed_in(const Prseq& object) {
     return object.horscrollbar.zoomunityvalue > 0 || object.vertscrollbar.zoomunityvalue > 0;
 }
 bool can_paste(const Prseq& object) { return TQ_Prseq_Clipboard_GetItemToPaste(object); }
-bool has_selection(const Prseq& object) {
-    const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
-    return track && track->visible && !track->events.selected().empty();
-}
+bool has_selection(const Prseq& object) { return has_selected_events(object); }
 bool has_events(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     return track && !track->events.empty();
@@ -70,7 +68,7 @@ void new_document(Prseq& object) { replace_document(object, Replacement::New); }
 
 void select_only(Prseq& object, Event* event) {
     if (!event) return;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     TQ_Prseq_Tracks_SelectEvent2(object, *event);
     TQ_Prseq_Output_OutputSelectedEvents(object);
     prseq_show(object, Change::Events);
@@ -88,6 +86,18 @@ void delete_selected(Prseq& object) {
 void select_all_events(Prseq& object) {
     TQ_Prseq_Tracks_SelectAllEvents(object, object.activetrack);
     prseq_show(object, Change::Events);
+}
+
+void select_all_of_all_tracks(Prseq& object) {
+    select_all_tracks(object);
+    list_selected_events(object);
+    prseq_show(object, Change::Events);
+}
+
+/// On all visible tracks.
+void select_loop(Prseq& object) {
+    select_all_starting(object, std::min(object.cycle.start, object.cycle.end),
+                        std::max(object.cycle.start, object.cycle.end));
 }
 
 void select_all_silently(Prseq& object) {
@@ -110,7 +120,7 @@ void select_nothing(Prseq& object) {
     if (object.gesture && object.gesture->edits()) return roll_back_gesture(object);
     if (const CurveOf curve = edited_bpf(object); curve.bpf && edits_points(object))
         return deselect_bpf_points(object, *curve.bpf);
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     list_selected_events(object);
 }
 
@@ -147,6 +157,10 @@ void split_at_position(Prseq& object) { split_selection(object, {}); }
 template <int velocity>
 void louder(Prseq& object) {
     scale_velocities(object, 1, velocity);
+}
+template <int from, int to>
+void fade(Prseq& object) {
+    fade_selection(object, {.curve = gensym("Expression"), .from = from, .to = to});
 }
 bool can_select_events(const Prseq& object) {
     return has_events(object) && TQ_Prseq_Tracks_GetActiveTrack(object)->visible;
@@ -275,13 +289,9 @@ void cycle_or_not(Prseq& object) {
 }
 /// From the first start to the last end of what is selected.
 void loop_selection(Prseq& object) {
-    if (!list_selected_events(object)) return;
-    double start = object.timelinelength, end = 0;
-    for (const EventRef& event : object.selection) {
-        start = std::min(start, event->start);
-        end = std::max(end, event->end());
-    }
-    prseq_cyclerange(object, start, end);
+    if (!has_selection(object)) return;
+    const TimeSpan span = time_span(all_selected_events(object));
+    prseq_cyclerange(object, span.start, span.end);
     TQ_Prseq_Output_CycleRange(object);
     if (!object.cycle.active) cycle_or_not(object);
 }
@@ -306,6 +316,9 @@ constexpr CommandRow rows[] = {
     {Command::SelectAllSilently, "select_all_silently", "Select All", can_select_all, never,
      select_all_silently},
     {Command::SelectAll, "select_all", "Select All", can_select_all, never, select_all},
+    {Command::SelectAllTracks, "select_all_tracks", "Select All on All Tracks", has_song, never,
+     select_all_of_all_tracks},
+    {Command::SelectLoop, "select_loop", "Select What Is in the Loop", has_song, never, select_loop},
     {Command::SelectNothing, "select_nothing", "Select Nothing", always, never, select_nothing},
     {Command::SelectPrevious, "select_previous", "Select Previous Event", has_selection, never,
      select_previous},
@@ -323,14 +336,16 @@ constexpr CommandRow rows[] = {
      insert_at_position},
     {Command::Quantise, "quantise", "Quantise", has_selection, never, quantise},
     {Command::Legato, "legato", "Legato", has_selection, never, legato},
-    {Command::HalfAsLong, "half_as_long", "Half as Long", has_selection, never, stretch<1, 2>},
-    {Command::TwiceAsLong, "twice_as_long", "Twice as Long", has_selection, never, stretch<2, 1>},
+    {Command::HalfAsLong, "half_as_long", "Squeeze to Half the Time", has_selection, never, stretch<1, 2>},
+    {Command::TwiceAsLong, "twice_as_long", "Stretch to Twice the Time", has_selection, never, stretch<2, 1>},
     {Command::Reverse, "reverse", "Reverse", has_selection, never, reverse_selection},
     {Command::Humanise, "humanise", "Humanise", has_selection, never, humanise},
     {Command::Split, "split", "Split at the Position", has_selection, never, split_at_position},
     {Command::Join, "join", "Join", has_selection, never, join_selection},
     {Command::Louder, "louder", "Louder", has_selection, never, louder<5>},
     {Command::Softer, "softer", "Softer", has_selection, never, louder<-5>},
+    {Command::FadeIn, "fade_in", "Fade In", has_selection, never, fade<0, 1>},
+    {Command::FadeOut, "fade_out", "Fade Out", has_selection, never, fade<1, 0>},
     {Command::InvertSelection, "select_invert", "Invert Selection", can_select_events, never,
      invert_selection},
     {Command::ZoomIn, "zoom_in", "Zoom In", always, never, prseq_zoom_in},

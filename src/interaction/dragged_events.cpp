@@ -27,17 +27,14 @@ DraggedExtent DraggedEvents::extent() const {
     return extent;
 }
 
-DraggedEvents::DraggedEvents(Prseq& object) : before_(before_steps(object)) { take(object); }
-
-void DraggedEvents::take(Prseq& object) {
-    track_ = TQ_Prseq_Tracks_GetActiveTrack(object);
+DraggedEvents::DraggedEvents(Prseq& object) : before_(before_steps(object)) {
     list_selected_events(object);
-    snapshots_ = undo_snapshots(object);
+    take(all_selected_events(object));
 }
 
 std::vector<UndoEventSnapshot> DraggedEvents::in_document() const {
     std::vector<UndoEventSnapshot> here;
-    std::ranges::copy_if(snapshots_, std::back_inserter(here), [this](const auto& s) { return is_here(s); });
+    std::ranges::copy_if(snapshots_, std::back_inserter(here), is_here);
     return here;
 }
 

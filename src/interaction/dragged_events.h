@@ -21,8 +21,8 @@ struct DraggedExtent {
     double held_higher(double semitones) const;
 };
 
-/// The selected events of the active track as they were. An event that leaves that track meanwhile is left
-/// alone from then on.
+/// The selected events, of all visible tracks, as they were. An event that leaves the document meanwhile is
+/// left alone from then on.
 class DraggedEvents {
  public:
     /// What a step gives an event.
@@ -31,14 +31,14 @@ class DraggedEvents {
         double pitch;
     };
     explicit DraggedEvents(Prseq& object);
-    /// Drags what is selected now instead.
-    void take(Prseq& object);
+    /// Drags these instead.
+    void take(const std::vector<EventRef>& events) { snapshots_ = undo_snapshots(events); }
 
     size_t size() const { return snapshots_.size(); }
     const std::vector<UndoEventSnapshot>& snapshots() const { return snapshots_; }
     /// Of the snapshots.
     DraggedExtent extent() const;
-    /// The snapshots of those that are still on their track.
+    /// The snapshots of those that are still on a track.
     std::vector<UndoEventSnapshot> in_document() const;
     const BeforeSteps& before() const { return before_; }
     Edit::EndOfSteps end() const { return {before_}; }
@@ -65,9 +65,8 @@ class DraggedEvents {
     void fit_buffer_ranges();
 
  private:
-    bool is_here(const UndoEventSnapshot& s) const { return s.event->track == track_.get(); }
+    static bool is_here(const UndoEventSnapshot& s) { return s.event->track; }
 
-    TrackRef track_;
     std::vector<UndoEventSnapshot> snapshots_;
     BeforeSteps before_;
     bool changed_ = false;

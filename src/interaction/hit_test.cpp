@@ -86,4 +86,15 @@ Event* TQ_Prseq_Tracks_GetDraggedParameterEventInTrack(const Prseq& object, cons
                            [x](const Rect& rect) { return rect.x <= x && x < rect.x + dragged_grip; });
 }
 
+std::vector<Event*> events_of_bar(const Prseq& object, const Track& track, double x) {
+    constexpr double together = 1e-3;  // ms: computed times of lines are off by less
+    std::vector<Event*> events;
+    const Event* last = track.visible ? track.events.last_before(time_at(object, x + 1)) : nullptr;
+    if (!last || TQ_Prseq_Events_Rect(object, *last).x + parameter_grip < x) return events;
+    for (Event* event = track.events.first_at_or_after(last->start - together);
+         event && event->start <= last->start; event = track.events.next(*event))
+        events.push_back(event);
+    return events;
+}
+
 }  // namespace tq

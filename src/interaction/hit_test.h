@@ -30,6 +30,10 @@ Event* TQ_Prseq_Tracks_GetClickedParameterEventInTrack(const Prseq& object, cons
 Event* TQ_Prseq_Tracks_GetDraggedParameterEventInTrack(const Prseq& object, const Track& track, double x,
                                                        double y);
 
+/// What a person sees at an x of the parameter display: the events of the last bar that begins up to 5 pixels
+/// left of it, several where these begin together. None on an invisible track.
+std::vector<Event*> events_of_bar(const Prseq& object, const Track& track, double x);
+
 /// The events of a track, in its order, whose rectangles touch `area`; touching edges count.
 std::vector<Event*> events_touching(const Prseq& object, const Track& track, const Rect& area);
 

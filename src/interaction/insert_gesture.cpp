@@ -70,7 +70,7 @@ class InsertGesture final : public Gesture {
 }  // namespace
 
 std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press) {
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     const double at = snapped_start(object, press.ms);
     const bool exact = object.snaptime && object.meter.followstempo;
     EventRef event = insert_event(object, exact ? at : std::trunc(at), pitch_to_insert(object, press));

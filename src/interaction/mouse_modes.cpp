@@ -38,14 +38,14 @@ void press_in_zoom_mode(Prseq& object, const Pointer& press) { object.gesture = 
 /// Where events are inspected, what was made takes the place of what was there.
 void inspect(Prseq& object, Event& made) {
     if (!object.inspectors[InspectorKind::Event].open()) return;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     TQ_Prseq_Tracks_SelectEvent2(object, made);
 }
 
 void press_in_slice_mode(Prseq& object, const Pointer& press) {
     const EventRef event = event_under(object, press);
     if (!event) return;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     const auto slices = slice_event(object, event, Snap(object).time(press.ms));
     if (slices) inspect(object, *slices->left);
 }

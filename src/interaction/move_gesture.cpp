@@ -66,14 +66,15 @@ class MoveGesture final : public Gesture {
     /// The copies go on from here; the events themselves stay where they were.
     void take_copies(Prseq& object) {
         dragged_.restore();
-        const auto source = std::ranges::find(object.selection, clicked_);
-        const size_t clicked_at = static_cast<size_t>(source - object.selection.begin());
-        copies_ = TQ_Prseq_Tracks_CopySelectedEventsOnTrack(object, object.activetrack);
+        const std::vector<EventRef> events = all_selected_events(object);
+        const auto source = std::ranges::find(events, clicked_);
+        const size_t clicked_at = static_cast<size_t>(source - events.begin());
+        copies_ = copy_on_their_tracks(object, events, 0);
         if (clicked_at < copies_.size()) clicked_ = copies_[clicked_at];
-        TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+        deselect_all_events(object);
         TQ_Prseq_Tracks_SelectEventsFromLinkedList(object, copies_);
         list_selected_events(object);
-        dragged_.take(object);
+        dragged_.take(copies_);
         TQ_Prseq_SetMouseCursorFromIcon(object, CursorCopying);
     }
 

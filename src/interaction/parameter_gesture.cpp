@@ -3,6 +3,8 @@
 #include <fmt/printf.h>
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <unordered_set>
 
 #include "history/edit.h"
@@ -41,6 +43,7 @@ class ParameterGesture final : public Gesture {
 
     void press(Prseq& object, const Pointer& at) {
         const Point point = in_lane(object, at);
+        if (object.lane_by_time) return press_by_time(object, at);
         grabbed_ = TQ_Prseq_Tracks_GetClickedParameterEventInTrack(object, *track_, point.x, point.y);
         if (!grabbed_) return;
         Edit edit(object, Edit::Step{Change::ParameterDisplay});
@@ -48,6 +51,7 @@ class ParameterGesture final : public Gesture {
     }
 
     void step(Prseq& object, const Pointer& to) override {
+        if (object.lane_by_time) return step_by_time(object, to);
         const EventRef event =
             to.modifiers & modifier_shift ? grabbed_ : event_at(object, in_lane(object, to));
         if (!event || event->track != track_.get()) return;
@@ -74,6 +78,48 @@ class ParameterGesture final : public Gesture {
     }
 
  private:
+    /// Where the pointer has drawn: ms and unity.
+    struct Drawn {
+        double ms, unity;
+    };
+
+    void press_by_time(Prseq& object, const Pointer& at) {
+        const Point point = in_lane(object, at);
+        if (point.y < 0) return;
+        const std::vector<Event*> bar = events_of_bar(object, *track_, point.x);
+        bar_.assign(bar.begin(), bar.end());
+        drawn_ = Drawn{at.ms, unity_at(object, point)};
+        Edit edit(object, Edit::Step{Change::ParameterDisplay});
+        for (const EventRef& event : bar_) set(object, event, at);
+    }
+
+    /// On the straight line from where the pointer was: what begins on the way, and the bar under it. With
+    /// shift held, the bar that was pressed alone.
+    void step_by_time(Prseq& object, const Pointer& to) {
+        Edit edit(object, Edit::Step{Change::ParameterDisplay});
+        if (!(to.modifiers & modifier_shift)) {
+            const Point point = in_lane(object, to);
+            const Drawn now{to.ms, unity_at(object, point)};
+            if (track_->visible && drawn_) draw_between(*drawn_, now);
+            drawn_ = now;
+            const std::vector<Event*> bar = events_of_bar(object, *track_, point.x);
+            bar_.assign(bar.begin(), bar.end());
+        }
+        for (const EventRef& event : bar_)
+            if (event->track == track_.get()) set(object, event, to);
+    }
+
+    void draw_between(const Drawn& from, const Drawn& to) {
+        const auto [first, last] = std::minmax(from.ms, to.ms);
+        Event* event = track_->events.first_at_or_after(first);
+        for (; event && event->start <= last; event = track_->events.next(*event)) {
+            const double way = to.ms == from.ms ? 1 : (event->start - from.ms) / (to.ms - from.ms);
+            remember(event);
+            TQ_Prseq_Parameters_CalculateEventParameterValue(*track_, *event,
+                                                             std::lerp(from.unity, to.unity, way));
+        }
+    }
+
     EventRef event_at(const Prseq& object, Point point) const {
         return TQ_Prseq_Tracks_GetDraggedParameterEventInTrack(object, *track_, point.x, point.y);
     }
@@ -119,6 +165,8 @@ class ParameterGesture final : public Gesture {
     size_t covered_;  ///< the events that the step of the history is about
     BeforeSteps before_;
     EventRef grabbed_, last_;
+    std::vector<EventRef> bar_;  ///< where the lane is drawn by time: what was set last
+    std::optional<Drawn> drawn_;
     std::vector<ValueChange> changes_;
     std::unordered_set<const Event*> seen_;
 };

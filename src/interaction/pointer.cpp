@@ -32,7 +32,7 @@ Snap Snap::always(const Prseq& object) { return {object, true}; }
 Snap::Snap(const Prseq& object, bool on) {
     if (!on) return;
     tenths_ = object.maindisplay.mslabelincrement / 10;
-    if (divides_beats(object)) beats_.emplace(object, std::nullopt, 0);
+    if (divides_beats(object)) beats_.emplace(object, GridStep{}, 0);
 }
 
 double Snap::time(double ms) const {

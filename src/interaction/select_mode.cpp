@@ -29,26 +29,25 @@ Edge edge_at(const Prseq& object, const Rect& rect, double x) {
     return x >= right - inside && x <= right + edge_grip ? Edge::End : Edge::Inside;
 }
 
-void select_clicked(Event& event, bool toggle) {
+void select_clicked(Prseq& object, Event& event, bool toggle) {
     if (toggle) return event.track->events.select(event, !event.selected);
     if (event.selected) return;
-    event.track->events.deselect_all();
+    deselect_all_events(object);
     event.track->events.select(event, true);
 }
 
 }  // namespace
 
 void press_in_select_mode(Prseq& object, const Pointer& press) {
-    Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);
     const bool shift = press.modifiers & modifier_shift;
     const EventRef event = event_or_end_under(object, press, edge_grip);
     if (!event) {
-        if (track && !shift) track->events.deselect_all();
+        if (!shift) deselect_all_events(object);
         list_selected_events(object);
         object.gesture = marquee_gesture(object, press);
         return;
     }
-    select_clicked(*event, shift);
+    select_clicked(object, *event, shift);
     list_selected_events(object);
     if (!event->selected) return;  // there is nothing to drag
     const Edge edge = edge_at(object, TQ_Prseq_Events_Rect(object, *event), event_space(object, press).x);

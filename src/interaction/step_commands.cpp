@@ -28,16 +28,21 @@ double step_ms(const Prseq& object, const DraggedEvents& events) {
 }
 
 /// How far behind what is copied its copies begin: at its end, or where beats are divided, a whole number of
-/// bars on; of beats, or of their parts, where it fills no more than half of a bar, or of a beat.
-double distance_of_copies(const Prseq& object, double start, double end) {
+/// bars on; of beats, or of their parts, where it fills no more than half of a bar, or of a beat. What
+/// swings, or plays late, may last into the next of these by less than a part.
+double distance_of_copies(const Prseq& object, const TimeSpan& span) {
     constexpr double rounding = 1e-3;  // of a step
-    const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(object.meter, start);
-    if (!divides_beats(object) || !bar) return end - start;
-    const double length = bar->end - bar->start, beat = length / static_cast<double>(bar->beats);
-    double step = beat / static_cast<double>(object.snap_division);
+    const std::optional<Measure> bar = TQ_Prseq_Meter_GetMeasureFromPosition(object.meter, span.start);
+    const double filled = span.end - span.start;
+    if (!divides_beats(object) || !bar) return filled;
+    const double length = bar->end - bar->start, beat = length / static_cast<double>(bar->beats),
+                 part = beat / static_cast<double>(object.snap_division);
+    double step = part;
     for (const double longer : {beat, length})
-        if (end - start > longer / 2) step = longer;
-    return std::max(std::ceil((end - start) / step - rounding), 1.) * step;
+        if (filled > longer / 2) step = longer;
+    const double starts = std::floor((span.last_start - span.start) / step + rounding) + 1;
+    const double over = filled - starts * step;
+    return (over < part * (1 - rounding) ? starts : std::ceil(filled / step - rounding)) * step;
 }
 
 }  // namespace
@@ -45,8 +50,8 @@ double distance_of_copies(const Prseq& object, double start, double end) {
 /// What is pasted again goes on behind what was pasted.
 void paste_at_position(Prseq& object) {
     const double at = edited_position(object);
-    const std::optional<double> end = paste_events_at(object, at);
-    if (end && !object.playing) prseq_position(object, at + distance_of_copies(object, at, *end));
+    const std::optional<TimeSpan> pasted = paste_events_at(object, at);
+    if (pasted && !object.playing) prseq_position(object, at + distance_of_copies(object, *pasted));
 }
 
 void move_selection(Prseq& object, double grid_steps, double semitones) {
@@ -65,8 +70,11 @@ void move_selection(Prseq& object, double grid_steps, double semitones) {
 void lengthen_selection(Prseq& object, double grid_steps) {
     Edit edit(object, Change::Events);
     DraggedEvents resized(object);
-    const auto after = [longer = grid_steps * step_ms(object, resized)](const UndoEventSnapshot& s) {
-        return std::max(s.duration + longer, std::min(s.duration, shortest));
+    // Where nothing would be left, half of it is.
+    const auto after = [&, longer = grid_steps * step_ms(object, resized)](const UndoEventSnapshot& s) {
+        const double length = s.duration + longer,
+                     wanted = length > shortest ? length : kept_time(object, s.duration / 2);
+        return std::max(wanted, std::min(s.duration, shortest));
     };
     if (std::ranges::all_of(resized.snapshots(), [&](const auto& s) { return after(s) == s.duration; }))
         return edit.nothing();
@@ -79,13 +87,11 @@ void lengthen_selection(Prseq& object, double grid_steps) {
 
 void duplicate_selection(Prseq& object) {
     Edit edit(object, Change::Events);
-    if (!list_selected_events(object)) return edit.nothing();
-    double end = 0;
-    for (const EventRef& event : object.selection) end = std::max(end, event->end());
-    const double start = object.selection.front()->start;
-    std::vector<EventRef> copies = TQ_Prseq_Tracks_CopySelectedEventsOnTrack(
-        object, object.activetrack, distance_of_copies(object, start, end));
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    const std::vector<EventRef> events = all_selected_events(object);
+    if (events.empty()) return edit.nothing();
+    const TimeSpan span = time_span(events);
+    std::vector<EventRef> copies = copy_on_their_tracks(object, events, distance_of_copies(object, span));
+    deselect_all_events(object);
     TQ_Prseq_Tracks_SelectEventsFromLinkedList(object, copies);
     TQ_Prseq_Undoredo_AddUndoRedoItem_CopyEvents(edit, std::move(copies));
     list_selected_events(object);

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "edits/timeline_edits.h"
+#include "host/modifiers.h"
 #include "instance/prseq.h"
 #include "interaction/cursors.h"
 #include "interaction/pointer.h"
@@ -87,6 +88,40 @@ class LoopGesture final : public Gesture {
     Cycle before_;
 };
 
+/// A new loop, from the press to the pointer on the grid, which is on from then on.
+class DrawLoopGesture final : public Gesture {
+ public:
+    DrawLoopGesture(const Prseq& object, const Pointer& press)
+        : press_ms_(line_under(object, press.at)), before_(object.cycle) {}
+    bool edits() const override { return false; }
+
+    void step(Prseq& object, const Pointer& to) override {
+        const auto [start, end] = std::minmax(press_ms_, line_under(object, to.at));
+        if (start == end) return;
+        prseq_cyclerange(object, start, end);
+        TQ_Prseq_Output_CycleRange(object);
+        if (object.cycle.active) return;
+        prseq_cycle(object, true);
+        TQ_Prseq_Output_Cycle(object);
+    }
+    void commit(Prseq&) override {}
+    void rollback(Prseq& object) override {
+        prseq_cyclerange(object, before_.start, before_.end);
+        TQ_Prseq_Output_CycleRange(object);
+        if (object.cycle.active == before_.active) return;
+        prseq_cycle(object, before_.active);
+        TQ_Prseq_Output_Cycle(object);
+    }
+
+ private:
+    static double line_under(const Prseq& object, Point at) {
+        return held(time_under(object, at), 0, object.timelinelength, Snap::always(object));
+    }
+
+    double press_ms_;
+    Cycle before_;
+};
+
 std::optional<LoopGrip> grip_under(const Prseq& object, Point at) {
     const Rect& part = object.layout[Part::TimeDisplay];
     return loop_grip_at(object, {at.x - part.x, at.y - part.y});
@@ -95,7 +130,9 @@ std::optional<LoopGrip> grip_under(const Prseq& object, Point at) {
 }  // namespace
 
 void press_timedisplay(Prseq& object, const Pointer& press) {
-    if (const auto grip = grip_under(object, press.at)) {
+    if (object.shift_draws_loop && press.modifiers & modifier_shift) {
+        object.gesture = std::make_unique<DrawLoopGesture>(object, press);
+    } else if (const auto grip = grip_under(object, press.at)) {
         object.gesture = std::make_unique<LoopGesture>(object, *grip, press);
     } else {
         object.gesture = std::make_unique<PositionGesture>(object.linecursor.position);

@@ -16,7 +16,7 @@ void TQ_Prseq_Track_SetSelectedEventForBpfEditingFromSelection(Prseq& object) {
 
 void edit_bpfs_of(Prseq& object, Event& event) {
     object.bpfeditingevent = &event;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     TQ_Prseq_Tracks_SelectEvent2(object, event);
 }
 

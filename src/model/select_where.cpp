@@ -65,7 +65,7 @@ void select_where(Prseq& object, const EventsWhere& where, SelectHow how) {
     if (!events) return;
     switch (how) {
         case SelectHow::Only:
-            events->deselect_all();
+            deselect_all_events(object);
             [[fallthrough]];
         case SelectHow::Add:
             add(*events, found(*events, where));
@@ -78,11 +78,19 @@ void select_where(Prseq& object, const EventsWhere& where, SelectHow how) {
 }
 
 void select_events(Prseq& object, std::span<Event* const> events, SelectHow how) {
-    if (how == SelectHow::Only)
-        for (const TrackRef& track : object.tracks) track->events.deselect_all();
+    if (how == SelectHow::Only) deselect_all_events(object);
     for (Event* event : events)
         if (how == SelectHow::Remove || event->track->visible)
             event->track->events.select(*event, how != SelectHow::Remove);
+    selection_changed(object);
+}
+
+void select_all_starting(Prseq& object, double from, double to) {
+    constexpr double rounding = 1e-3;  // ms: computed times of lines are off by less
+    const EventsWhere where{EventsWhere::Quality::Time, from - rounding, to - rounding};
+    deselect_all_events(object);
+    for (const TrackRef& track : object.tracks)
+        if (track->visible) add(track->events, found(track->events, where));
     selection_changed(object);
 }
 

@@ -28,6 +28,8 @@ enum class SelectHow { Only, Add, Remove, Within };
 void select_where(Prseq& object, const EventsWhere& where, SelectHow how);
 /// Selects events of any visible tracks: `Only` deselects those of every other track as well.
 void select_events(Prseq& object, std::span<Event* const> events, SelectHow how);
+/// Selects nothing but the events of all visible tracks that start from a time to before another, in ms.
+void select_all_starting(Prseq& object, double from, double to);
 /// What was selected of the active track is not, and the other way round; nothing while it is invisible.
 void invert_selection(Prseq& object);
 

@@ -23,6 +23,16 @@ double best_pitch(const Prseq& object, Better better) {
 
 }  // namespace
 
+TimeSpan time_span(const std::vector<EventRef>& events) {
+    TimeSpan span;
+    for (const EventRef& event : events) {
+        span.start = std::min(span.start, event->start);
+        span.last_start = std::max(span.last_start, event->start);
+        span.end = std::max(span.end, event->end());
+    }
+    return span;
+}
+
 double TQ_Prseq_Tracks_GetMinimumPitchOfSelectedEvents(const Prseq& object) {
     return best_pitch(object, std::less<>());
 }
@@ -31,26 +41,16 @@ double TQ_Prseq_Tracks_GetMaximumPitchOfSelectedEvents(const Prseq& object) {
     return best_pitch(object, std::greater<>());
 }
 
-std::vector<EventRef> TQ_Prseq_Tracks_CopySelectedEventsOnTrack(Prseq& object, long index, double later) {
+std::vector<EventRef> copy_on_their_tracks(Prseq& object, const std::vector<EventRef>& events, double later) {
     std::vector<EventRef> copies;
-    Track* track = track_at(object, index);
-    if (!track) return copies;
-    copies.reserve(object.selection.size());
-    for (const EventRef& event : object.selection) {
+    copies.reserve(events.size());
+    for (const EventRef& event : events) {
         EventRef copy = TQ_Prseq_Events_DuplicateEvent(object, *event);
         copy->start += later;
-        conform_event_to(*track, *copy);
-        TQ_Prseq_Tracks_InsertEvent(object, *track, copy);
+        TQ_Prseq_Tracks_InsertEvent(object, *event->track, copy);
         copies.push_back(std::move(copy));
     }
     return copies;
-}
-
-void TQ_Prseq_Tracks_DeleteReferenceOfSelectedEventsInTrack(Prseq& object, long index) {
-    const Track* track = track_at(object, index);
-    if (!track) return;
-    const std::vector<Event*>& selected = track->events.selected();
-    TQ_Prseq_Tracks_DeleteEventReferences(object, std::vector<EventRef>(selected.begin(), selected.end()));
 }
 
 UndoEventSnapshot undo_snapshot(Event& event) {
@@ -59,10 +59,10 @@ UndoEventSnapshot undo_snapshot(Event& event) {
     return snapshot;
 }
 
-std::vector<UndoEventSnapshot> undo_snapshots(const Prseq& object) {
+std::vector<UndoEventSnapshot> undo_snapshots(const std::vector<EventRef>& events) {
     std::vector<UndoEventSnapshot> snapshots;
-    snapshots.reserve(object.selection.size());
-    for (const EventRef& event : object.selection) snapshots.push_back(undo_snapshot(*event));
+    snapshots.reserve(events.size());
+    for (const EventRef& event : events) snapshots.push_back(undo_snapshot(*event));
     return snapshots;
 }
 

@@ -62,6 +62,14 @@ void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long index) {
     if (Track* track = track_at(object, index)) track->events.deselect_all();
 }
 
+void deselect_all_events(Prseq& object) {
+    for (const TrackRef& track : object.tracks) track->events.deselect_all();
+}
+
+void select_all_tracks(Prseq& object) {
+    for (const TrackRef& track : object.tracks) TQ_Prseq_Tracks_SelectAllEvents(object, track->index);
+}
+
 long TQ_Prseq_Tracks_GetEventSelection(const Prseq& object, long track, long index) {
     const Event* event = event_at(object, track, index);
     return event ? long{event->selected} : -1;
@@ -85,6 +93,12 @@ size_t TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(Prseq& object, long i
 
 size_t list_selected_events(Prseq& object) {
     return TQ_Prseq_Tracks_MakeLinkedListFromAllSelectedEvents(object, object.activetrack);
+}
+
+bool has_selected_events(const Prseq& object) {
+    return std::ranges::any_of(object.tracks, [](const TrackRef& track) {
+        return track->visible && !track->events.selected().empty();
+    });
 }
 
 std::vector<EventRef> all_selected_events(const Prseq& object) {

@@ -17,6 +17,10 @@ void TQ_Prseq_Tracks_DeselectEvent(Prseq& object, long track, long index);
 /// Every event of a visible track.
 void TQ_Prseq_Tracks_SelectAllEvents(Prseq& object, long track);
 void TQ_Prseq_Tracks_DeselectAllEventsInTrack(Prseq& object, long track);
+/// Those of all tracks.
+void deselect_all_events(Prseq& object);
+/// Every event of all visible tracks.
+void select_all_tracks(Prseq& object);
 /// 1 or 0; −1 when there is no such event.
 long TQ_Prseq_Tracks_GetEventSelection(const Prseq& object, long track, long index);
 

@@ -56,7 +56,7 @@ TrackRef TQ_Prseq_Tracks_MakeTrack(const Prseq& object, Symbol name, bool visibl
 }
 
 long TQ_Prseq_Tracks_AddTrack(Prseq& object, TrackRef track) {
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     track->index = static_cast<long>(object.tracks.size());
     index_events(object, *track);
     object.tracks.push_back(std::move(track));
@@ -64,7 +64,7 @@ long TQ_Prseq_Tracks_AddTrack(Prseq& object, TrackRef track) {
 }
 
 void TQ_Prseq_Tracks_InsertTrack(Prseq& object, TrackRef track, long index) {
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     index = std::clamp(index, 0L, static_cast<long>(object.tracks.size()));
     index_events(object, *track);
     object.tracks.insert(object.tracks.begin() + index, std::move(track));
@@ -90,7 +90,7 @@ void TQ_Prseq_Tracks_DeleteAllTracksAndFree(Prseq& object) {
 bool prseq_do_set_activetrack(Prseq& object, long index) {
     const Track* track = track_at(object, index);
     if (!track) return false;
-    TQ_Prseq_Tracks_DeselectAllEventsInTrack(object, object.activetrack);
+    deselect_all_events(object);
     object.bpfeditingevent = nullptr;
     object.activetrack = index;
     TQ_Prseq_Tracks_OutputTrackActive(object);

@@ -38,6 +38,10 @@ class Arguments {
     size_t optional_word(const char* name, std::span<const char* const> words);
     /// Whether there is no argument left.
     bool empty() const { return left_.empty(); }
+    /// The next argument where it is a word, else nothing; it is not taken.
+    std::string word_ahead() const {
+        return empty() || !left_.front().is_symbol() ? "" : left_.front().as_symbol().text();
+    }
     bool number_follows() const { return !left_.empty() && left_.front().is_number(); }
     /// There must be none left.
     void end() const;

@@ -72,6 +72,10 @@ constexpr SwitchRow snap_switches[] = {
     {"bars_follow_tempo", &F::bars_follow_tempo, "Bars Follow the Tempo", "Behavior", "0", true,
      Change::Meter},
     {"keep_middle", &F::keep_middle, "Narrow Events Keep a Middle", "Behavior", "0", false, Change::Nothing},
+    {"lane_by_time", &F::lane_by_time, "Parameter Lane Is Drawn by Time", "Behavior", "0", false,
+     Change::Nothing},
+    {"shift_draws_loop", &F::shift_draws_loop, "Shift and Drag in the Ruler Draw the Loop", "Behavior", "0",
+     false, Change::Nothing},
     {"events_follow_tempo", &F::events_follow_tempo, "Events Follow the Tempo", "Behavior", "0", false,
      Change::Nothing},
 };

@@ -3,6 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <bit>
+#include <charconv>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -14,6 +17,7 @@
 #include "instance/prseq.h"
 #include "instance/symbols.h"
 #include "interaction/go_to_event.h"
+#include "interaction/step_commands.h"
 #include "model/bpfs.h"
 #include "model/events.h"
 #include "model/select_where.h"
@@ -28,9 +32,33 @@ namespace {
 constexpr double day = 24 * 60 * 60 * 1000;  // ms
 constexpr double any = 1e12;                 // more than a timeline holds, in ms
 
+/// "1/16" or "1/8T", of a whole note.
+std::optional<double> note_value(std::string_view text) {
+    constexpr long shortest_note = 1024;
+    constexpr double triplet = 2. / 3;
+    if (!text.starts_with("1/")) return {};
+    const char* const end = text.data() + text.size();
+    long parts = 0;
+    const auto [at, fault] = std::from_chars(text.data() + 2, end, parts);
+    const std::string_view rest(at, static_cast<size_t>(end - at));
+    if (fault != std::errc() || parts < 1 || parts > shortest_note || (rest != "" && rest != "T")) return {};
+    return (rest == "T" ? triplet : 1) / static_cast<double>(parts);
+}
+
+/// In ms, as a note value, or "snap": what time snaps to, as without any.
+GridStep grid_step(Arguments& arguments) {
+    const std::string word = arguments.word_ahead();
+    const std::optional<double> note = note_value(word);
+    if (note || word == "snap") {
+        arguments.text("GRID");
+        return {.note = note};
+    }
+    return {.ms = arguments.optional_number({"GRID", 1, day})};
+}
+
 void quantise(Prseq& object, Arguments& arguments) {
     static constexpr const char* whats[] = {"starts", "ends", "both"};
-    const Quantisation how{.grid = arguments.optional_number({"GRID_MS", 1, day}),
+    const Quantisation how{.grid = grid_step(arguments),
                            .strength = arguments.optional_number({"STRENGTH", 0, 1}).value_or(1),
                            .swing = arguments.optional_number({"SWING", 0, 1}).value_or(0),
                            .what = Quantisation::Ends(arguments.optional_word("the last argument", whats))};
@@ -56,6 +84,30 @@ void humanise(Prseq& object, Arguments& arguments) {
     if (const auto seed = arguments.optional_number({"SEED", 0, 1e9})) how.seed = static_cast<long>(*seed);
     arguments.end();
     humanise_selection(object, how);
+}
+
+void transpose(Prseq& object, Arguments& arguments) {
+    constexpr double all_keys = 131;
+    const double semitones = arguments.number({"SEMITONES", -all_keys, all_keys});
+    arguments.end();
+    move_selection(object, 0, semitones);
+}
+
+/// Of a curve that events can have beside "Pitch".
+Symbol curve_name(Arguments& arguments) {
+    const Symbol name = gensym(arguments.text("NAME"));
+    if (name.empty() || name == tq_sym_Pitch) throw BadArgument{"NAME is to be a curve other than \"Pitch\""};
+    return name;
+}
+
+void curve_fade(Prseq& object, Arguments& arguments) {
+    constexpr double full = 127;
+    Fade how{.curve = curve_name(arguments),
+             .from = arguments.number({"FROM", 0, 1}),
+             .to = arguments.number({"TO", 0, 1})};
+    how.level = arguments.optional_number({"LEVEL", 0, full}).value_or(full);
+    arguments.end();
+    fade_selection(object, how);
 }
 
 void split(Prseq& object, Arguments& arguments) {
@@ -187,11 +239,21 @@ void track_name(Prseq& object, Arguments& arguments) {
 void track_level(Prseq& object, Arguments& arguments) {
     constexpr double any_level = 1e9;
     Track* track = track_of(object, "track_level", arguments);
-    const Symbol name = gensym(arguments.text("NAME"));
+    const Symbol name = curve_name(arguments);
     const double level = arguments.number({"LEVEL", -any_level, any_level});
     arguments.end();
-    if (name.empty() || name == tq_sym_Pitch) throw BadArgument{"NAME is to be a curve other than \"Pitch\""};
     if (track) change_curve_level(object, track, name, level);
+}
+
+void time_signature(Prseq& object, Arguments& arguments) {
+    constexpr double last_bar = 1e6, most_beats = 128, shortest_note = 128;
+    const double bar = arguments.number({"BAR", 1, last_bar}),
+                 beats = arguments.number({"BEATS", 1, most_beats}),
+                 note = arguments.number({"NOTE", 1, shortest_note});
+    arguments.end();
+    if (!std::has_single_bit(static_cast<unsigned long>(note)))
+        throw BadArgument{"NOTE has to be one of 1, 2, 4, 8, 16, 32, 64, 128"};
+    change_time_signature(object, static_cast<long>(bar), static_cast<long>(beats), static_cast<long>(note));
 }
 
 template <std::string DocumentInfo::*text>
@@ -216,6 +278,8 @@ constexpr MessageRow rows[] = {{"quantise", quantise},
                                {"reverse", plain<reverse_selection>},
                                {"humanise", humanise},
                                {"humanize", humanise},
+                               {"transpose", transpose},
+                               {"curve_fade", curve_fade},
                                {"split", split},
                                {"join", plain<join_selection>},
                                {"velocity_scale", velocity_scale},
@@ -230,6 +294,7 @@ constexpr MessageRow rows[] = {{"quantise", quantise},
                                {"track_level", track_level},
                                {"track_name", track_name},
                                {"stretch_to_tempo", stretch_to_tempo},
+                               {"time_signature", time_signature},
                                {"document_title", document_text<&DocumentInfo::title>},
                                {"document_author", document_text<&DocumentInfo::author>},
                                {"document_memo", document_text<&DocumentInfo::memo>},

@@ -62,7 +62,9 @@ struct SelectionEdits : ScriptTest {
     std::string edited_velocities(const std::string& line, const std::string& name) {
         return edited(line, name, [this] { return velocities(); });
     }
-    static std::string without_length(const std::string& document) { return without(document, "maxtime"); }
+    static std::string without_length(const std::string& document) {
+        return without(without(document, "maxtime"), "horizontalscroll");
+    }
     void expect_no_step(const std::string& line) {
         const long steps = box().history.cursor;
         const std::string before = document();
@@ -107,6 +109,74 @@ TEST_F(SelectionEdits, QuantisesToTheRulersLines) {
     const auto line = [&](double ms) { return std::floor(ms / step + 0.5) * step; };
     EXPECT_EQ(edited_times(".command quantise", "Quantise Events"),
               fmt::format("{}+400* {}+400* {}+400*", line(90), line(760), line(1490)));
+}
+
+TEST_F(SelectionEdits, QuantisesToNoteValuesOfTheBars) {
+    for (double start : {90, 760, 1340, 3440}) add(start, 50);
+    select_all();
+    EXPECT_EQ(edited_times("quantise 1/4", "Quantise Events"), "0+50* 1000+50* 1000+50* 3000+50*")
+        << "whatever the ruler tells";
+    EXPECT_EQ(edited_times("quantise 1/8T", "Quantise Events"), "0+50* 667+50* 1333+50* 3333+50*");
+    EXPECT_EQ(edited_times("quantise 1/8 1 0.5 both", "Quantise Events"),
+              "0+625* 625+375* 1625+375* 3625+375*");
+    say("time_signature 1 7 8");
+    EXPECT_EQ(edited_times("quantise 1/4", "Quantise Events"), "0+50* 1000+50* 1000+50* 3500+50*")
+        << "the bar of seven eighths ends, and another begins, at 3500";
+    say("time_signature 1 4 4\ntime_display_type bars\nsnap_division 2");
+    EXPECT_EQ(edited_times("quantise snap 1 1", "Quantise Events"), "0+50* 750+50* 1000+50* 3750+50*");
+}
+
+TEST_F(SelectionEdits, FadesCurvesOverTheSelectionsTime) {
+    const auto curves = [this] {
+        return list([](const Event& e) {
+            std::string text = fmt::format("{}:", e.start);
+            for (const BpfRef& bpf : e.bpfs)
+                if (bpf->name() != gensym("Pitch"))
+                    for (const BpfPoint& point : bpf->points) text += fmt::format(" {:.4g}", point.y * 127);
+            return text;
+        });
+    };
+    add(0, 1000);
+    add(3000, 1000);
+    say("track_add other\nevent start 1000 duration 2000 <note> 60 80 </note>\n"
+        "track_bpf_add Volume 0 127 100\n.wait 100\nevent id 3 <bpf> Volume 0 100 1000 50 2000 100 </bpf>\n"
+        ".wait 100\n.command select_all_tracks");
+    EXPECT_EQ(edited("curve_fade Volume 1 0 90", "Fade Events", curves),
+              "0: 90 67.5* 3000: 22.5 0* 1000: 75 25 25*")
+        << "one line over both tracks; what was drawn keeps its shape";
+    EXPECT_EQ(box().tracks[0]->bpftypes.size(), 1u) << "and the curves that came go with the step";
+    EXPECT_EQ(edited("curve_fade Volume 0 0.5", "Fade Events", curves),
+              "0: 0 15.88* 3000: 47.62 63.5* 1000: 12.5 12.5 37.5*");
+    say("event_select 2");
+    EXPECT_EQ(edited(".command fade_out", "Fade Event", curves), "0: 127 127 3000: 127 0* 1000: 100 50 100");
+    say("event_select 3");
+    expect_no_step("curve_fade Volume 1 1");
+}
+
+TEST_F(SelectionEdits, OfSeveralTracksActOnAllOfThem) {
+    say("time_display_type bars\nsnap_division 1\nsnaptime 1");
+    add(0, 500, 60);
+    add(4000, 500, 61);
+    say("track_add other\nevent start 1000 duration 500 <note> 70 80 </note>\n.wait 100\ncyclerange 0 4000\n"
+        ".command select_loop");
+    EXPECT_EQ(edited_times(".command move_later", "Move Events"), "1000+500* 4000+500 2000+500*");
+    EXPECT_EQ(edited(".command transpose_up", "Move Events", [this] { return pitches(); }),
+              "61@0* 61@4000 71@1000*");
+    EXPECT_EQ(edited("transpose -12", "Move Events", [this] { return pitches(); }), "48@0* 61@4000 58@1000*");
+    EXPECT_EQ(edited_times(".command lengthen", "Change Events Duration"), "0+1500* 4000+500 1000+1500*");
+    EXPECT_EQ(edited_times(".command delete", "Delete Events"), "4000+500");
+    EXPECT_EQ(edited_times(".command duplicate", "Copy Events"),
+              "0+500 2000+500* 4000+500 1000+500 3000+500*");
+    say(".command select_loop\n.command copy\nposition 8000");
+    EXPECT_EQ(edited_times(".command paste_at_position", "Paste Events"),
+              "0+500 4000+500 8000+500* 1000+500 9000+500*")
+        << "each on its track";
+    say(".command select_loop\n.command cut");
+    EXPECT_EQ(times(), "4000+500");
+    say("track_delete 0\nposition 8000\n.command paste_at_position");
+    EXPECT_EQ(times(), "8000+500* 9000+500*") << "what was on a track that has gone comes to the active one";
+    say("undo\nundo\nundo\n.command select_all_tracks\ntrack_active 0");
+    EXPECT_EQ(times(), "0+500 4000+500 1000+500") << "another track's turn begins with nothing selected";
 }
 
 TEST_F(SelectionEdits, LegatoReachesTheNextStartOnTheTrack) {
@@ -307,10 +377,14 @@ TEST_F(SelectionEdits, TellWhatIsWrongByName) {
     add(13, 100);
     select_all();
     const std::pair<const char*, const char*> faults[] = {
-        {"quantise 0", "GRID_MS has to be a number from 1 to 86400000, not 0"},
+        {"quantise 0", "GRID has to be a number from 1 to 86400000, not 0"},
         {"quantise 250 2", "STRENGTH has to be a number from 0 to 1, not 2"},
         {"quantise 250 begin", "the last argument has to be one of starts, ends, both, not begin"},
         {"quantise 250 ends 1", "1 is not expected there"},
+        {"quantise 1/0", "the last argument has to be one of starts, ends, both, not 1/0"},
+        {"quantise 1/8th", "the last argument has to be one of starts, ends, both, not 1/8th"},
+        {"curve_fade Pitch 1 0", "NAME is to be a curve other than \"Pitch\""},
+        {"curve_fade Volume 1 2", "TO has to be a number from 0 to 1, not 2"},
         {"stretch", "FACTOR is missing"},
         {"stretch slowly", "FACTOR has to be a number from 0.001 to 1000, not slowly"},
         {"legato -5", "GAP_MS has to be a number from 0 to 86400000, not -5"},

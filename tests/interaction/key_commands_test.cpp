@@ -89,7 +89,7 @@ TEST_F(Steps, moveLengthenAndTransposeTheSelectionAsAWhole) {
     after("lengthen");
     EXPECT_EQ(durations(), "1000 1100 1100 ");
     for (int i = 0; i < 12; ++i) after("shorten");
-    EXPECT_EQ(durations(), "1000 1 1 ");
+    EXPECT_EQ(durations(), "1000 25 25 ") << "by steps, then by halves";
     after("octave_up");
     after("transpose_up");
     EXPECT_EQ(pitches(), "60 75 77 ");

@@ -19,9 +19,11 @@ namespace fs = std::filesystem;
 /// and has menus in the window; scripts begin with the box as it is.
 struct {
     const char *name, *values;
-} constexpr beginning[] = {
-    {"snappitch", "1"},           {"snaptime", "1"},    {"snap_division", "4"}, {"bars_follow_tempo", "1"},
-    {"events_follow_tempo", "1"}, {"keep_middle", "1"}, {"menudisplay", "0"},   {"time_display_type", "2"}};
+} constexpr beginning[] = {{"snappitch", "1"},           {"snaptime", "1"},
+                           {"snap_division", "4"},       {"bars_follow_tempo", "1"},
+                           {"events_follow_tempo", "1"}, {"keep_middle", "1"},
+                           {"lane_by_time", "1"},        {"shift_draws_loop", "1"},
+                           {"menudisplay", "0"},         {"time_display_type", "2"}};
 
 fs::path settings_path() { return config_folder() / "box.json"; }
 

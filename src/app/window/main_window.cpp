@@ -16,6 +16,7 @@
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/console_lines.h"
+#include "app/window/edit_dialogs.h"
 #include "app/window/empty_hint.h"
 #include "app/window/event_table.h"
 #include "app/window/export_dialog.h"
@@ -29,6 +30,7 @@
 #include "instance/change.h"
 #include "instance/geometry.h"
 #include "model/bars.h"
+#include "model/selected_events.h"
 #include "model/tracks.h"
 #include "view/trackdisplay.h"
 
@@ -57,6 +59,12 @@ bool can_run(Command command, const Prseq& box) {
                                   command == Command::Save ||
                                   command == Command::ZoomOutAll;  // also where only the timeline has grown
     return looks_for_itself || command_row(command).enabled(box);
+}
+
+/// Whether a menu offers it: who opens one has nothing under way that undo could be about.
+bool can_choose(Command command, const Prseq& box) {
+    const bool steps = command == Command::Undo || command == Command::Redo;
+    return steps ? command_row(command).enabled(box) : can_run(command, box);
 }
 
 /// Whole numbers are exact as ints; floats are rounded to single precision.
@@ -198,8 +206,11 @@ void MainWindow::rename_track() {
 
 bool MainWindow::enabled(const Shortcut::What& what) const {
     const Prseq& box = session_.box();
-    if (const Command* command = std::get_if<Command>(&what)) return can_run(*command, box);
-    switch (std::get<WindowAction>(what)) {
+    if (const Command* command = std::get_if<Command>(&what)) return can_choose(*command, box);
+    const auto action = std::get<WindowAction>(what);
+    if (const EditDialogRow* row = find_edit_dialog(action))
+        return !row->of_selection || has_selected_events(box);
+    switch (action) {
         case WindowAction::StopScript:
             return console_lines_->script_runs();
         case WindowAction::Revert:
@@ -252,6 +263,7 @@ void MainWindow::run(const Shortcut::What& what) {
 }
 
 void MainWindow::run(WindowAction action) {
+    if (const EditDialogRow* row = find_edit_dialog(action)) return show_edit_dialog(*row);
     switch (action) {
         case WindowAction::Open:
             return files_.choose_and_open();
@@ -292,6 +304,9 @@ void MainWindow::run(WindowAction action) {
             return bar_->tap();
         case WindowAction::Quit:
             close();
+            return;
+        default:
+            return;  // a dialog's, see above
     }
 }
 
@@ -356,6 +371,15 @@ void MainWindow::show_levels() {
         levels_ =
             new TrackLevels(*this, session_.box(), [this](const std::string& message) { send(message); });
     bring_to_front(*levels_);
+}
+
+void MainWindow::show_edit_dialog(const EditDialogRow& row) {
+    EditDialog*& dialog = edit_dialogs_[row.action];
+    if (!dialog)
+        dialog = new EditDialog(*this, row,
+                                {.send = [this](const std::string& message) { send(message); },
+                                 .wants = [this](const Shortcut::What& what) { run(what); }});
+    bring_to_front(*dialog);
 }
 
 void MainWindow::show_events() {

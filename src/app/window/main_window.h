@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -23,11 +24,13 @@ class AttributeInspector;
 class BoxWidget;
 class Console;
 class ConsoleLines;
+class EditDialog;
 class EmptyHint;
 class EventTable;
 class HistoryList;
 class TrackLevels;
 class TransportBar;
+struct EditDialogRow;
 
 class MainWindow : public QWidget {
  public:
@@ -81,6 +84,7 @@ class MainWindow : public QWidget {
     void show_history();
     void show_levels();
     void show_events();
+    void show_edit_dialog(const EditDialogRow& row);
 
     Loudspeaker loudspeaker_;  ///< outlives the session, whose notes it plays
     std::unique_ptr<Session> own_session_;
@@ -98,11 +102,12 @@ class MainWindow : public QWidget {
     InspectorWindows inspectors_;
     std::unique_ptr<AttributeInspector> settings_;  ///< none before it is opened
     bool keeps_looks_ = false;
-    EmptyHint* hint_ = nullptr;       ///< none where nobody works by hand
-    int console_height_ = 160;        ///< the next time that it opens
-    HistoryList* history_ = nullptr;  ///< likewise
-    EventTable* events_ = nullptr;    ///< likewise
-    TrackLevels* levels_ = nullptr;   ///< likewise
+    EmptyHint* hint_ = nullptr;                         ///< none where nobody works by hand
+    int console_height_ = 160;                          ///< the next time that it opens
+    HistoryList* history_ = nullptr;                    ///< likewise
+    EventTable* events_ = nullptr;                      ///< likewise
+    TrackLevels* levels_ = nullptr;                     ///< likewise
+    std::map<WindowAction, EditDialog*> edit_dialogs_;  ///< those that were opened
 };
 
 }  // namespace tq

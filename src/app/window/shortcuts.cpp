@@ -33,11 +33,13 @@ constexpr struct {
     {QKeySequence::Undo, Command::Undo, Window, repeats},
     {QKeySequence::Redo, Command::Redo, Window, repeats},
     {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Command::Redo, Window, repeats},
+    {Qt::CTRL | Qt::Key_Y, Command::Redo, Window, repeats},
     {QKeySequence::Cut, Command::Cut},
     {QKeySequence::Copy, Command::Copy},
     {QKeySequence::Paste, Command::PasteAtPosition},
     {Qt::CTRL | Qt::SHIFT | Qt::Key_V, Command::Paste},
     {QKeySequence::SelectAll, Command::SelectAll},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_A, Command::SelectAllTracks},
     {Qt::CTRL | Qt::Key_D, Command::Duplicate},
     {Qt::Key_Space, Command::PlayOrStop},
     {Qt::CTRL | Qt::Key_K, WindowAction::Console},
@@ -67,6 +69,9 @@ constexpr struct {
     {Qt::Key_M, Command::MuteTrack, Canvas},
     {Qt::SHIFT | Qt::Key_M, Command::SoloTrack, Canvas},
     {Qt::Key_Q, Command::Quantise, Canvas},
+    {Qt::SHIFT | Qt::Key_Q, WindowAction::QuantiseWith, Canvas},
+    {Qt::SHIFT | Qt::Key_H, WindowAction::HumaniseWith, Canvas},
+    {Qt::SHIFT | Qt::Key_T, WindowAction::Transpose, Canvas},
     {Qt::Key_L, Command::Legato, Canvas},
     {Qt::Key_H, Command::Humanise, Canvas},
     {Qt::Key_R, Command::Reverse, Canvas},
@@ -90,10 +95,20 @@ constexpr struct {
     {Qt::CTRL | Qt::Key_E, Command::ZoomToSelection, Canvas},
     {Qt::Key_F, Command::ZoomToSong, Canvas},
     {Qt::CTRL | Qt::Key_L, Command::LoopSelection, Canvas},
-    {Qt::CTRL | Qt::Key_R, Command::RepeatLoop, Canvas},
+    {Qt::CTRL | Qt::ALT | Qt::Key_L, Command::SelectLoop, Canvas},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_D, Command::RepeatLoop},
     {Qt::Key_F2, WindowAction::RenameTrack, Canvas},
     {Qt::Key_T, WindowAction::TapTempo, Canvas},
 };
+
+/// Each is the key of one thing: of two rows, the later one would do nothing.
+constexpr bool are_different() {
+    for (size_t i = 0; i < std::size(rows); ++i)
+        for (size_t j = 0; j < i; ++j)
+            if (rows[i].keys.index() == 1 && rows[i].keys == rows[j].keys) return false;
+    return true;
+}
+static_assert(are_different());
 
 constexpr struct {
     const char *name, *text;
@@ -116,6 +131,15 @@ constexpr struct {
     {"full_screen", "Full Screen"},
     {"keys", "Keys and Mouse"},
     {"tap_tempo", "Tap the Tempo"},
+    {"quantise_with", "Quantise, Swing..."},
+    {"humanise_with", "Humanise..."},
+    {"transpose_by", "Transpose..."},
+    {"stretch_by", "Stretch..."},
+    {"velocities", "Change Velocities..."},
+    {"crescendo", "Crescendo..."},
+    {"fade", "Fade..."},
+    {"select_where", "Select by Value..."},
+    {"time_signature", "Time Signature..."},
     {"quit", "Quit"},
 };
 

@@ -35,6 +35,15 @@ enum class WindowAction {
     FullScreen,
     Keys,
     TapTempo,
+    QuantiseWith,
+    HumaniseWith,
+    Transpose,
+    Stretch,
+    Velocities,
+    Crescendo,
+    FadeCurve,
+    SelectWhere,
+    TimeSignature,
     Quit
 };
 const char* text_of(WindowAction action);

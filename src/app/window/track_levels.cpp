@@ -45,6 +45,12 @@ double level_from(const Track& track, const std::string& name, int value) {
     return type ? type->minimum + (type->maximum - type->minimum) * value / loudest : value;
 }
 
+/// Behind the number of a pan.
+QString side_of(int pan) {
+    constexpr int middle = 64;
+    return pan == middle ? " middle" : pan < middle ? " left" : " right";
+}
+
 }  // namespace
 
 TrackLevels::TrackLevels(QWidget& window, const Prseq& box, std::function<void(const std::string&)> send)
@@ -69,6 +75,9 @@ void TrackLevels::add_row(int controller) {
     const Row row{controller_name(controller), controller_initial(controller), new QSlider(Qt::Horizontal),
                   new QSpinBox};
     const QString name = QString::fromStdString(row.name);
+    if (controller == Pan)
+        connect(row.number, &QSpinBox::textChanged, row.number,
+                [number = row.number] { number->setSuffix(side_of(number->value())); });
     row.slider->setRange(0, loudest);
     row.slider->setMinimumWidth(slider_width);
     row.slider->setObjectName(name);

@@ -65,6 +65,7 @@ const std::vector<MenuRow>& menus() {
           Command::Delete,
           Separator,
           Command::SelectAll,
+          Command::SelectAllTracks,
           Command::SelectNothing,
           Separator,
           Command::InsertEvent,
@@ -79,9 +80,32 @@ const std::vector<MenuRow>& menus() {
           Separator,
           Command::EventInspector}},
         {"&Selection",
-         {Command::Quantise, Command::Humanise, Command::Legato, Command::HalfAsLong, Command::TwiceAsLong,
-          Command::Reverse, Separator, Command::Split, Command::Join, Separator, Command::Louder,
-          Command::Softer, Separator, Command::InvertSelection}},
+         {Command::Quantise,
+          WindowAction::QuantiseWith,
+          Command::Humanise,
+          WindowAction::HumaniseWith,
+          Command::Legato,
+          Separator,
+          WindowAction::Transpose,
+          WindowAction::Stretch,
+          Command::HalfAsLong,
+          Command::TwiceAsLong,
+          Command::Reverse,
+          Separator,
+          Command::Split,
+          Command::Join,
+          Separator,
+          Command::Louder,
+          Command::Softer,
+          WindowAction::Velocities,
+          WindowAction::Crescendo,
+          Command::FadeIn,
+          Command::FadeOut,
+          WindowAction::FadeCurve,
+          Separator,
+          Command::InvertSelection,
+          WindowAction::SelectWhere,
+          Command::SelectLoop}},
         {"&Track",
          {Command::NewTrack, Command::DeleteTrack, Command::PreviousTrack, Command::NextTrack, Separator,
           WindowAction::RenameTrack, Sounds, WindowAction::Levels, Command::MuteTrack, Command::SoloTrack,
@@ -90,9 +114,9 @@ const std::vector<MenuRow>& menus() {
          {Command::EditBpfs, Separator, Command::DisplayAllBpfs, Separator, Command::BpfTimeAbsolute,
           Command::BpfTimeRelative, CurveTypes}},
         {"&Grid",
-         {Command::TimeSnap, Divisions, Command::PitchSnap, Separator, Command::Milliseconds,
-          Command::MinutesSeconds, Command::BarsBeats, Separator, Command::BarsFollowTempo,
-          Command::EventsFollowTempo}},
+         {Command::TimeSnap, Divisions, Command::PitchSnap, Separator, WindowAction::TimeSignature, Separator,
+          Command::Milliseconds, Command::MinutesSeconds, Command::BarsBeats, Separator,
+          Command::BarsFollowTempo, Command::EventsFollowTempo}},
         {"&View",
          {Command::TrackDisplay,
           Command::KeyDisplay,
@@ -165,7 +189,9 @@ class MenuFiller {
     }
 
     void add_sounds() {
-        QMenu* sounds = menu_.addMenu("Sound");
+        const Track* track = track_at(box_, box_.activetrack);
+        QMenu* sounds = menu_.addMenu(
+            "Sound\t" + (track ? sound_name(track->destination.text()).replace("&", "&&") : QString()));
         sounds->setEnabled(acts_->enabled(Command::DeleteTrack));  // there is a track
         fill_sound_menu(*sounds, acts_->destination(), [acts = acts_](const std::string& receiver) {
             acts->send("track_destination " + receiver);
