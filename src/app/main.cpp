@@ -53,6 +53,7 @@ static int run(int argc, char** argv) {
     render_app->add_option("--wav", render.wav, "the sound, as a WAV file");
     render_app->add_option("--midi", render.midi, "the notes, as a Standard MIDI File");
     render_app->add_option("--png", render.png, "the picture, as a PNG file");
+    render_app->add_flag("--full-level", render.full_level, "the sound is as loud as its file can be");
     render_app->add_flag("--whole", render.whole, "the picture shows the whole song");
     render_app->add_option("--size", render.size, "the picture's size, WIDTHxHEIGHT in pixels (1200x700)");
     add_buffers(*render_app, render.buffers);

@@ -158,7 +158,7 @@ TEST_F(ExactSong, IsWrittenOnItsTicks) {
     say("mouse_mode insert");
     for (int sixteenth = 0; sixteenth < 16; ++sixteenth) click(sixteenth * 15000 / 104. + 3, 60);
     const std::string file = folder.file("a.mid");
-    ASSERT_TRUE(export_document(script.session(), file, [](double) { return true; }).written);
+    ASSERT_TRUE(export_document(script.session(), {file}, [](double) { return true; }).written);
     say(".import " + file);
     ASSERT_EQ(box().tracks.front()->events.size(), 16u);
     for (int sixteenth = 0; sixteenth < 16; ++sixteenth) {

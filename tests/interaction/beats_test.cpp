@@ -113,6 +113,20 @@ TEST_F(Beats, CopiesBeginAtTheSamePlaceOfTheBar) {
     EXPECT_EQ(events(), "0+100@60 100+100@60*") << "at its end";
 }
 
+/// The last of a bar of swung sixteenths lasts a little into the next bar.
+TEST_F(Beats, WhatSwingsIsCopiedToTheNextBar) {
+    for (int i = 0; i < 16; ++i)
+        say("event start " + std::to_string(i * 150) + " duration 150 <note> 60 90 </note>");
+    say(".wait 100\n.command select_all\nquantise snap 1 0.5\n.command duplicate");
+    EXPECT_EQ(box().tracks[0]->events.at(15)->end(), 2437.5);
+    EXPECT_EQ(box().tracks[0]->events.at(16)->start, 2400);
+    say("undo\n.command select_all\n.command copy\nposition 2400\n.command paste_at_position");
+    EXPECT_EQ(box().linecursor.position, 4800);
+    say("undo\nevent_delete 15\nevent id 16 duration 300\n.wait 100\n.command select_all\n.command "
+        "duplicate");
+    EXPECT_EQ(box().tracks[0]->events.at(15)->start, 4800) << "what lasts longer than that is another bar";
+}
+
 TEST_F(Beats, PastingGoesOnFromThePosition) {
     say("event start 0 duration 100 <note> 60 90 </note>\nevent start 1800 duration 100 <note> 64 90 "
         "</note>\n.wait 100");

@@ -64,6 +64,40 @@ TEST_F(ParameterGestureTest, ThePressSetsTheValueOfTheBarItHits) {
     EXPECT_EQ(values()[0], 95.25);
 }
 
+/// Each bar is 5 pixels wide, and a chord is one bar.
+TEST_F(ParameterGestureTest, DrawnByTimeTheLineIsWhereThePointerWent) {
+    send("lane_by_time 1");
+    for (const char* pitch : {"64", "67"})
+        send("event start 3000 duration 50 <note> " + std::string(pitch) + " 3 </note>");
+    send("event start 3030 duration 50 <note> 70 7 </note>");
+    pause();
+    const Values before = values();
+    press(250, 0);
+    release();
+    EXPECT_EQ(values(), before) << "no bar is there";
+    press(302, 40);
+    release();
+    EXPECT_EQ(values(), (Values{1, 2, 63.5, 63.5, 63.5, 7, 4, 5, 6})) << "the whole chord";
+    press(304, 20);
+    release();
+    EXPECT_EQ(values()[5], 95.25) << "the bar that is seen there";
+    send("undo");
+    send("undo");
+    press(150, 0);
+    drag(550, 80);
+    EXPECT_EQ(values(),
+              (Values{1, 111.125, 79.375, 79.375, 79.375, 127 * (1 - 153. / 400), 47.625, 15.875, 6}))
+        << "on the line in time, from where it was pressed";
+    release();
+    EXPECT_EQ(last_edit(), "Change Events Velocity");
+    send("undo");
+    EXPECT_EQ(values(), before);
+    press(302, 40);
+    drag(502, 0, modifier_shift);
+    EXPECT_EQ(values(), (Values{1, 2, 127, 127, 127, 7, 4, 5, 6})) << "held with shift, the chord alone";
+    release();
+}
+
 TEST_F(ParameterGestureTest, ADragFillsInWhatItSkipsOnAStraightLine) {
     press(103, 40);
     drag(502, 0);

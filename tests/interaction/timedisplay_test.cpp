@@ -10,8 +10,8 @@ struct TimeDisplayTest : ScriptTest {
     TimeDisplayTest() {
         say(".size 1220 600\nzoom_animation 0\nzoom_out_all\ncycle 1\ncyclerange 2000 5000");
     }
-    Lines mouse(const std::string& what, double ms, double y) {
-        return say(".mouse " + what + " " + std::to_string(205 + ms / 10) + " " + std::to_string(y));
+    Lines mouse(const std::string& what, double ms, double y, const std::string& keys = "") {
+        return say(".mouse " + what + " " + std::to_string(205 + ms / 10) + " " + std::to_string(y) + keys);
     }
     static constexpr double bar = 43, above = 30;
     struct Drag {
@@ -49,6 +49,27 @@ TEST_F(TimeDisplayTest, ThePositionGoesWithThePointer) {
     mouse("drag", 5000, above);
     EXPECT_NEAR(box().linecursor.position, 1200, 1e-6);
     EXPECT_EQ(box().cycle.start, 2000);
+}
+
+TEST_F(TimeDisplayTest, WithShiftANewLoopIsDrawn) {
+    const auto draw = [this](double from, double to) {
+        mouse("down", from, above, " shift");
+        mouse("drag", (from + to) / 2, above, " shift");
+        mouse("drag", to, bar, " shift");
+        mouse("up", to, bar, " shift");
+    };
+    say("cycle 0\nposition 100");
+    draw(4040, 7980);
+    EXPECT_EQ(box().cycle.start, 2000) << "only where that is wanted";
+    say("cycle 0\nposition 100\nshift_draws_loop 1");
+    draw(4040, 7980);
+    EXPECT_EQ(box().cycle.start, 4000);
+    EXPECT_EQ(box().cycle.end, 8000) << "on the grid";
+    EXPECT_TRUE(box().cycle.active);
+    EXPECT_EQ(box().linecursor.position, 100) << "the position stays";
+    draw(5000, 1000);
+    EXPECT_EQ(box().cycle.start, 1000) << "backwards, and over the loop's bar";
+    EXPECT_EQ(box().cycle.end, 5000);
 }
 
 /// The grid is 100 ms: a tenth of a main division.

@@ -44,6 +44,7 @@ int run_play(const PlayCommand& command);
 struct RenderCommand {
     std::string file;
     std::string wav, midi, png;        ///< what to write; empty: not
+    bool full_level = false;           ///< the sound is as loud as its file can be
     bool whole = false;                ///< the picture shows the whole song, whatever the document's view is
     std::string size;                  ///< of the picture, WxH; empty: 1200x700
     std::vector<std::string> buffers;  ///< "NAME=FILE"

@@ -79,7 +79,8 @@ int run_render(const RenderCommand& command) {
             complain("could not write \"" + command.midi + "\": " + fault);
             return 1;
         }
-        if (!command.wav.empty()) render_wav(recorder.notes(), command.wav);
+        if (!command.wav.empty())
+            render_wav(recorder.notes(), command.wav, {.full_level = command.full_level});
     } catch (const std::exception& error) {
         complain(error.what());
         return 1;

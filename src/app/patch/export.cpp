@@ -44,8 +44,9 @@ bool write_notes(const Session& session, const NoteListener& notes, const Record
     return write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, fault);
 }
 
-ExportEnd export_document(Session& session, const std::string& path,
+ExportEnd export_document(Session& session, const ExportWish& wish,
                           const std::function<bool(double)>& progress) {
+    const std::string& path = wish.path;
     if (end_of_events(session.box()) > longest_ms) return {.fault = "the document is longer than a day"};
     if (!progress(0)) return {};
     ExportEnd end;
@@ -59,7 +60,8 @@ ExportEnd export_document(Session& session, const std::string& path,
         if (is_midi(path))
             end.written = write_notes(copy, notes, recorder, path, end.fault);
         else
-            end.written = render_wav(recorder.notes(), path, {.progress = progress});
+            end.written =
+                render_wav(recorder.notes(), path, {.progress = progress, .full_level = wish.full_level});
     } catch (const std::exception& error) {
         end.fault = error.what();
     }

@@ -16,11 +16,15 @@ struct ExportEnd {
     std::string fault{};  ///< why not; empty when it was stopped
 };
 
+struct ExportWish {
+    std::string path;
+    bool full_level = false;  ///< sound is as loud as its file can be
+};
+
 /// Plays a copy of the session's document through and writes what it plays: sound when the path ends in
-/// ".wav" or
-/// ".flac", notes when it ends in ".mid" or ".midi". `progress` is told how much is done, 0…1; when it
-/// answers false, the file stays as it was.
-ExportEnd export_document(Session& session, const std::string& path,
+/// ".wav" or ".flac", notes when it ends in ".mid" or ".midi". `progress` is told how much is done, 0…1; when
+/// it answers false, the file stays as it was.
+ExportEnd export_document(Session& session, const ExportWish& wish,
                           const std::function<bool(double)>& progress);
 
 /// Writes the notes that were played in the session, as a MIDI file with its tempo and bars. False, and why,

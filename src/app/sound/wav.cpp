@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <memory>
 
@@ -74,32 +75,54 @@ std::int64_t end_of(std::span<const PlayedNote> notes, const WavOptions& options
     return end;
 }
 
-void render_piece(Synth& synth, WavWriter& file, int frames) {
-    std::array<float, piece> left;
-    std::array<float, piece> right;
-    std::array<float, 2 * piece> both;
-    synth.render(left.data(), right.data(), frames);
-    synth.collect();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i) {
-        both[2 * i] = left[i];
-        both[2 * i + 1] = right[i];
+using Piece = std::array<float, 2 * piece>;  // left and right by turns
+
+/// Calls sink(Piece, frames) for all that sounds, and progress(0 to 1); false when that said so.
+template <typename Sink, typename Progress>
+bool render(std::span<const PlayedNote> notes, const WavOptions& options, Sink sink, Progress progress) {
+    Synth synth(options.sound_font.empty() ? find_sound_font() : options.sound_font, rate);
+    synth.set_volume(std::clamp(options.volume, 0.0, 1.0));
+    hand_in(synth, notes);
+    const std::int64_t end = end_of(notes, options);
+    const auto render_piece = [&](int frames) {
+        std::array<float, piece> left, right;
+        Piece both;
+        synth.render(left.data(), right.data(), frames);
+        synth.collect();
+        for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i) {
+            both[2 * i] = left[i];
+            both[2 * i + 1] = right[i];
+        }
+        sink(both, frames);
+    };
+    while (synth.position() < end) {
+        if (!progress(static_cast<double>(synth.position()) / static_cast<double>(end))) return false;
+        render_piece(static_cast<int>(std::min<std::int64_t>(piece, end - synth.position())));
     }
-    file.write(both.data(), frames);
+    while (!synth.silent() && synth.position() < end + longest_fade) render_piece(piece);
+    return true;
 }
 
 }  // namespace
 
 bool render_wav(std::span<const PlayedNote> notes, const std::string& path, const WavOptions& options) {
-    Synth synth(options.sound_font.empty() ? find_sound_font() : options.sound_font, rate);
-    synth.set_volume(std::clamp(options.volume, 0.0, 1.0));
-    hand_in(synth, notes);
-    const std::int64_t end = end_of(notes, options);
+    float peak = 0, gain = 1;
+    const double passes = options.full_level ? 2 : 1;
+    const auto listen = [&](const Piece& both, int frames) {
+        for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(frames); ++i)
+            peak = std::max(peak, std::abs(both[i]));
+    };
+    if (options.full_level &&
+        !render(notes, options, listen, [&](double done) { return options.progress(done / passes); }))
+        return false;
+    if (peak > 0) gain = 1 / peak;
     WavWriter file(path);
-    while (synth.position() < end) {
-        if (!options.progress(static_cast<double>(synth.position()) / static_cast<double>(end))) return false;
-        render_piece(synth, file, static_cast<int>(std::min<std::int64_t>(piece, end - synth.position())));
-    }
-    while (!synth.silent() && synth.position() < end + longest_fade) render_piece(synth, file, piece);
+    const auto write = [&](Piece& both, int frames) {
+        for (float& sample : both) sample *= gain;
+        file.write(both.data(), frames);
+    };
+    const auto tell = [&](double done) { return options.progress((passes - 1 + done) / passes); };
+    if (!render(notes, options, write, tell)) return false;
     file.finish();
     return true;
 }

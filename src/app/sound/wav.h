@@ -15,6 +15,7 @@ struct WavOptions {
     std::string sound_font{};  ///< empty: the one that find_sound_font() finds
     /// Told now and then how much is done, 0…1; false: stop, and leave the file as it was.
     std::function<bool(double)> progress = [](double) { return true; };
+    bool full_level = false;  ///< as loud as the file can be: everything is rendered twice
 };
 
 /// Renders notes into a WAV file, or a FLAC file when the path ends so: 44100 Hz, stereo, 16 bit; each note

@@ -28,7 +28,7 @@ QString suffix_of(const QString& filter, const QString& otherwise) {
 
 constexpr const char* folder_key = "folder";
 
-/// Where a file was written last, else where the user's documents are, if anywhere.
+/// Where a file was opened or written last, else where the user's documents are, if anywhere.
 QString usual_folder() {
     const QString last = window_state()->value(folder_key).toString();
     for (const QString& folder : {last, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
@@ -36,7 +36,19 @@ QString usual_folder() {
     return QDir::homePath();
 }
 
+void remember_folder(const QString& file) {
+    window_state()->setValue(folder_key, QFileInfo(file).absolutePath());
+}
+
 }  // namespace
+
+QString choose_file_to_open(QWidget& window, const QString& title, const QString& filters,
+                            const std::string& folder) {
+    const QString begin = folder.empty() ? usual_folder() : QString::fromStdString(folder);
+    const QString chosen = QFileDialog::getOpenFileName(&window, title, begin, filters);
+    if (!chosen.isEmpty()) remember_folder(chosen);
+    return chosen;
+}
 
 QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name) {
     QFileDialog dialog(&window, question.title, {}, question.filters);
@@ -50,7 +62,7 @@ QString choose_file_to_write(QWidget& window, const FileQuestion& question, cons
     dialog.selectFile(wanted.fileName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     const QString chosen = dialog.selectedFiles().front();
-    window_state()->setValue(folder_key, QFileInfo(chosen).absolutePath());
+    remember_folder(chosen);
     return chosen;
 }
 
@@ -67,7 +79,7 @@ ExportEnd export_with_progress(QWidget& window, Session& session, const ExportKi
     dialog.setObjectName("export progress");
     dialog.setWindowModality(Qt::WindowModal);  // setValue() lets the window live meanwhile
     dialog.setMinimumDuration(shown_after_ms);
-    const ExportEnd end = export_document(session, path, [&](double done) {
+    const ExportEnd end = export_document(session, {path, kind.full_level}, [&](double done) {
         dialog.setValue(static_cast<int>(done * (full - 1)));
         return !dialog.wasCanceled();
     });

@@ -1,4 +1,4 @@
-// Choosing a file to write, and writing it while the user looks on.
+// Choosing files, and writing one while the user looks on.
 #pragma once
 
 #include <QString>
@@ -16,14 +16,21 @@ struct FileQuestion {
     const char* filters;
     const char* suffix;  ///< of a name that has none
 };
+/// Empty when the user cancels. The dialog begins in a folder, or without one where a file was last opened or
+/// written, or among the user's documents.
+QString choose_file_to_open(QWidget& window, const QString& title, const QString& filters,
+                            const std::string& folder);
 /// Empty when the user cancels. What exists is only written over when the user says so.
 QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name);
 
 struct ExportKind {
     FileQuestion question;
     bool picture = false;
+    bool full_level = false;  ///< the sound is as loud as its file can be
 };
 inline constexpr ExportKind sound_export{{"Export Sound", "WAV (*.wav);;FLAC (*.flac)", "wav"}};
+inline constexpr ExportKind loud_sound_export{
+    {"Export Sound at Full Level", "WAV (*.wav);;FLAC (*.flac)", "wav"}, false, true};
 inline constexpr ExportKind midi_export{{"Export MIDI File", "Standard MIDI Files (*.mid *.midi)", "mid"}};
 inline constexpr ExportKind picture_export{{"Export Picture", "PNG (*.png)", "png"}, true};
 

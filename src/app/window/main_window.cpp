@@ -216,6 +216,7 @@ bool MainWindow::enabled(const Shortcut::What& what) const {
         case WindowAction::Revert:
             return !box.info.filename.empty();
         case WindowAction::ExportSound:
+        case WindowAction::ExportLoudSound:
         case WindowAction::ExportMidi:
             return command_row(Command::SaveAs).enabled(box);
         case WindowAction::BringBack:
@@ -271,6 +272,8 @@ void MainWindow::run(WindowAction action) {
             return files_.revert();
         case WindowAction::ExportSound:
             return files_.export_as(sound_export);
+        case WindowAction::ExportLoudSound:
+            return files_.export_as(loud_sound_export);
         case WindowAction::ExportMidi:
             return files_.export_as(midi_export);
         case WindowAction::ExportPicture:

@@ -116,6 +116,7 @@ constexpr struct {
     {"open_file", "Open..."},
     {"revert", "Revert to Saved"},
     {"export_sound", "Export Sound..."},
+    {"export_sound_full_level", "Export Sound at Full Level..."},
     {"export_midi", "Export MIDI File..."},
     {"export_picture", "Export Picture..."},
     {"bring_back", "Bring Back the Previous Document"},

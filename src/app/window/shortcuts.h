@@ -20,6 +20,7 @@ enum class WindowAction {
     Open,
     Revert,
     ExportSound,
+    ExportLoudSound,
     ExportMidi,
     ExportPicture,
     BringBack,

@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <cstdio>
 #include <filesystem>
@@ -53,7 +54,8 @@ std::optional<std::string> WindowFiles::ask(Dialog dialog) {
 }
 
 std::optional<std::string> WindowFiles::open_dialog() {
-    return ask([this] { return QFileDialog::getOpenFileName(&window_, "Open", {}, document_files); });
+    return ask(
+        [this] { return choose_file_to_open(window_, "Open", document_files, session_.box().info.folder); });
 }
 
 std::optional<std::string> WindowFiles::save_dialog(const std::string& name) {
@@ -102,7 +104,7 @@ void WindowFiles::show_all() {
 }
 
 void WindowFiles::choose_and_open() {
-    const QString path = QFileDialog::getOpenFileName(&window_, "Open", {}, openable_files);
+    const QString path = choose_file_to_open(window_, "Open", openable_files, session_.box().info.folder);
     if (!path.isEmpty()) open_another(path.toStdString());
 }
 
@@ -116,6 +118,9 @@ bool WindowFiles::may_lose_document() {
     QMessageBox box(QMessageBox::Question, "sorvo", "Save the changes to \"" + document_name() + "\"?",
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
     box.setObjectName("save question");
+    box.button(QMessageBox::Save)->setText("&Save");  // some desktops leave out what can be pressed with Alt
+    box.button(QMessageBox::Discard)->setText("&Don't Save");
+    box.button(QMessageBox::Cancel)->setText("&Cancel");
     box.setInformativeText("A copy of what is not saved is kept among your state files.");
     const int answer = while_time_goes_on([&] { return box.exec(); });
     if (answer == QMessageBox::Save) window_.run(Shortcut::What(Command::Save));
@@ -155,7 +160,12 @@ void WindowFiles::bring_previous_back() {
 MainWindow& WindowFiles::make_another(std::unique_ptr<Session> session) const {
     auto* window = new MainWindow(open_loudspeaker(), std::move(session));
     window->setAttribute(Qt::WA_DeleteOnClose);
-    if (asks_) window->files().ask_before_losing();
+    if (asks_) {
+        window->files().ask_before_losing();
+        window->keep_looks();
+        constexpr QPoint aside{30, 30};  // so that both are seen
+        window->move(window->pos() + aside);
+    }
     return *window;
 }
 

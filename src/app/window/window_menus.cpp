@@ -42,6 +42,7 @@ const std::vector<MenuRow>& menus() {
           WindowAction::Revert,
           Separator,
           WindowAction::ExportSound,
+          WindowAction::ExportLoudSound,
           WindowAction::ExportMidi,
           WindowAction::ExportPicture,
           Separator,
