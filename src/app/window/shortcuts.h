@@ -24,6 +24,7 @@ enum class WindowAction {
     ExportPicture,
     BringBack,
     UnsavedWork,
+    AddSound,
     RunScript,
     StopScript,
     Console,
