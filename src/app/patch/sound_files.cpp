@@ -39,8 +39,8 @@ void SoundFiles::adopt(const std::string& name) {
     made_[name] = {sound_file_at(buffer->path()).value_or(gone), document_};
 }
 
-/// The document's own stays where no other lies in its place: it was dropped on it, or the document was saved
-/// elsewhere since.
+/// The document's own stays, also where another lies beside it: it was dropped, or the document was saved
+/// elsewhere since. It is read again when its file was written anew.
 void SoundFiles::want(Symbol symbol) {
     Host& host = session_.host();
     const std::string& name = symbol.text();

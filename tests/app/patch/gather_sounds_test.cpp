@@ -81,7 +81,6 @@ TEST_F(GatheredSoundsTest, aDocumentKeepsItsOwnWhereverItIsSaved) {
     write_silence(file("lib/kick.wav"), 100);
     write_silence(file("song/kick.wav"), 200);
     write_silence(file("moved/kick.wav"), 300);
-    fs::copy_file(file("lib/kick.wav"), file("lib/other.wav"));
     ASSERT_TRUE(add({"lib/kick.wav"}));
     for (const char* name : {"song/mine.json", "moved/mine.json"}) {
         save(name);
@@ -95,10 +94,15 @@ TEST_F(GatheredSoundsTest, aDocumentKeepsItsOwnWhereverItIsSaved) {
 
     ASSERT_TRUE(session.open(file("song/mine.json")));
     EXPECT_EQ(link().length, 200) << "another document has its own";
-    ASSERT_TRUE(add({"lib/kick.wav", "lib/other.wav", "song/kick.wav"}));
+    fs::create_directory(file("again"));
+    fs::copy_file(file("song/kick.wav"), file("again/kick.wav"));
+    write_silence(file("song/free.wav"), 1);
+    write_silence(file("lib/free.wav"), 2);
+    ASSERT_TRUE(add({"lib/kick.wav", "again/kick.wav", "lib/free.wav", "song/free.wav"}));
     EXPECT_EQ(heard("kick-2"), "lib/kick.wav");
-    EXPECT_EQ(heard("other"), "lib/other.wav");
-    EXPECT_EQ(session.host().buffers.size(), 3u) << "a file beside the document is what its name says";
+    EXPECT_EQ(heard("free-2"), "lib/free.wav") << "the name is that of the file beside the document";
+    EXPECT_EQ(heard("free"), "song/free.wav");
+    EXPECT_EQ(session.host().buffers.size(), 4u) << "the same bytes are the same sound";
     session.send("read");  // cancelled: an untitled document
     ASSERT_TRUE(add({"moved/kick.wav"}));
     EXPECT_EQ(heard("kick"), "moved/kick.wav") << "what the other document has left means nothing";

@@ -114,9 +114,15 @@ TEST_F(WindowSounds, SeveralComeOneBehindTheOtherEachAStep) {
         session.send("undo");
         EXPECT_EQ(count(), left) << "each is a step";
     }
+    session.send("event start 9000");  // its burst is open
     drop_at(on_canvas(window, 100, 50), {"other/kick.wav"});
     EXPECT_EQ(name_of(0), "kick-2") << "it has its name already";
     EXPECT_EQ(box.tracks.size(), 1u) << "on the active track";
+    session.send("event start 9500");
+    for (size_t left : {2u, 1u, 0u}) {
+        session.send("undo");
+        EXPECT_EQ(count(), left) << "bursts end before and behind it";
+    }
 }
 
 TEST_F(WindowSounds, ElsewhereAndByTheMenuTheyComeAtThePosition) {
