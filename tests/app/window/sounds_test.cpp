@@ -8,6 +8,7 @@
 
 #include "app/journal/journalled.h"
 #include "app/window/window_fixture.h"
+#include "host/files.h"
 #include "model/events.h"
 #include "sounds.h"
 
@@ -57,7 +58,9 @@ struct WindowSounds : WindowTest {
             if (action->text().section('\t', 0, 0) == text) return action->trigger();
         ADD_FAILURE() << text;
     }
+    /// The dialog must not find the file that it proposes: it would ask whether to write over that.
     void save_as(const std::string& name) {
+        if (!box.info.filename.empty()) fs::remove(path_in_folder(box.info.folder, box.info.filename));
         answer_file_dialog(QString::fromStdString(file(name)));
         choose("File", "Save As...");
     }
