@@ -69,11 +69,14 @@ class InsertGesture final : public Gesture {
 
 }  // namespace
 
+double start_to_insert(const Prseq& object, const Pointer& pointer) {
+    const double at = snapped_start(object, pointer.ms);
+    return object.snaptime && object.meter.followstempo ? at : std::trunc(at);
+}
+
 std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press) {
     deselect_all_events(object);
-    const double at = snapped_start(object, press.ms);
-    const bool exact = object.snaptime && object.meter.followstempo;
-    EventRef event = insert_event(object, exact ? at : std::trunc(at), pitch_to_insert(object, press));
+    EventRef event = insert_event(object, start_to_insert(object, press), pitch_to_insert(object, press));
     if (const std::optional<double> step = Snap(object).step(event->start)) last(object, event, *step);
     tell(object, *event, press);
     return std::make_unique<InsertGesture>(std::move(event));

@@ -9,6 +9,8 @@ namespace tq {
 
 struct Prseq;
 
+/// Where an event begins that is drawn at the pointer, in ms: on the line of the grid that is meant.
+double start_to_insert(const Prseq& object, const Pointer& pointer);
 /// Makes the event, in a track "Untitled" when the document has none.
 std::unique_ptr<Gesture> insert_gesture(Prseq& object, const Pointer& press);
 

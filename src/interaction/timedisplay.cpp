@@ -96,9 +96,9 @@ class DrawLoopGesture final : public Gesture {
     bool edits() const override { return false; }
 
     void step(Prseq& object, const Pointer& to) override {
-        const auto [start, end] = std::minmax(press_ms_, line_under(object, to.at));
-        if (start == end) return;
-        prseq_cyclerange(object, start, end);
+        const double here = line_under(object, to.at);
+        if (here == press_ms_) return;
+        prseq_cyclerange(object, std::min(here, press_ms_), std::max(here, press_ms_));
         TQ_Prseq_Output_CycleRange(object);
         if (object.cycle.active) return;
         prseq_cycle(object, true);

@@ -18,6 +18,7 @@ class ConsoleLines : public WindowLines {
     void run(const std::vector<std::string>& lines);
     /// Asks for a script and runs it; false when none was chosen.
     bool choose_and_run();
+    using WindowLines::speaking;
 
  private:
     void say(const std::string& line) override;

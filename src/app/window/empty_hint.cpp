@@ -19,7 +19,7 @@ QString what_to_do() {
     return "<table align='center' cellpadding='3'>" +
            row(Command::InsertMode, "the pencil: drag here to draw notes") +
            row(Command::SelectMode, "the arrow: select, move and resize them") +
-           row(WindowAction::Open, "open a document or a MIDI file; or drop it here") +
+           row(WindowAction::Open, "open a document or a MIDI file; or drop it here, or sounds") +
            row(Command::PlayOrStop, "play, stop") +
            row(WindowAction::Keys, "all keys, and what the mouse does") +
            "</table><p>Track &gt; Sound chooses an instrument, Grid what time snaps to; the tempo is in the "

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/patch/exact_atom.h"
 #include "app/window/note_names.h"
 #include "app/window/position_text.h"
 #include "instance/prseq.h"
@@ -16,11 +17,6 @@ using Edited = std::optional<Atoms>;
 QString text_of(double value) { return QString::number(value, 'g', 12); }
 QString text_of(const std::string& text) { return QString::fromStdString(text); }
 
-/// Whole numbers are exact as ints.
-Atom atom_of(double value) {
-    return value == std::floor(value) ? Atom(static_cast<long>(value)) : Atom(value);
-}
-
 struct Limits {
     double least, most;
 };
@@ -34,18 +30,18 @@ std::optional<double> number_of(const QString& typed, const Limits& limits) {
 
 Edited set_start(const Prseq&, const Event&, const QString& typed) {
     const std::optional<double> ms = number_of(typed, starts);
-    return ms ? Edited({tq_sym_start, atom_of(*ms)}) : std::nullopt;
+    return ms ? Edited({tq_sym_start, exact_atom(*ms)}) : std::nullopt;
 }
 Edited set_bar(const Prseq& box, const Event&, const QString& typed) {
     const std::optional<double> ms = position_of_text(TimeFace::BarsBeats, typed, box.meter);
-    return ms ? Edited({tq_sym_start, atom_of(*ms)}) : std::nullopt;
+    return ms ? Edited({tq_sym_start, exact_atom(*ms)}) : std::nullopt;
 }
 Edited set_duration(const Prseq&, const Event&, const QString& typed) {
     const std::optional<double> ms = number_of(typed, durations);
-    return ms ? Edited({tq_sym_duration, atom_of(*ms)}) : std::nullopt;
+    return ms ? Edited({tq_sym_duration, exact_atom(*ms)}) : std::nullopt;
 }
 Edited note(double pitch, double velocity) {
-    return Atoms{tq_sym_tag_note_open, atom_of(pitch), atom_of(velocity), tq_sym_tag_note_close};
+    return Atoms{tq_sym_tag_note_open, exact_atom(pitch), exact_atom(velocity), tq_sym_tag_note_close};
 }
 Edited set_pitch(const Prseq&, const Event& event, const QString& typed) {
     const std::optional<double> pitch = number_of(typed, pitches);

@@ -50,6 +50,12 @@ QString choose_file_to_open(QWidget& window, const QString& title, const QString
     return chosen;
 }
 
+QStringList choose_files_to_open(QWidget& window, const QString& title, const QString& filters) {
+    const QStringList chosen = QFileDialog::getOpenFileNames(&window, title, usual_folder(), filters);
+    if (!chosen.isEmpty()) remember_folder(chosen.front());
+    return chosen;
+}
+
 QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name) {
     QFileDialog dialog(&window, question.title, {}, question.filters);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

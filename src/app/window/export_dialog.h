@@ -1,7 +1,7 @@
 // Choosing files, and writing one while the user looks on.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <functional>
 #include <string>
 
@@ -20,6 +20,8 @@ struct FileQuestion {
 /// written, or among the user's documents.
 QString choose_file_to_open(QWidget& window, const QString& title, const QString& filters,
                             const std::string& folder);
+/// The same of any number of files.
+QStringList choose_files_to_open(QWidget& window, const QString& title, const QString& filters);
 /// Empty when the user cancels. What exists is only written over when the user says so.
 QString choose_file_to_write(QWidget& window, const FileQuestion& question, const std::string& name);
 

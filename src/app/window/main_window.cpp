@@ -5,17 +5,16 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include <cmath>
-
+#include "app/patch/exact_atom.h"
 #include "app/window/attribute_inspector.h"
 #include "app/window/box_widget.h"
 #include "app/window/console.h"
 #include "app/window/console_lines.h"
+#include "app/window/dropped_files.h"
 #include "app/window/edit_dialogs.h"
 #include "app/window/empty_hint.h"
 #include "app/window/event_table.h"
@@ -40,20 +39,14 @@ namespace {
 
 constexpr int first_width = 1200, first_height = 740;
 
-/// The file that is dragged, or an empty path.
-QString dragged_file(const QMimeData* data) {
-    const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
-}
-
 void bring_to_front(QWidget& window) {
     window.show();
     window.raise();
     window.activateWindow();
 }
 
-/// A shortcut does what the item of a menu would, where that can be chosen. Undo and redo first end what is
-/// under way, which they may then be about, and saving asks for a name.
+/// A shortcut does what the item of a menu would, where that can be chosen. Undo and redo first end what
+/// is under way, which they may then be about, and saving asks for a name.
 bool can_run(Command command, const Prseq& box) {
     const bool looks_for_itself = command == Command::Undo || command == Command::Redo ||
                                   command == Command::Save ||
@@ -65,11 +58,6 @@ bool can_run(Command command, const Prseq& box) {
 bool can_choose(Command command, const Prseq& box) {
     const bool steps = command == Command::Undo || command == Command::Redo;
     return steps ? command_row(command).enabled(box) : can_run(command, box);
-}
-
-/// Whole numbers are exact as ints; floats are rounded to single precision.
-Atom exact_atom(double value) {
-    return value == std::floor(value) ? Atom(static_cast<long>(value)) : Atom(value);
 }
 
 /// Those that sound alone, by name.
@@ -282,6 +270,8 @@ void MainWindow::run(WindowAction action) {
             return files_.bring_previous_back();
         case WindowAction::UnsavedWork:
             return files_.choose_unsaved_work();
+        case WindowAction::AddSound:
+            return files_.choose_and_add_sounds();
         case WindowAction::History:
             return show_history();
         case WindowAction::RenameTrack:
@@ -399,6 +389,8 @@ void MainWindow::tell(const std::string& text) {
     box_->setFocus();  // who works there goes on
 }
 
+bool MainWindow::runs_line() const { return console_lines_ && console_lines_->speaking(); }
+
 void MainWindow::say(const std::string& text) { bar_->show_status(QString::fromStdString(text)); }
 
 void MainWindow::refresh() {
@@ -443,13 +435,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
 }
 
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!dragged_file(event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) { take_files(*event); }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    const QString file = dragged_file(event->mimeData());
-    if (!file.isEmpty()) files_.open_another(file.toStdString());
+    const QPointF at = box_->mapFrom(this, event->position());
+    files_.take_dropped(take_files(*event), {at.x(), at.y()});
 }
 
 }  // namespace tq

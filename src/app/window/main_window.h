@@ -41,11 +41,14 @@ class MainWindow : public QWidget {
     SessionTimer& timer() { return timer_; }
     BoxWidget& box() { return *box_; }
     WindowFiles& files() { return files_; }
+    SoundFiles& sounds() { return sounds_; }
     /// Looks as it did the last time, and the next time as now.
     void keep_looks();
     /// Says something on the console, and shows it.
     void tell(const std::string& text);
     void show_console(bool open);
+    /// Whether a line of the console, or of a script that it runs, is being run: no person's hand.
+    bool runs_line() const;
     /// Says in the bar what has been done.
     void say(const std::string& text);
     /// Sends the box a message in message text.

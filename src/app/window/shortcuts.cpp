@@ -121,6 +121,7 @@ constexpr struct {
     {"export_picture", "Export Picture..."},
     {"bring_back", "Bring Back the Previous Document"},
     {"unsaved_work", "Unsaved Work..."},
+    {"add_sound", "Add Sound..."},
     {"run_script", "Run Script..."},
     {"stop_script", "Stop the Script"},
     {"console", "Console"},

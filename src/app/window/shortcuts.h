@@ -25,6 +25,7 @@ enum class WindowAction {
     ExportPicture,
     BringBack,
     UnsavedWork,
+    AddSound,
     RunScript,
     StopScript,
     Console,

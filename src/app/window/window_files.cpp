@@ -1,15 +1,18 @@
 #include "app/window/window_files.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <fmt/ranges.h>
+
 #include <cstdio>
 #include <filesystem>
+#include <utility>
 
 #include "app/journal/kept_work.h"
 #include "app/journal/recovery.h"
+#include "app/patch/add_sounds.h"
 #include "app/patch/box_settings.h"
 #include "app/patch/kept_copies.h"
 #include "app/patch/recent_files.h"
@@ -27,7 +30,10 @@ namespace {
 
 const char *const document_files = "Documents (*.json *.sorvo);;All files (*)",
                   *const openable_files =
-                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)";
+                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)",
+                  *const sound_files =
+                      "Sounds (*.wav *.flac *.aif *.aiff *.ogg *.WAV *.FLAC *.AIF *.AIFF "
+                      "*.OGG);;All files (*)";
 
 }  // namespace
 
@@ -112,6 +118,45 @@ void WindowFiles::open_another(const std::string& path) {
     if (may_lose_document()) open(path);
 }
 
+void WindowFiles::take_dropped(const std::vector<std::string>& files, Point at) {
+    if (files.empty()) return;
+    if (files.size() == 1 && !has_sound_ending(files.front())) return open_another(files.front());
+    add(files, at);
+}
+
+void WindowFiles::choose_and_add_sounds() {
+    std::vector<std::string> files;
+    for (const QString& path : choose_files_to_open(window_, "Add Sound", sound_files))
+        files.push_back(path.toStdString());
+    if (!files.empty()) add(files, {});
+}
+
+/// At the point of the box, or at the play position.
+void WindowFiles::add(const std::vector<std::string>& sounds, std::optional<Point> at) {
+    timer_.act([this, sounds, at] {
+        const Prseq& box = session_.box();
+        const SoundPlace place = at ? place_at(box, *at) : place_at_position(box);
+        if (!add_sounds(session_, window_.sounds(), sounds, place)) window_.show_console(true);
+        window_.refresh();
+    });
+}
+
+/// Of documents alone: nothing else that a person writes takes this way.
+bool WindowFiles::write(const std::string& path, std::string_view bytes, std::string& fault) {
+    const bool written = PatchFiles::write(path, bytes, fault);
+    saved_ = saved_ || (written && asks_ && !window_.runs_line());
+    return written;
+}
+
+void WindowFiles::gather_sounds() {
+    const GatheredSounds gathered = gatherer_.gather(session_.box());
+    if (!gathered.copied.empty())
+        window_.say(fmt::format("Copied beside the document: {}", fmt::join(gathered.copied, ", ")));
+    gathered_ = gathered.told.empty();
+    for (const std::string& text : gathered.told) window_.tell(text);
+}
+
+/// What is told of its sounds can be read before a document that was saved goes.
 bool WindowFiles::may_lose_document() {
     const auto changed = [this] { return prseq_getdirtyflag(session_.box()); };
     if (!asks_ || !changed()) return true;
@@ -124,7 +169,7 @@ bool WindowFiles::may_lose_document() {
     box.setInformativeText("A copy of what is not saved is kept among your state files.");
     const int answer = while_time_goes_on([&] { return box.exec(); });
     if (answer == QMessageBox::Save) window_.run(Shortcut::What(Command::Save));
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !changed());
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !changed() && gathered_);
 }
 
 void WindowFiles::revert() {
@@ -242,6 +287,7 @@ bool WindowFiles::has_previous() const { return journal_ && has_previous_documen
 void WindowFiles::refresh() {
     if (std::string fault = journal_ ? journal_->take_fault() : ""; !fault.empty())
         object_post(session_.box(), "the journal of this session cannot be written: " + fault);
+    if (std::exchange(saved_, false)) gather_sounds();
     const DocumentInfo& info = session_.box().info;
     std::string path = info.filename.empty() ? "" : path_in_folder(info.folder, info.filename);
     if (path == remembered_) return;

@@ -7,8 +7,10 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "app/journal/journal.h"
+#include "app/patch/gather_sounds.h"
 #include "host/patch_files.h"
 
 namespace tq {
@@ -31,6 +33,11 @@ class WindowFiles : private PatchFiles {
     void open_another(const std::string& path);
     /// Asks for the file as well; nothing happens to the document before one is chosen.
     void choose_and_open();
+    /// Files that were dropped on a point of the box: sounds become events there, a single document or MIDI
+    /// file is opened.
+    void take_dropped(const std::vector<std::string>& files, Point at);
+    /// Asks for sounds, which become events at the play position.
+    void choose_and_add_sounds();
     /// Goes back to the document as it was saved.
     void revert();
     void export_as(const ExportKind& kind);
@@ -66,12 +73,15 @@ class WindowFiles : private PatchFiles {
     std::optional<std::string> open_dialog() override;
     std::optional<std::string> save_dialog(const std::string& name) override;
     std::optional<size_t> popup(std::span<const PopupItem> items, Point at) override;
+    bool write(const std::string& path, std::string_view bytes, std::string& fault) override;
     void keep_copy(const Object& object, const std::string& text) override;
     template <typename Question>
     auto while_time_goes_on(Question question);
     template <typename Dialog>
     std::optional<std::string> ask(Dialog dialog);
     void show_all();
+    void add(const std::vector<std::string>& sounds, std::optional<Point> at);
+    void gather_sounds();
     bool is_blank() const;
     MainWindow& make_another(std::unique_ptr<Session> session) const;
     void open_copy(const std::string& path);
@@ -81,6 +91,9 @@ class WindowFiles : private PatchFiles {
     Session& session_;
     SessionTimer& timer_;
     bool asks_ = false;
+    bool saved_ = false;      ///< by hand, and nobody has looked after its sounds so far
+    SoundGatherer gatherer_;  ///< of these
+    bool gathered_ = true;    ///< the document that was saved last finds all of its sounds
     bool opened_ = false;     ///< the last file that was to be opened
     bool kept_ = true;        ///< the last document that was not saved has a copy
     std::string remembered_;  ///< the document that was last put among the recent files

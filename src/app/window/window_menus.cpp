@@ -46,6 +46,7 @@ const std::vector<MenuRow>& menus() {
           WindowAction::ExportMidi,
           WindowAction::ExportPicture,
           Separator,
+          WindowAction::AddSound,
           WindowAction::RunScript,
           WindowAction::StopScript,
           Separator,

@@ -5,9 +5,7 @@
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QProgressDialog>
-#include <QPushButton>
 
 #include <filesystem>
 
@@ -20,15 +18,6 @@
 
 namespace tq::test {
 namespace {
-
-/// Presses a button of the next question.
-void answer_question(QMessageBox::StandardButton button) {
-    QTimer::singleShot(30, [button] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box) return answer_question(button);
-        box->button(button)->click();
-    });
-}
 
 struct WindowFiles : WindowTest {
     WindowFiles() { window.files().ask_before_losing(); }

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -24,6 +26,15 @@ inline void answer_file_dialog(const QString& file) {
         if (file.isEmpty()) return dialog->reject();
         dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
         QMetaObject::invokeMethod(dialog, "accept");
+    });
+}
+
+/// Presses a button of the next question.
+inline void answer_question(QMessageBox::StandardButton button) {
+    QTimer::singleShot(30, [button] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) return answer_question(button);
+        box->button(button)->click();
     });
 }
 
