@@ -352,6 +352,8 @@ constexpr CommandRow rows[] = {
     {Command::ZoomOut, "zoom_out", "Zoom Out", always, never, prseq_zoom_out},
     {Command::ZoomToSelection, "zoom_to_selection", "Zoom To Selected Event(s)", has_selection, never,
      prseq_zoom_to_selection},
+    {Command::ZoomNearSelection, "zoom_near_selection", "Zoom To What Is Selected", has_selection, never,
+     zoom_near_selection},
     {Command::ZoomOutAll, "zoom_out_all", "Zoom Out All The Way", is_zoomed_in, never, prseq_zoom_out_all},
     {Command::ZoomToSong, "zoom_to_song", "Zoom To the Song", always, never, zoom_to_song},
     {Command::PlayOrStop, "play_or_stop", "Play", always, is_playing, play_or_stop},

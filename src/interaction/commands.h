@@ -57,6 +57,7 @@ enum class Command {
     ZoomIn,
     ZoomOut,
     ZoomToSelection,
+    ZoomNearSelection,
     ZoomOutAll,
     ZoomToSong,
     PlayOrStop,

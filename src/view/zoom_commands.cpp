@@ -127,8 +127,33 @@ void prseq_zoom_out_all(Prseq& object) {
     zoom_to(object, {0, Prseq::maximumpitch, object.timelinelength, pitch_rows});
 }
 
+namespace {
+
+/// Some rows around what is between two pitches, and not fewer of them in all than that.
+Sector sector_around(const TimeSpan& span, double lowest, double highest, double fewest_rows) {
+    constexpr double rows_around = 2;
+    const double more = std::max(fewest_rows - (highest - lowest), 2 * rows_around) / 2;
+    return TQ_Prseq_Zoom_MakeSector(span.start, span.end, std::min(highest + more, Prseq::maximumpitch),
+                                    std::max(lowest - more, 0.));
+}
+
+}  // namespace
+
+void zoom_near_selection(Prseq& object) {
+    constexpr double fewest_rows = 12, fewest_ms = 2000, part_around = 0.05;
+    const std::vector<EventRef> events = all_selected_events(object);
+    if (events.empty()) return;
+    const auto [lowest, highest] = std::ranges::minmax_element(events, {}, &Event::pitch);
+    TimeSpan span = time_span(events);
+    const double length = span.end - span.start,
+                 more = std::max((fewest_ms - length) / 2, length * part_around);
+    span.start = std::max(span.start - more, 0.);
+    span.end = std::min(span.end + more, object.timelinelength);
+    zoom_to(object, sector_around(span, (*lowest)->pitch, (*highest)->pitch, fewest_rows));
+}
+
 void zoom_to_song(Prseq& object) {
-    constexpr double rows_around = 2, fewest_rows = 36;  // what is less would be too high to be read
+    constexpr double fewest_rows = 36;  // what is less would be too high to be read
     double end = 0, lowest = Prseq::maximumpitch, highest = 0;
     for (const TrackRef& track : object.tracks) {
         if (!track->visible || track->events.empty()) continue;
@@ -139,9 +164,7 @@ void zoom_to_song(Prseq& object) {
         });
     }
     if (end <= 0) return prseq_zoom_out_all(object);
-    const double more = std::max(fewest_rows - (highest - lowest), 2 * rows_around) / 2;
-    zoom_to(object, TQ_Prseq_Zoom_MakeSector(0, end, std::min(highest + more, Prseq::maximumpitch),
-                                             std::max(lowest - more, 0.)));
+    zoom_to(object, sector_around({.start = 0, .end = end}, lowest, highest, fewest_rows));
 }
 
 void TQ_Prseq_Zoom_ZoomInCentered(Prseq& object, double pagex, double localy) {

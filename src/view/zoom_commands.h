@@ -15,6 +15,8 @@ void prseq_zoom_to_selection(Prseq& object);
 void prseq_zoom_out_all(Prseq& object);
 /// All events of visible tracks, as large as they can be; without any, all of the timeline.
 void zoom_to_song(Prseq& object);
+/// Shows the selected events of all visible tracks with room around them: at least 2 s, and an octave.
+void zoom_near_selection(Prseq& object);
 
 /// To a sector of the document; the view is reported as it was before.
 void zoom_to(Prseq& object, const Sector& target);

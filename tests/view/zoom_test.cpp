@@ -138,6 +138,17 @@ TEST_F(ZoomTest, ZoomingAtAPointEndsAnAnimatedZoomAndWaitsForAnswers) {
     EXPECT_EQ(sector(), reached);
 }
 
+TEST_F(ZoomTest, ZoomNearSelectionLeavesRoomAroundIt) {
+    send("event start 4000 duration 100 <note> 60 90 </note>");
+    session.host().scheduler.run_until(session.host().scheduler.now() + 100);
+    see("zoom_animation 0", "zoom_out_all");
+    session.call(CommandCall{"select_all_events"});
+    session.call(CommandCall{"zoom_near_selection"});
+    EXPECT_NEAR(sector().start, 3050, 1);
+    EXPECT_NEAR(sector().duration, 2000, 1);
+    EXPECT_NEAR(sector().span, 13, 0.5) << "an octave, and the note's own row";
+}
+
 TEST_F(ZoomTest, ZoomToSelectionFitsTheSelectedEvents) {
     send("zoom_to_selection");
     EXPECT_TRUE(said.empty()) << "nothing is selected";

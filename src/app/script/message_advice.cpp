@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "host/host.h"
 #include "instance/prseq.h"
 #include "model/tracks.h"
 #include "shell/event_keywords.h"
@@ -13,8 +14,22 @@ namespace {
 
 using Advice = std::vector<std::string>;
 
-void on_event(const Prseq&, AtomSpan atoms, Advice& advice) {
+/// Who looks for sounds is asked, as the message itself would.
+void on_link(const Prseq& box, AtomSpan link, Advice& advice) {
+    if (link.empty() || !link[0].is_symbol()) return;
+    const Symbol name = link[0].as_symbol();
+    const Host& host = box.host();
+    if (name.empty() || host.things.contains(name)) return;
+    host.patch.want_buffer(name);
+    if (!host.things.contains(name))
+        advice.push_back(
+            fmt::format("there is no sound \"{0}\", and the event has none: \".buffer {0} FILE\" makes one",
+                        name.text()));
+}
+
+void on_event(const Prseq& box, AtomSpan atoms, Advice& advice) {
     const EventKeywords keywords = parse_event_keywords(atoms);
+    on_link(box, keywords.buffer.atoms, advice);
     if (const std::string& tag = keywords.unclosed.text(); !tag.empty())
         advice.push_back(fmt::format("\"{}\" has no \"</{}\": all that follows was taken for its own", tag,
                                      tag.substr(1)));

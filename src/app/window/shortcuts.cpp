@@ -92,7 +92,7 @@ constexpr struct {
     {Qt::CTRL | Qt::Key_Equal, Command::ZoomIn, Canvas, repeats},
     {Qt::CTRL | Qt::Key_Minus, Command::ZoomOut, Canvas, repeats},
     {Qt::CTRL | Qt::Key_0, Command::ZoomOutAll, Canvas},
-    {Qt::CTRL | Qt::Key_E, Command::ZoomToSelection, Canvas},
+    {Qt::CTRL | Qt::Key_E, Command::ZoomNearSelection, Canvas},
     {Qt::Key_F, Command::ZoomToSong, Canvas},
     {Qt::CTRL | Qt::Key_L, Command::LoopSelection, Canvas},
     {Qt::CTRL | Qt::ALT | Qt::Key_L, Command::SelectLoop, Canvas},

@@ -27,9 +27,7 @@ struct LevelRow {
 };
 constexpr LevelRow levels[] = {{Volume, "How loud the track is: 100 is usual"},
                                {Pan, "0 is left, 64 the middle, 127 right"},
-                               {Expression, "How loud it is of its volume: 127 is all"},
-                               {Reverb, "How much of it sounds from the room"},
-                               {Chorus, "How much of it is doubled"}};
+                               {Expression, "How loud it is of its volume: 127 is all"}};
 
 /// In the controller's steps, of whatever range the curves are.
 int level_of(const Track& track, const std::string& name, int initial) {

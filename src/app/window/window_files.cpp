@@ -28,9 +28,9 @@ namespace tq {
 
 namespace {
 
-const char *const document_files = "Documents (*.json *.sorvo);;All files (*)",
+const char *const document_files = "Documents (*.sorvo *.json);;All files (*)",
                   *const openable_files =
-                      "Documents and MIDI files (*.json *.sorvo *.mid *.midi);;All files (*)",
+                      "Documents and MIDI files (*.sorvo *.json *.mid *.midi);;All files (*)",
                   *const sound_files =
                       "Sounds (*.wav *.flac *.aif *.aiff *.ogg *.WAV *.FLAC *.AIF *.AIFF "
                       "*.OGG);;All files (*)";
@@ -67,9 +67,10 @@ std::optional<std::string> WindowFiles::open_dialog() {
 std::optional<std::string> WindowFiles::save_dialog(const std::string& name) {
     return ask([this, &name] {
         const DocumentInfo& info = session_.box().info;
-        const bool titled = info.filename.empty() && info.title != DocumentInfo().title;
-        return choose_file_to_write(window_, {"Save", document_files, "json"},
-                                    titled ? info.title + ".json" : name);
+        const bool is_new = info.filename.empty(), titled = info.title != DocumentInfo().title;
+        const std::string plain = titled ? info.title : std::filesystem::path(name).stem().string();
+        return choose_file_to_write(window_, {"Save", document_files, "sorvo"},
+                                    is_new ? plain + ".sorvo" : name);
     });
 }
 

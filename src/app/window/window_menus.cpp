@@ -132,7 +132,7 @@ const std::vector<MenuRow>& menus() {
           Separator,
           Command::ZoomIn,
           Command::ZoomOut,
-          Command::ZoomToSelection,
+          Command::ZoomNearSelection,
           Command::ZoomToSong,
           Command::ZoomOutAll,
           Separator,

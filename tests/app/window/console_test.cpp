@@ -167,6 +167,8 @@ TEST_F(ConsoleTest, SaysWhatWasMeantAndWhatDidNothing) {
     EXPECT_EQ(answer("track_mute 1"), "there is no track yet: \"track_add\" makes one");
     EXPECT_EQ(answer("event start 0 <note> 60 90 </note>"), "");
     EXPECT_EQ(answer("event strat 5 <note> 60 90 </note>"), "passed over: strat 5");
+    EXPECT_EQ(answer("event <buffer> tone </buffer>"),
+              "there is no sound \"tone\", and the event has none: \".buffer tone FILE\" makes one");
     EXPECT_NE(answer("event <note> 60 90 start 100").find("\"<note>\" has no \"</note>\""),
               std::string::npos);
     EXPECT_EQ(answer("track_active 3"), "there is no track 3: the last one is 0");

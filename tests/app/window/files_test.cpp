@@ -99,7 +99,7 @@ TEST_F(WindowFiles, NamesGetTheirSuffixAndRevertGoesBack) {
     session.send("track_add mine");
     answer_file_dialog(QString::fromStdString(file("song")));
     choose({"File", "Save As..."});
-    EXPECT_TRUE(exists(file("song.json")));
+    EXPECT_TRUE(exists(file("song.sorvo")));
     session.send("track_add more");
     answer_question(QMessageBox::No);
     choose({"File", "Revert to Saved"});
@@ -185,7 +185,7 @@ TEST_F(WindowFiles, AMidiFileKeepsItsNameAndIsRemembered) {
     QTimer::singleShot(50, [this] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
-        EXPECT_EQ(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), "a song.json");
+        EXPECT_EQ(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), "a song.sorvo");
         dialog->reject();
     });
     choose({"File", "Save As..."});
