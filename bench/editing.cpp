@@ -138,6 +138,8 @@ const Operation operations[] = {
      [](Editing& e) { e.undo(), e.forget(); }},
     {"humanise all", true, [](Editing& e) { e.select_all(); }, [](Editing& e) { e.say("humanise 30 10 1"); },
      [](Editing& e) { e.undo(), e.forget(); }},
+    {"fade all", true, [](Editing& e) { e.select_all(); },
+     [](Editing& e) { e.say("curve_fade Expression 1 0"); }, [](Editing& e) { e.undo(), e.forget(); }},
     {"scale all velocities", true, [](Editing& e) { e.select_all(); },
      [](Editing& e) { e.say("velocity_scale 0.9"); }, [](Editing& e) { e.undo(), e.forget(); }},
     {"join all that touch", true, [](Editing& e) { e.select_all(), e.say("quantise 480 both"); },

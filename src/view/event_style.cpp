@@ -7,7 +7,7 @@ namespace tq {
 
 EventStyle event_style(const Track& track, bool active, bool selected, double rowheight) {
     constexpr double bottom_shade = 0.8, dark_shade = 0.3, light_luminosity = 0.8;
-    const Rgba base = !active ? track.inactivecolor : selected ? track.selectedcolor : track.color;
+    const Rgba base = selected ? track.selectedcolor : active ? track.color : track.inactivecolor;
     return {.active = active,
             .curve = base,
             .fill = vertical_gradient(rowheight, opaque(base), opaque(shade(base, bottom_shade))),

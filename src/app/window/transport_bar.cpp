@@ -44,6 +44,7 @@ TransportBar::TransportBar(const Meter& meter) : position_(new PositionField(met
         text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         row->addWidget(text, 1);
     }
+    pointer_->hide();
     make_open();
     console_ = add_switch("Console", "console", "Messages to and from the box (Ctrl+K)");
     connect(console_, &QToolButton::clicked, this, [this](bool on) { console(on); });
@@ -239,7 +240,10 @@ void TransportBar::show_status(const QString& text) {
     status_->setToolTip(text);  // where it is cut
 }
 
-void TransportBar::show_pointer(const QString& text) { pointer_->setText(text); }
+void TransportBar::show_pointer(const QString& text) {
+    pointer_->setText(text);
+    pointer_->setVisible(!text.isEmpty());  // its room is the status's
+}
 
 void TransportBar::show_console_open(bool open) { console_->setChecked(open); }
 

@@ -265,6 +265,7 @@ void WindowFiles::begin_by_hand() {
     std::string fault;
     for (const MessageCall& message : first_messages(fault)) session_.call(message);
     if (!fault.empty()) object_error(session_.box(), "the settings were not read: " + fault);
+    if (is_blank()) session_.call(CommandCall{command_row(Command::New).name});  // by these settings
 }
 
 void WindowFiles::begin_journal() {

@@ -47,6 +47,14 @@ struct WindowFiles : WindowTest {
     TemporaryFolder folder;
 };
 
+TEST_F(WindowFiles, AWindowBeginsWithALoopOfFourBars) {
+    window.files().begin_journal();
+    window.files().begin_by_hand();
+    EXPECT_EQ(box.cycle.end, 8000) << "at 120 beats a minute";
+    EXPECT_FALSE(prseq_getdirtyflag(box));
+    EXPECT_FALSE(window.files().has_previous());
+}
+
 TEST_F(WindowFiles, MenusShowAndDoWhatCommandsDo) {
     EXPECT_FALSE(item({"File", "Export MIDI File..."})->isEnabled()) << "there is nothing to write";
     choose({"Track", "New Track"});
