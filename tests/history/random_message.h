@@ -38,14 +38,16 @@ inline std::string random_message(std::mt19937& random, bool undoable_only) {
         "reverse", "humanise #90 #40", "humanise #40 #9 #9", "split #5000", "split #1000", "join",
         "velocity_scale #2.#9 -#40", "velocity_ramp #127 #127", "event_delete #40 #40",
         "stretch_to_tempo 9#9", "stretch_to_tempo 1#30", "track_level Volume #90", "track_level Volume 1#27",
+        "curve_fade Volume 0.#9 0.#9", "curve_fade b#3 1 0 #90", "transpose #20", "transpose -#9",
         "track_name n#9", "loop_repeat", "loop_swap", "loop_insert", "loop_delete",
         "select_where pitch #99 131", "select_where time #3000 5000 add", "select_where velocity 0 #127 remove",
         "select_where time 0 #5000 within", "select_where label l#9 add", "select_invert", "select_invert",
         "undo", "redo", "undoredo -#3", "undoredo #38", "track_bpf_add b#3 0 1 #2", "track_mute #3 1",
         "track_color 0.3", "int #2", "int #2", "undoredo_clear", "cyclerange #2000 #3000", "bars_follow_tempo #2",
-        "events_follow_tempo #2", "event_select #40 #40 add", "event_show #40"};
+        "events_follow_tempo #2", "event_select #40 #40 add", "event_show #40",
+        "event_select #40 #40 #40 add", "time_signature #4 1#9 8", "lane_by_time #2"};
     // clang-format on
-    return random_text(random, std::span(messages).first(undoable_only ? 47 : std::size(messages)));
+    return random_text(random, std::span(messages).first(undoable_only ? 51 : std::size(messages)));
 }
 
 }  // namespace tq::test

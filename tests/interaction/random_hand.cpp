@@ -99,6 +99,7 @@ void RandomHand::gesture_in_a_mode() {
 
 void RandomHand::gesture_in_the_lane() {
     session_.send("parameterdisplay 1");
+    session_.send(chance(2) ? "lane_by_time 1" : "lane_by_time 0");
     const Rect lane = session_.box().layout[Part::ParameterDisplay];
     const Event* event = any_event();
     const double x = event ? TQ_Prseq_Events_Rect(session_.box(), *event).x + 1 : number(300);
@@ -129,12 +130,48 @@ void RandomHand::press_a_key() {
 
 void RandomHand::edit_by_command() {
     using enum Command;
-    static constexpr Command some[] = {
-        Cut,       Copy,          Copy,        Paste,          Paste,     Delete,      DeleteEvents,
-        SelectAll, SelectAll,     SelectNext,  SelectPrevious, Duplicate, MoveEarlier, MoveLater,
-        Shorten,   Lengthen,      TransposeUp, TransposeDown,  OctaveUp,  OctaveDown,  InsertEvent,
-        NextTrack, PreviousTrack, NewTrack,    SelectNothing,  Quantise,  Legato,      HalfAsLong,
-        Reverse,   Humanise,      Split,       Join,           Louder,    Softer,      InvertSelection};
+    static constexpr Command some[] = {Cut,
+                                       Copy,
+                                       Copy,
+                                       Paste,
+                                       Paste,
+                                       Delete,
+                                       DeleteEvents,
+                                       SelectAll,
+                                       SelectAll,
+                                       SelectNext,
+                                       SelectPrevious,
+                                       Duplicate,
+                                       MoveEarlier,
+                                       MoveLater,
+                                       Shorten,
+                                       Lengthen,
+                                       TransposeUp,
+                                       TransposeDown,
+                                       OctaveUp,
+                                       OctaveDown,
+                                       InsertEvent,
+                                       NextTrack,
+                                       PreviousTrack,
+                                       NewTrack,
+                                       SelectNothing,
+                                       Quantise,
+                                       Legato,
+                                       HalfAsLong,
+                                       Reverse,
+                                       Humanise,
+                                       Split,
+                                       Join,
+                                       Louder,
+                                       Softer,
+                                       InvertSelection,
+                                       FadeOut,
+                                       FadeIn,
+                                       PasteAtPosition,
+                                       SelectAllTracks,
+                                       SelectAllTracks,
+                                       SelectAllTracks,
+                                       SelectLoop};
     command(command_row(some[below(std::size(some))]).name);
 }
 
