@@ -124,7 +124,12 @@ void change_curve_level(Prseq& object, const TrackRef& track, Symbol name, doubl
 
 void change_time_signature(Prseq& object, long bar, long beats, long notevalue) {
     Edit edit(object, Edit::Unrecorded{Change::Meter});
+    const auto same = [](const BarRegion& a, const BarRegion& b) {
+        return a.measure == b.measure && a.beats == b.beats && a.notevalue == b.notevalue;
+    };
+    const std::vector<BarRegion> before = object.meter.barregions;
     prseq_bar(object, bar, beats, notevalue);
+    if (std::ranges::equal(before, object.meter.barregions, same)) edit.nothing();
 }
 
 void change_document_text(Prseq& object, std::string DocumentInfo::*text, std::string changed) {

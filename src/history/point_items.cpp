@@ -39,7 +39,8 @@ void TQ_Prseq_Undoredo_AddUndoRedoItem_DeleteBpfPoints(Edit& edit, CurveOf curve
     record<PointsItem>(edit, std::move(text), std::move(curve), std::move(before));
 }
 
-void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before, size_t count) {
+void TQ_Prseq_Undoredo_AddUndoRedoItem_MoveBpfPoints(Edit& edit, CurveOf curve, BpfPoints before,
+                                                     size_t count) {
     record<PointsItem>(edit, moved.of(count), std::move(curve), std::move(before));
 }
 

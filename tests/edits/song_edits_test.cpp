@@ -1,6 +1,7 @@
 // What changes a whole song, or a whole track, at once.
 #include "app/patch/export.h"
 #include "interaction/hand.h"
+#include "model/bars.h"
 #include "model/holds_together.h"
 
 namespace tq::test {
@@ -176,6 +177,17 @@ TEST_F(ExactSong, IsOneWhoseBarsFollowTheTempo) {
     say(".command select_all\nstretch 0.333");
     const Event& event = *box().tracks.front()->events.at(0);
     EXPECT_EQ(fmt::format("{}+{}", event.start, event.duration), "250+83");
+}
+
+TEST_F(Song, ATimeSignatureIsAChangeOfTheDocument) {
+    say("write " + folder.file("a.json") +
+        "\ntime_signature 1 4 4\ntime_signature 2 0 4\ntime_signature 2 3 5");
+    EXPECT_FALSE(prseq_getdirtyflag(box())) << "as it was, or none";
+    say("time_signature 3 6 8");
+    EXPECT_TRUE(prseq_getdirtyflag(box()));
+    const Measure third = measure_at(box().meter, 2);
+    EXPECT_EQ(third.beats, 6);
+    EXPECT_EQ(third.notevalue, 8);
 }
 
 TEST_F(Song, TitleAndAuthorAreTold) {

@@ -21,7 +21,7 @@ namespace tq {
 
 namespace {
 
-constexpr double as_recorded = 127;  // the velocity at which a sound is as loud as it is
+constexpr double full_level = 127;  // the velocity at which no sound is softer than it is
 
 double position_to_insert(const Prseq& box) {
     return box.meter.followstempo ? edited_position(box) : std::trunc(box.linecursor.position);
@@ -43,10 +43,10 @@ void end_burst(Session& session) {
 }
 
 void add_event(Session& session, const NamedSound& sound, SoundPlace place, double duration) {
-    const Atoms atoms{
-        tq_sym_start,           exact_atom(place.start), tq_sym_duration,         exact_atom(duration),
-        tq_sym_tag_note_open,   exact_atom(place.pitch), exact_atom(as_recorded), tq_sym_tag_note_close,
-        tq_sym_tag_buffer_open, gensym(sound.name),      tq_sym_tag_buffer_close};
+    const Atoms atoms{tq_sym_start,           exact_atom(place.start), tq_sym_duration,
+                      exact_atom(duration),   tq_sym_tag_note_open,    exact_atom(place.pitch),
+                      exact_atom(full_level), tq_sym_tag_note_close,   tq_sym_tag_buffer_open,
+                      gensym(sound.name),     tq_sym_tag_buffer_close};
     end_burst(session);
     session.call(MessageCall{gensym("event"), atoms, {}});
     end_burst(session);
