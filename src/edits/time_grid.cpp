@@ -73,4 +73,8 @@ double edited_position(const Prseq& object) {
     return kept_time(object, std::abs(line - position) < meant ? line : position);
 }
 
+double position_to_insert(const Prseq& object) {
+    return object.meter.followstempo ? edited_position(object) : std::trunc(object.linecursor.position);
+}
+
 }  // namespace tq

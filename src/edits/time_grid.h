@@ -52,5 +52,7 @@ class TimeGrid {
 /// a position that came as a message only has in single precision. Rounded to whole ms where bars do not
 /// follow the tempo.
 double edited_position(const Prseq& object);
+/// The same, where what is new there begins: whole ms are those before it.
+double position_to_insert(const Prseq& object);
 
 }  // namespace tq

@@ -1,7 +1,6 @@
 #include "interaction/commands.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "edits/arrangement.h"
 #include "edits/clipboard.h"
@@ -137,9 +136,7 @@ void lengthen(Prseq& object) {
 void insert_at_position(Prseq& object) {
     constexpr double middle_c = 60;
     const double pitch = list_selected_events(object) ? object.selection.front()->pitch : middle_c;
-    const double at = object.linecursor.position;
-    const double start = object.meter.followstempo ? edited_position(object) : std::trunc(at);
-    select_only(object, insert_event(object, start, pitch).get());
+    select_only(object, insert_event(object, position_to_insert(object), pitch).get());
 }
 bool can_insert(const Prseq& object) {
     const Track* track = TQ_Prseq_Tracks_GetActiveTrack(object);

@@ -86,8 +86,7 @@ class ParameterGesture final : public Gesture {
     void press_by_time(Prseq& object, const Pointer& at) {
         const Point point = in_lane(object, at);
         if (point.y < 0) return;
-        const std::vector<Event*> bar = events_of_bar(object, *track_, point.x);
-        bar_.assign(bar.begin(), bar.end());
+        take_bar(object, point);
         drawn_ = Drawn{at.ms, unity_at(object, point)};
         Edit edit(object, Edit::Step{Change::ParameterDisplay});
         for (const EventRef& event : bar_) set(object, event, at);
@@ -102,11 +101,15 @@ class ParameterGesture final : public Gesture {
             const Drawn now{to.ms, unity_at(object, point)};
             if (track_->visible && drawn_) draw_between(*drawn_, now);
             drawn_ = now;
-            const std::vector<Event*> bar = events_of_bar(object, *track_, point.x);
-            bar_.assign(bar.begin(), bar.end());
+            take_bar(object, point);
         }
         for (const EventRef& event : bar_)
             if (event->track == track_.get()) set(object, event, to);
+    }
+
+    void take_bar(const Prseq& object, Point point) {
+        const std::vector<Event*> bar = events_of_bar(object, *track_, point.x);
+        bar_.assign(bar.begin(), bar.end());
     }
 
     void draw_between(const Drawn& from, const Drawn& to) {

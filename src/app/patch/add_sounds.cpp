@@ -23,10 +23,6 @@ namespace {
 
 constexpr double full_level = 127;  // the velocity at which no sound is softer than it is
 
-double position_to_insert(const Prseq& box) {
-    return box.meter.followstempo ? edited_position(box) : std::trunc(box.linecursor.position);
-}
-
 /// In whole ms nothing of the sound is cut off.
 double duration_of(const Prseq& box, const Sound& sound) {
     constexpr double shortest = 1, rounding = 1e-6;  // ms

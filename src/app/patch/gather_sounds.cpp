@@ -1,6 +1,5 @@
 #include "app/patch/gather_sounds.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
 
 #include <algorithm>
